@@ -1,0 +1,71 @@
+// Text as the component means it: UTF-8 inside, counted in code points, compared on Unicode simple
+// case mapping. Invalid UTF-8 never fails: a byte that starts no valid sequence is one character.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace zr::text {
+
+inline constexpr std::string_view kCrLf = "\r\n";
+
+/// Number of code points.
+std::size_t length(std::string_view value);
+
+/// The first `count` code points of `value`, as they stand.
+std::string_view first(std::string_view value, std::size_t count);
+
+/// The first `count` code points with trailing blanks then removed: a value cut to a field's width.
+std::string_view cut(std::string_view value, std::size_t count);
+
+/// Blanks (U+0020 only) removed from both ends, or from the right end.
+std::string_view trim(std::string_view value);
+std::string_view trim_right(std::string_view value);
+
+/// Unicode simple case mapping, code point by code point.
+std::string upper(std::string_view value);
+std::string lower(std::string_view value);
+
+/// True when both are equal after upper-casing. Allocates nothing.
+bool equal_ignoring_case(std::string_view left, std::string_view right);
+
+/// A hash that agrees with equal_ignoring_case.
+std::size_t hash_ignoring_case(std::string_view value);
+
+/// Every `from` replaced by `to`.
+std::string replace_all(std::string_view value, std::string_view from, std::string_view to);
+
+/// True when the bytes are valid UTF-8.
+bool is_valid_utf8(std::string_view value);
+
+/// The bytes with every invalid sequence replaced by U+FFFD.
+std::string to_valid_utf8(std::string_view value);
+
+/// The code of a code point in the system's ANSI code page (Windows-1252); "?" (63) for one that
+/// the page lacks.
+unsigned char to_windows_1252(char32_t code_point);
+
+/// Decodes the code point at `position` and moves past it.
+char32_t next_code_point(std::string_view value, std::size_t& position);
+
+/// Appends a code point as UTF-8.
+void append_code_point(std::string& target, char32_t code_point);
+
+/// Bytes of the named charset as UTF-8, characters that are invalid in it as U+FFFD. Empty optional
+/// semantics are avoided: an unknown charset throws PlatformError(kInvalidReply).
+std::string decode(std::string_view bytes, const std::string& charset);
+
+/// Orders keys without regard to letter case, for maps keyed by name.
+struct HashIgnoringCase {
+    using is_transparent = void;
+    std::size_t operator()(std::string_view value) const { return hash_ignoring_case(value); }
+};
+struct EqualIgnoringCase {
+    using is_transparent = void;
+    bool operator()(std::string_view left, std::string_view right) const {
+        return equal_ignoring_case(left, right);
+    }
+};
+
+}  // namespace zr::text

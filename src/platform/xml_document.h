@@ -1,0 +1,154 @@
+// Reply documents: a compact, read-only tree and the paths that read it.
+//
+// The paths that a service reads are compiled once, at start-up, against that service's table of
+// names. A document is parsed against the same table, so a step of a path compares small integers,
+// and a name that no path mentions costs nothing.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+namespace zr {
+
+/// A name as a small integer; 0 is any name that no path mentions.
+using XmlNameId = std::uint16_t;
+
+/// The names that a family of paths mentions. Filled while paths are compiled, constant afterwards.
+class XmlNames {
+  public:
+    XmlNames();
+    ~XmlNames();
+    XmlNames(XmlNames&&) noexcept;
+    XmlNames& operator=(XmlNames&&) noexcept;
+
+    /// The id of `name`, which is added when it is new.
+    XmlNameId add(std::string_view name);
+
+    /// The id of `name`, 0 when no path mentions it.
+    XmlNameId find(std::string_view name) const;
+
+    /// One more than the highest id given out.
+    std::size_t size() const;
+
+  private:
+    struct Table;
+    std::unique_ptr<Table> table_;
+};
+
+class XmlDocument;
+class XmlNode;
+
+/// A compiled path: child steps (a/b), a leading / or //, an attribute (@a or a/@b), attributes
+/// compared ([@type='x']), a 1-based position ([2]), a union (a/b | c/d) also at the front of a
+/// step in brackets ((a | b)/c), and "." for the context itself. Results come in document order,
+/// each once.
+class XmlPath {
+  public:
+    /// Compiles `expression`; throws std::invalid_argument naming it when it is no such path.
+    XmlPath(std::string_view expression, XmlNames& names);
+
+    /// A path that matches nothing.
+    XmlPath() = default;
+
+  private:
+    friend class XmlNode;
+    struct Step {
+        enum class Axis : std::uint8_t { kChild, kDescendant, kAttribute };
+        Axis axis = Axis::kChild;
+        std::vector<XmlNameId> names;  ///< any of these
+        XmlNameId predicate_name = 0;  ///< attribute that must equal predicate_value, 0 for none
+        std::string predicate_value;
+        std::uint32_t position = 0;  ///< 1-based among the step's matches, 0 for all
+    };
+    struct Alternative {
+        bool absolute = false;
+        std::vector<Step> steps;  ///< none: the context itself
+    };
+    std::vector<Alternative> alternatives_;
+};
+
+/// An element of a document, or none. A handle: cheap to copy, valid while its document lives.
+class XmlNode {
+  public:
+    XmlNode() = default;
+
+    /// True when there is an element.
+    explicit operator bool() const { return document_ != nullptr; }
+
+    bool operator==(const XmlNode&) const = default;
+
+    /// The text of the element and its descendants, white space trimmed at both ends; line breaks
+    /// are line feeds. "" when there is no element. A view into the document.
+    std::string_view text() const;
+
+    /// The value of the attribute with this id; none when there is no such attribute or element.
+    std::optional<std::string_view> attribute(XmlNameId name) const;
+
+    /// The first element that the path selects, or none.
+    XmlNode first(const XmlPath& path) const;
+
+    /// The text of the first element, or the value of the first attribute, that the path selects;
+    /// none when it selects nothing. An attribute precedes the children of its element.
+    std::optional<std::string_view> value(const XmlPath& path) const;
+
+    /// Every element that the path selects, in document order.
+    std::vector<XmlNode> select(const XmlPath& path) const;
+
+    /// As select, into a vector that is reused.
+    void select(const XmlPath& path, std::vector<XmlNode>& into) const;
+
+  private:
+    friend class XmlDocument;
+    XmlNode(const XmlDocument* document, std::uint32_t index)
+        : document_(document), index_(index) {}
+
+    const XmlDocument* document_ = nullptr;
+    std::uint32_t index_ = 0;
+};
+
+/// Why a text is not a document that the component reads.
+struct XmlParseError {
+    int code = 0;             ///< the parser's own code, never 0
+    std::string reason;       ///< ends with CR LF
+    std::string source_text;  ///< the line of the text that the error is in; may be empty
+    int line_position = 0;    ///< 1-based character position in that line; 0 when unknown
+};
+
+/// Bounds on a document, each with its own reason when it is passed.
+struct XmlLimits {
+    std::size_t bytes = std::size_t{64} << 20;
+    std::uint32_t depth = 256;
+    std::uint32_t attributes = 256;  ///< of one element
+};
+
+/// A parsed document. White-space text between elements does not exist in it. A document type
+/// declaration is tolerated and nothing it names is read; one that declares entities is refused.
+class XmlDocument {
+  public:
+    /// Parses UTF-8 text against a table of names; an encoding named in the declaration is ignored.
+    static std::variant<XmlDocument, XmlParseError> parse(std::string_view text,
+                                                          const XmlNames& names,
+                                                          const XmlLimits& limits = {});
+
+    XmlDocument(XmlDocument&&) noexcept;
+    XmlDocument& operator=(XmlDocument&&) noexcept;
+    ~XmlDocument();
+
+    /// The node above the document element, from which absolute paths and relative ones start. Its
+    /// handle is valid while this object stays where it is.
+    XmlNode root() const;
+
+  private:
+    friend class XmlNode;
+    struct Tree;
+    explicit XmlDocument(std::unique_ptr<Tree> tree);
+    std::unique_ptr<Tree> tree_;
+};
+
+}  // namespace zr
