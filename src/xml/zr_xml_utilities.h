@@ -1,0 +1,60 @@
+// Reads typed values out of a parsed reply, with a default for anything that is missing.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/convert.h"
+#include "platform/currency.h"
+#include "platform/date_time.h"
+#include "platform/xml_document.h"
+
+namespace zr {
+
+/// A missing node or attribute never raises: it yields the caller's default. A node that is present
+/// with empty text is not missing. Text that does not convert gives 0, or null for a date. A path
+/// may end in an attribute, whose value is then read as a node's text is.
+class ZRXMLUtilities {
+  public:
+    /// The node's text with every line feed as CR LF.
+    static std::string GetNodeString(XmlNode node, std::string_view default_text = {});
+    static std::string GetSubNodeString(XmlNode node, const XmlPath& path,
+                                        std::string_view default_text = {});
+
+    /// The text as a whole number, halves to even; the default outside -32768 to 32767.
+    static std::int16_t GetNodeInteger(XmlNode node, std::int16_t default_value);
+
+    /// The text as a number with four decimals.
+    static double GetNodeDouble(XmlNode node, double default_value);
+    static double GetSubNodeDouble(XmlNode node, const XmlPath& path, double default_value);
+
+    static Currency GetNodeCurrency(XmlNode node, Currency default_value);
+    static Currency GetSubNodeCurrency(XmlNode node, const XmlPath& path, Currency default_value);
+
+    /// The text as a date in the form "yyyy-mm-dd"; the default only when the node is missing.
+    static std::optional<DateTime> GetNodeDate(XmlNode node,
+                                               std::optional<DateTime> default_date = {});
+    static std::optional<DateTime> GetSubNodeDate(XmlNode node, const XmlPath& path,
+                                                  std::optional<DateTime> default_date = {});
+
+    /// The attribute's value as it stands.
+    static std::string GetAttributeString(XmlNode element, XmlNameId name,
+                                          std::string_view default_text = {});
+    static std::string GetSubNodeAttributeString(XmlNode node, const XmlPath& path, XmlNameId name,
+                                                 std::string_view default_text = {});
+
+    /// The attribute as a date; the default also when it is not a date.
+    static std::optional<DateTime> GetAttributeDate(XmlNode element, XmlNameId name,
+                                                    std::optional<DateTime> default_date = {});
+    static std::optional<DateTime> GetSubNodeAttributeDate(
+        XmlNode node, const XmlPath& path, XmlNameId name,
+        std::optional<DateTime> default_date = {});
+};
+
+/// Appends a document's text to `target` in the host's line-break convention: every line feed as
+/// CR LF.
+void append_host_text(std::string& target, std::string_view text);
+
+}  // namespace zr
