@@ -1,0 +1,415 @@
+#include "platform/http.h"
+
+#include <curl/curl.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <new>
+#include <string_view>
+#include <type_traits>
+#include <utility>
+
+#include "platform/error.h"
+#include "platform/http_common.h"
+#include "platform/posix/http_address.h"
+#include "platform/posix/http_errors.h"
+#include "platform/posix/http_phases.h"
+#include "platform/text.h"
+
+namespace zr {
+namespace {
+
+using Clock = HttpPhaseClock::Clock;
+using std::chrono::milliseconds;
+
+// Longest wait before the limits, and addresses that do not answer, are looked at again.
+constexpr milliseconds kLongestWait{200};
+// A connection that was idle for longer is not used again.
+constexpr long kIdleSeconds = 60;
+// Authorities that were read are used for so long before their file is read again.
+constexpr long kAuthoritiesSeconds = 300;
+// Several schemes, so the library waits for a challenge and answers it with the best one offered.
+constexpr long kChallenges = static_cast<long>(CURLAUTH_BASIC | CURLAUTH_DIGEST | CURLAUTH_NTLM);
+
+constexpr std::pair<CURLoption, long> kFixedOptions[] = {
+    {CURLOPT_NOSIGNAL, 1},    // the process's signals are the host's
+    {CURLOPT_QUICK_EXIT, 1},  // a name server that does not answer delays no one's return
+    {CURLOPT_NOPROGRESS, 1},
+    {CURLOPT_HTTP_VERSION, CURL_HTTP_VERSION_1_1},
+    {CURLOPT_HTTP09_ALLOWED, 0},
+    {CURLOPT_FOLLOWLOCATION, 0},
+    {CURLOPT_NETRC, CURL_NETRC_IGNORED},
+    {CURLOPT_DISALLOW_USERNAME_IN_URL, 1},
+    {CURLOPT_SSLVERSION, CURL_SSLVERSION_TLSv1_2},
+    {CURLOPT_SSL_VERIFYPEER, 1},
+    {CURLOPT_SSL_VERIFYHOST, 2},
+    {CURLOPT_PROXY_SSLVERSION, CURL_SSLVERSION_TLSv1_2},
+    {CURLOPT_PROXY_SSL_VERIFYPEER, 1},
+    {CURLOPT_PROXY_SSL_VERIFYHOST, 2},
+    {CURLOPT_HEADEROPT, CURLHEADER_SEPARATE},  // our headers are not for a proxy's CONNECT
+    {CURLOPT_TIMEOUT_MS, 0},                   // the phases have limits, the whole has none
+    {CURLOPT_MAXAGE_CONN, kIdleSeconds},
+    {CURLOPT_CA_CACHE_TIMEOUT, kAuthoritiesSeconds},
+};
+
+void initialise_library() {
+    static const CURLcode result = curl_global_init(CURL_GLOBAL_DEFAULT);
+    if (result != CURLE_OK)
+        throw PlatformError(error_number::kUnexpected, "The HTTP library could not be started");
+}
+
+struct EasyCleanup {
+    void operator()(CURL* handle) const { curl_easy_cleanup(handle); }
+};
+struct MultiCleanup {
+    void operator()(CURLM* handle) const { curl_multi_cleanup(handle); }
+};
+struct HeadersCleanup {
+    void operator()(curl_slist* list) const { curl_slist_free_all(list); }
+};
+using Easy = std::unique_ptr<CURL, EasyCleanup>;
+using Multi = std::unique_ptr<CURLM, MultiCleanup>;
+using Headers = std::unique_ptr<curl_slist, HeadersCleanup>;
+
+template <typename Value>
+void set(CURL* easy, CURLoption option, Value value) {
+    static_assert(std::is_same_v<Value, long> || std::is_same_v<Value, curl_off_t> ||
+                  std::is_pointer_v<Value>);
+    const CURLcode code = curl_easy_setopt(easy, option, value);
+    if (code == CURLE_OUT_OF_MEMORY) throw std::bad_alloc();
+    if (code != CURLE_OK) throw http_error(code, 0, {});
+}
+
+void set(CURL* easy, CURLoption option, const std::string& value) {
+    set(easy, option, value.c_str());
+}
+
+template <typename Value>
+Value info(CURL* easy, CURLINFO what) {
+    Value value{};
+    curl_easy_getinfo(easy, what, &value);
+    return value;
+}
+
+void check(CURLMcode code) {
+    if (code == CURLM_OUT_OF_MEMORY) throw std::bad_alloc();
+    if (code != CURLM_OK)
+        throw PlatformError(error_number::kUnexpected, "The exchange could not be carried out");
+}
+
+/// Null when the variable is unset or empty.
+const char* environment(const char* name) {
+    const char* value = std::getenv(name);
+    return value != nullptr && *value != '\0' ? value : nullptr;
+}
+
+/// One exchange on a handle that others used before and will use again: it sets every option when
+/// it begins and leaves the handle bare when it ends, so nothing of it reaches the next one.
+class Exchange {
+  public:
+    Exchange(CURLM* multi, CURL* easy, const HttpRequest& request)
+        : multi_(multi), easy_(easy), request_(request), clock_(request.timeouts, Clock::now()) {
+        curl_easy_reset(easy_);
+    }
+    ~Exchange() {
+        curl_multi_remove_handle(multi_, easy_);
+        curl_easy_reset(easy_);
+    }
+    Exchange(const Exchange&) = delete;
+    Exchange& operator=(const Exchange&) = delete;
+
+    HttpReply run() {
+        set_up();
+        check(curl_multi_add_handle(multi_, easy_));
+        return finish(perform());
+    }
+
+  private:
+    void set_up();
+    void set_callbacks();
+    void set_request();
+    void set_credentials();
+    void set_proxy();
+    void set_authorities();
+
+    CURLcode perform();
+    const CURLMsg* finished();
+    void note_bytes();
+    HttpReply finish(CURLcode code);
+    [[noreturn]] void fail(CURLcode code);
+    std::string content_type();
+
+    bool would_send_again();
+    void take_header(std::string_view line);
+    bool take_body(std::string_view bytes);
+
+    static std::size_t on_header(char* data, std::size_t size, std::size_t count, void* self);
+    static std::size_t on_body(char* data, std::size_t size, std::size_t count, void* self);
+    static curl_socket_t on_open_socket(void* self, curlsocktype purpose, curl_sockaddr* address);
+    static int on_connected(void* self, char*, char*, int, int);
+
+    CURLM* multi_;
+    CURL* easy_;
+    const HttpRequest& request_;
+    HttpPhaseClock clock_;
+    Headers headers_;
+    std::array<char, CURL_ERROR_SIZE> detail_{};
+
+    std::string status_text_;
+    std::string body_;
+    std::int64_t header_bytes_ = 0;
+    bool status_line_is_next_ = true;
+
+    bool is_sent_ = false;           // the request went out at least once
+    bool is_heard_ = false;          // something came back since it last went out
+    long request_bytes_before_ = 0;  // what had been sent when it last was about to go out
+    bool is_lost_ = false;           // the connection died between request and reply
+    bool is_too_large_ = false;
+    bool is_out_of_memory_ = false;
+};
+
+void Exchange::set_up() {
+    for (const auto& [option, value] : kFixedOptions) set(easy_, option, value);
+    set(easy_, CURLOPT_ERRORBUFFER, detail_.data());
+    set(easy_, CURLOPT_PROTOCOLS_STR, "http,https");
+    // Backstops. An address that does not answer gets half of this when others are left to try.
+    const milliseconds connect = request_.timeouts.connect;
+    const milliseconds longest = std::max(2 * connect, connect + request_.timeouts.resolve);
+    set(easy_, CURLOPT_CONNECTTIMEOUT_MS, static_cast<long>(longest.count()));
+    set_callbacks();
+    set_request();
+    set_credentials();
+    set_proxy();
+    set_authorities();
+}
+
+void Exchange::set_callbacks() {
+    set(easy_, CURLOPT_HEADERFUNCTION, &Exchange::on_header);
+    set(easy_, CURLOPT_HEADERDATA, this);
+    set(easy_, CURLOPT_WRITEFUNCTION, &Exchange::on_body);
+    set(easy_, CURLOPT_WRITEDATA, this);
+    set(easy_, CURLOPT_OPENSOCKETFUNCTION, &Exchange::on_open_socket);
+    set(easy_, CURLOPT_OPENSOCKETDATA, this);
+    set(easy_, CURLOPT_PREREQFUNCTION, &Exchange::on_connected);
+    set(easy_, CURLOPT_PREREQDATA, this);
+}
+
+void Exchange::set_request() {
+    set(easy_, CURLOPT_URL, checked_address(request_.url));
+    // An empty value takes a header away that the library would send of its own accord.
+    for (const std::string& line :
+         {std::string("Expect:"), request_.content_type.empty()
+                                      ? std::string("Content-Type:")
+                                      : "Content-Type: " + request_.content_type}) {
+        curl_slist* longer = curl_slist_append(headers_.get(), line.c_str());
+        if (longer == nullptr) throw std::bad_alloc();
+        static_cast<void>(headers_.release());
+        headers_.reset(longer);
+    }
+    set(easy_, CURLOPT_HTTPHEADER, headers_.get());
+    if (request_.method == "GET") {
+        set(easy_, CURLOPT_HTTPGET, 1L);
+    } else if (request_.method == "POST") {
+        set(easy_, CURLOPT_POST, 1L);
+        set(easy_, CURLOPT_POSTFIELDSIZE_LARGE, static_cast<curl_off_t>(request_.body.size()));
+        set(easy_, CURLOPT_POSTFIELDS, request_.body.data());
+    } else {
+        throw PlatformError(error_number::kUnexpected, "The request is neither POST nor GET");
+    }
+}
+
+void Exchange::set_credentials() {
+    if (request_.user.empty()) return;
+    set(easy_, CURLOPT_HTTPAUTH, kChallenges);
+    set(easy_, CURLOPT_USERNAME, request_.user);
+    set(easy_, CURLOPT_PASSWORD, request_.password);
+}
+
+void Exchange::set_proxy() {
+    const HttpProxy& proxy = request_.proxy;
+    switch (proxy.mode) {
+        case HttpProxy::Mode::kDirect:
+            set(easy_, CURLOPT_PROXY, "");  // takes no notice of the environment
+            return;
+        case HttpProxy::Mode::kPreconfigured:
+            break;
+        case HttpProxy::Mode::kNamed:
+            set(easy_, CURLOPT_PROXY, checked_proxy(proxy.server));
+            set(easy_, CURLOPT_NOPROXY, "");  // nor of its exceptions
+            break;
+    }
+    if (proxy.user.empty()) return;
+    set(easy_, CURLOPT_PROXYAUTH, kChallenges);
+    set(easy_, CURLOPT_PROXYUSERNAME, proxy.user);
+    set(easy_, CURLOPT_PROXYPASSWORD, proxy.password);
+}
+
+void Exchange::set_authorities() {
+    const char* file = environment("SSL_CERT_FILE");
+    const char* folder = environment("SSL_CERT_DIR");
+    if (file == nullptr && folder == nullptr) return;
+    // Both are set even when one is null: those that are named replace the system's.
+    set(easy_, CURLOPT_CAINFO, file);
+    set(easy_, CURLOPT_CAPATH, folder);
+    set(easy_, CURLOPT_PROXY_CAINFO, file);
+    set(easy_, CURLOPT_PROXY_CAPATH, folder);
+}
+
+CURLcode Exchange::perform() {
+    for (;;) {
+        int running = 0;
+        check(curl_multi_perform(multi_, &running));
+        if (const CURLMsg* message = finished()) return message->data.result;
+        note_bytes();
+        const Clock::duration left = clock_.left(Clock::now());
+        if (left <= Clock::duration::zero()) throw http_timeout();
+        const milliseconds wait = std::min(std::chrono::ceil<milliseconds>(left), kLongestWait);
+        check(curl_multi_poll(multi_, nullptr, 0, static_cast<int>(wait.count()), nullptr));
+    }
+}
+
+const CURLMsg* Exchange::finished() {
+    int left = 0;
+    while (const CURLMsg* message = curl_multi_info_read(multi_, &left))
+        if (message->msg == CURLMSG_DONE) return message;
+    return nullptr;
+}
+
+void Exchange::note_bytes() {
+    const auto received = info<curl_off_t>(easy_, CURLINFO_SIZE_DOWNLOAD_T);
+    clock_.note_bytes(info<curl_off_t>(easy_, CURLINFO_SIZE_UPLOAD_T),
+                      static_cast<std::int64_t>(request_.body.size()), received + header_bytes_,
+                      Clock::now());
+    // The body of a challenge is dropped as it comes, and is bounded all the same.
+    if (static_cast<std::uint64_t>(received) > request_.max_reply_bytes) {
+        is_too_large_ = true;
+        fail(CURLE_WRITE_ERROR);
+    }
+}
+
+HttpReply Exchange::finish(CURLcode code) {
+    HttpReply reply;
+    reply.status_text = text::to_valid_utf8(status_text_);
+    if (code == CURLE_OK) {
+        reply.status = static_cast<int>(info<long>(easy_, CURLINFO_RESPONSE_CODE));
+        reply.body = decode_reply(body_, content_type());
+        return reply;
+    }
+    // A proxy that refuses the tunnel has replied, though not with anything of the server's.
+    const long proxy_status = info<long>(easy_, CURLINFO_HTTP_CONNECTCODE);
+    if (code != CURLE_RECV_ERROR || proxy_status < 300) fail(code);
+    reply.status = static_cast<int>(proxy_status);
+    return reply;
+}
+
+void Exchange::fail(CURLcode code) {
+    if (is_out_of_memory_ || code == CURLE_OUT_OF_MEMORY) throw std::bad_alloc();
+    if (is_too_large_)
+        throw PlatformError(
+            error_number::kInvalidReply,
+            "The reply is larger than " + std::to_string(request_.max_reply_bytes) + " bytes");
+    if (is_lost_) throw http_connection_lost();
+    const long server = info<long>(easy_, CURLINFO_SSL_VERIFYRESULT);
+    const long proxy = info<long>(easy_, CURLINFO_PROXY_SSL_VERIFYRESULT);
+    throw http_error(code, server != 0 ? server : proxy, detail_.data());
+}
+
+std::string Exchange::content_type() {
+    curl_header* header = nullptr;
+    const CURLHcode code = curl_easy_header(easy_, "Content-Type", 0, CURLH_HEADER, -1, &header);
+    return code == CURLHE_OK ? header->value : std::string();
+}
+
+/// A connection that was kept alive may die after the request went out and before a reply. The
+/// library would send the request once more; but the server may have acted on it, and an enquiry
+/// made twice is worse than an error.
+bool Exchange::would_send_again() {
+    if (!is_sent_ || is_heard_) return false;
+    is_lost_ = info<long>(easy_, CURLINFO_REQUEST_SIZE) > request_bytes_before_;
+    return is_lost_;
+}
+
+void Exchange::take_header(std::string_view line) {
+    header_bytes_ += static_cast<std::int64_t>(line.size());
+    is_heard_ = true;
+    while (!line.empty() && (line.back() == '\r' || line.back() == '\n' || line.back() == ' '))
+        line.remove_suffix(1);
+    if (std::exchange(status_line_is_next_, line.empty()) && line.starts_with("HTTP/")) {
+        const std::size_t code = line.find(' ');
+        const std::size_t reason = code == std::string_view::npos ? code : line.find(' ', code + 1);
+        status_text_ = reason == std::string_view::npos ? "" : line.substr(reason + 1);
+    }
+}
+
+bool Exchange::take_body(std::string_view bytes) {
+    is_too_large_ = bytes.size() > request_.max_reply_bytes - body_.size();
+    if (!is_too_large_) body_.append(bytes);
+    return !is_too_large_;
+}
+
+std::size_t Exchange::on_header(char* data, std::size_t size, std::size_t count, void* self) {
+    auto& exchange = *static_cast<Exchange*>(self);
+    try {
+        exchange.take_header({data, size * count});
+        return size * count;
+    } catch (const std::bad_alloc&) {
+        exchange.is_out_of_memory_ = true;
+        return 0;
+    }
+}
+
+std::size_t Exchange::on_body(char* data, std::size_t size, std::size_t count, void* self) {
+    auto& exchange = *static_cast<Exchange*>(self);
+    try {
+        return exchange.take_body({data, size * count}) ? size * count : CURL_WRITEFUNC_ERROR;
+    } catch (const std::bad_alloc&) {
+        exchange.is_out_of_memory_ = true;
+        return CURL_WRITEFUNC_ERROR;
+    }
+}
+
+/// The name is resolved; each address that is tried has the whole limit to connect.
+curl_socket_t Exchange::on_open_socket(void* self, curlsocktype /*purpose*/,
+                                       curl_sockaddr* address) {
+    auto& exchange = *static_cast<Exchange*>(self);
+    if (exchange.would_send_again()) return CURL_SOCKET_BAD;
+    exchange.clock_.enter(HttpPhase::kConnect, Clock::now());
+    return ::socket(address->family, address->socktype | SOCK_CLOEXEC, address->protocol);
+}
+
+/// Connected, tunnel and TLS included; the request goes out next.
+int Exchange::on_connected(void* self, char*, char*, int, int) {
+    auto& exchange = *static_cast<Exchange*>(self);
+    if (exchange.would_send_again()) return CURL_PREREQFUNC_ABORT;
+    exchange.is_sent_ = true;
+    exchange.is_heard_ = false;
+    exchange.request_bytes_before_ = info<long>(exchange.easy_, CURLINFO_REQUEST_SIZE);
+    exchange.clock_.enter(HttpPhase::kSend, Clock::now());
+    return CURL_PREREQFUNC_OK;
+}
+
+class CurlTransport : public HttpTransport {
+  public:
+    CurlTransport() {
+        initialise_library();
+        multi_.reset(curl_multi_init());
+        easy_.reset(curl_easy_init());
+        if (!multi_ || !easy_) throw std::bad_alloc();
+    }
+
+    HttpReply exchange(const HttpRequest& request) override {
+        check_no_control_characters(request);
+        return Exchange(multi_.get(), easy_.get(), request).run();
+    }
+
+  private:
+    Multi multi_;  // keeps the connections
+    Easy easy_;    // keeps the TLS sessions
+};
+
+}  // namespace
+
+std::unique_ptr<HttpTransport> make_http_transport() { return std::make_unique<CurlTransport>(); }
+
+}  // namespace zr

@@ -1,0 +1,18 @@
+// The transport library's failures as the platform's errors.
+#pragma once
+
+#include <string_view>
+
+#include "platform/error.h"
+
+namespace zr {
+
+/// The error of a failed exchange: `code` is the library's result, `verify_result` what the check
+/// of the certificate gave, `detail` the library's own remark, which only helps to tell failures
+/// apart and is not shown.
+PlatformError http_error(int code, long verify_result, std::string_view detail);
+
+PlatformError http_timeout();
+PlatformError http_connection_lost();
+
+}  // namespace zr
