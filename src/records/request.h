@@ -23,33 +23,33 @@ class Request {
     Request();
 
     // Name() reads and Name(value) writes each property of the list.
-#define ZR_READ_Text(Name) \
+#define ZR_REQUEST_READ_Text(Name) \
     const std::string& Name() const { return Name##_; }
-#define ZR_READ_Gender(Name) ZR_READ_Text(Name)
-#define ZR_READ_Count(Name) \
+#define ZR_REQUEST_READ_Gender(Name) ZR_REQUEST_READ_Text(Name)
+#define ZR_REQUEST_READ_Count(Name) \
     std::int16_t Name() const { return Name##_; }
-#define ZR_READ_Money(Name) \
+#define ZR_REQUEST_READ_Money(Name) \
     Currency Name() const { return Name##_; }
-#define ZR_READ_Date(Name) \
+#define ZR_REQUEST_READ_Date(Name) \
     const DateTime& Name() const { return Name##_; }
-#define ZR_READ_DateOfBirth(Name) \
+#define ZR_REQUEST_READ_DateOfBirth(Name) \
     const DateOrNull& Name() const { return Name##_; }
-#define ZR_READ_DateAsGiven(Name) ZR_READ_DateOfBirth(Name)
+#define ZR_REQUEST_READ_DateAsGiven(Name) ZR_REQUEST_READ_DateOfBirth(Name)
 
-#define ZR_WRITE_Text(Name) \
+#define ZR_REQUEST_WRITE_Text(Name) \
     void Name(std::string_view value) { assign(Name##_, value); }
-#define ZR_WRITE_Count(Name) \
+#define ZR_REQUEST_WRITE_Count(Name) \
     void Name(std::int16_t value) { assign(Name##_, value); }
-#define ZR_WRITE_Money(Name) \
+#define ZR_REQUEST_WRITE_Money(Name) \
     void Name(Currency value) { assign(Name##_, value); }
-#define ZR_WRITE_Date(Name) \
+#define ZR_REQUEST_WRITE_Date(Name) \
     void Name(const DateTime& value) { assign(Name##_, value); }
     // The properties with rules of their own are written out below.
-#define ZR_WRITE_Gender(Name)
-#define ZR_WRITE_DateOfBirth(Name)
-#define ZR_WRITE_DateAsGiven(Name)
+#define ZR_REQUEST_WRITE_Gender(Name)
+#define ZR_REQUEST_WRITE_DateOfBirth(Name)
+#define ZR_REQUEST_WRITE_DateAsGiven(Name)
 
-#define ZR_PROPERTY(Kind, Name, meaning) ZR_READ_##Kind(Name) ZR_WRITE_##Kind(Name)
+#define ZR_PROPERTY(Kind, Name, meaning) ZR_REQUEST_READ_##Kind(Name) ZR_REQUEST_WRITE_##Kind(Name)
 #include "records/request_properties.inc"
 #undef ZR_PROPERTY
 
@@ -117,14 +117,14 @@ class Request {
     /// The option and whether it had to be created.
     std::pair<Option&, bool> option(std::string_view option_id);
 
-#define ZR_STORE_Text(Name) std::string Name##_;
-#define ZR_STORE_Gender(Name) std::string Name##_;
-#define ZR_STORE_Count(Name) std::int16_t Name##_ = 0;
-#define ZR_STORE_Money(Name) Currency Name##_;
-#define ZR_STORE_Date(Name) DateTime Name##_;
-#define ZR_STORE_DateOfBirth(Name) DateOrNull Name##_;
-#define ZR_STORE_DateAsGiven(Name) DateOrNull Name##_;
-#define ZR_PROPERTY(Kind, Name, meaning) ZR_STORE_##Kind(Name)
+#define ZR_REQUEST_STORE_Text(Name) std::string Name##_;
+#define ZR_REQUEST_STORE_Gender(Name) std::string Name##_;
+#define ZR_REQUEST_STORE_Count(Name) std::int16_t Name##_ = 0;
+#define ZR_REQUEST_STORE_Money(Name) Currency Name##_;
+#define ZR_REQUEST_STORE_Date(Name) DateTime Name##_;
+#define ZR_REQUEST_STORE_DateOfBirth(Name) DateOrNull Name##_;
+#define ZR_REQUEST_STORE_DateAsGiven(Name) DateOrNull Name##_;
+#define ZR_PROPERTY(Kind, Name, meaning) ZR_REQUEST_STORE_##Kind(Name)
 #include "records/request_properties.inc"
 #undef ZR_PROPERTY
 

@@ -53,19 +53,19 @@ struct FamilyStatistics {
 class Response {
   public:
     // Name() reads each property of the list.
-#define ZR_READ_Text(Name) \
+#define ZR_RESPONSE_READ_Text(Name) \
     const std::string& Name() const { return Name##_; }
-#define ZR_READ_Boolean(Name) \
+#define ZR_RESPONSE_READ_Boolean(Name) \
     bool Name() const { return Name##_; }
-#define ZR_READ_Count(Name) \
+#define ZR_RESPONSE_READ_Count(Name) \
     std::int16_t Name() const { return Name##_; }
-#define ZR_READ_Money(Name) \
+#define ZR_RESPONSE_READ_Money(Name) \
     Currency Name() const { return Name##_; }
-#define ZR_READ_Date(Name) \
+#define ZR_RESPONSE_READ_Date(Name) \
     const DateTime& Name() const { return Name##_; }
-#define ZR_READ_DateOrNull(Name) \
+#define ZR_RESPONSE_READ_DateOrNull(Name) \
     const DateOrNull& Name() const { return Name##_; }
-#define ZR_PROPERTY(Kind, Name, meaning) ZR_READ_##Kind(Name)
+#define ZR_PROPERTY(Kind, Name, meaning) ZR_RESPONSE_READ_##Kind(Name)
 #define ZR_COMPUTED(Kind, Name, meaning)
 #define ZR_FAMILY(Family, Prefix)                                                            \
     std::int16_t Prefix##Count() const { return statistics(RecordFamily::k##Family).total; } \
@@ -102,19 +102,19 @@ class Response {
     // Component-internal from here on: services fill the record.
 
     // Name(value) stores each property of the list.
-#define ZR_WRITE_Text(Name) \
+#define ZR_RESPONSE_WRITE_Text(Name) \
     void Name(std::string value) { Name##_ = std::move(value); }
-#define ZR_WRITE_Boolean(Name) \
+#define ZR_RESPONSE_WRITE_Boolean(Name) \
     void Name(bool value) { Name##_ = value; }
-#define ZR_WRITE_Count(Name) \
+#define ZR_RESPONSE_WRITE_Count(Name) \
     void Name(std::int16_t value) { Name##_ = value; }
-#define ZR_WRITE_Money(Name) \
+#define ZR_RESPONSE_WRITE_Money(Name) \
     void Name(Currency value) { Name##_ = value; }
-#define ZR_WRITE_Date(Name) \
+#define ZR_RESPONSE_WRITE_Date(Name) \
     void Name(const DateTime& value) { Name##_ = value; }
-#define ZR_WRITE_DateOrNull(Name) \
+#define ZR_RESPONSE_WRITE_DateOrNull(Name) \
     void Name(DateOrNull value) { Name##_ = std::move(value); }
-#define ZR_PROPERTY(Kind, Name, meaning) ZR_WRITE_##Kind(Name)
+#define ZR_PROPERTY(Kind, Name, meaning) ZR_RESPONSE_WRITE_##Kind(Name)
 #define ZR_COMPUTED(Kind, Name, meaning)
 #define ZR_FAMILY(Family, Prefix)
 #define ZR_FAMILY_COUNT(Family, Name, meaning)
@@ -141,13 +141,13 @@ class Response {
         return statistics(family).years[count - 1];
     }
 
-#define ZR_STORE_Text(Name) std::string Name##_;
-#define ZR_STORE_Boolean(Name) bool Name##_ = false;
-#define ZR_STORE_Count(Name) std::int16_t Name##_ = 0;
-#define ZR_STORE_Money(Name) Currency Name##_;
-#define ZR_STORE_Date(Name) DateTime Name##_;
-#define ZR_STORE_DateOrNull(Name) DateOrNull Name##_;
-#define ZR_PROPERTY(Kind, Name, meaning) ZR_STORE_##Kind(Name)
+#define ZR_RESPONSE_STORE_Text(Name) std::string Name##_;
+#define ZR_RESPONSE_STORE_Boolean(Name) bool Name##_ = false;
+#define ZR_RESPONSE_STORE_Count(Name) std::int16_t Name##_ = 0;
+#define ZR_RESPONSE_STORE_Money(Name) Currency Name##_;
+#define ZR_RESPONSE_STORE_Date(Name) DateTime Name##_;
+#define ZR_RESPONSE_STORE_DateOrNull(Name) DateOrNull Name##_;
+#define ZR_PROPERTY(Kind, Name, meaning) ZR_RESPONSE_STORE_##Kind(Name)
 #define ZR_COMPUTED(Kind, Name, meaning)
 #define ZR_FAMILY(Family, Prefix)
 #define ZR_FAMILY_COUNT(Family, Name, meaning)

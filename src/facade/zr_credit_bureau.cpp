@@ -1,0 +1,165 @@
+#include "facade/zr_credit_bureau.h"
+
+#include <utility>
+
+#include "platform/error.h"
+#include "platform/text.h"
+
+namespace zr {
+namespace {
+
+std::unique_ptr<Runtime> make_platform_runtime() {
+    return std::make_unique<Runtime>(make_http_transport());
+}
+
+}  // namespace
+
+ZRCreditBureau::ZRCreditBureau() : ZRCreditBureau(make_platform_runtime) {}
+
+ZRCreditBureau::ZRCreditBureau(RuntimeMaker make_runtime)
+    : make_runtime_(std::move(make_runtime)), services_(std::make_unique<zr::Services>()) {}
+
+ZRCreditBureau::~ZRCreditBureau() { Dispose(); }
+
+bool ZRCreditBureau::fail(std::string message) {
+    SetErrorMessage(std::move(message));
+    return false;
+}
+
+bool ZRCreditBureau::Initialise(std::string_view country) {
+    // Cut first, trimmed after: " NZ" leaves " N", which is no country.
+    const std::string code = text::upper(text::trim(text::first(country, 2)));
+    if (code != "AU" && code != "NZ") {
+        return fail("This Country is not currently supported.");
+    }
+    country_ = code;
+    std::unique_ptr<zr::Runtime> runtime;
+    try {
+        runtime = make_runtime_();
+    } catch (const std::exception& error) {
+        return fail("Error creating ZRRuntime8 object. " + error_text(error));
+    }
+    services_->Dispose();
+    runtime_ = std::move(runtime);
+    services_ = std::make_unique<zr::Services>();
+    return services_->Initialise(*this, country_);
+}
+
+std::unique_ptr<Request> ZRCreditBureau::CreateRequest() {
+    auto request = std::make_unique<Request>();
+    request->Application(this);
+    return request;
+}
+
+struct ZRCreditBureau::Operation {
+    std::string_view service_name;
+    const std::string* product_id = nullptr;  ///< null: the operation names no product
+    bool enquiry_only = false;                ///< the product must be an enquiry product
+    bool refuse_obsolete = true;
+    bool unchanged = false;  ///< the request has not changed: nothing to do
+};
+
+Service* ZRCreditBureau::checked_service(const Operation& operation) {
+    const auto failed = [this](std::string message) -> Service* {
+        fail(std::move(message));
+        return nullptr;
+    };
+    if (operation.service_name.empty()) {
+        return failed("Service Name not specified.");
+    }
+    if (operation.product_id != nullptr && operation.product_id->empty()) {
+        return failed("Product not specified.");
+    }
+    if (!services_->Exists(operation.service_name)) {
+        return failed("Service '" + std::string(operation.service_name) + "' does not exist.");
+    }
+    Service& service = services_->Item(operation.service_name);
+    if (operation.refuse_obsolete && service.Obsolete()) {
+        return failed("Service is obsolete.");
+    }
+    if (operation.product_id != nullptr && !check_product(operation, service)) {
+        return nullptr;
+    }
+    return &service;
+}
+
+bool ZRCreditBureau::check_product(const Operation& operation, const Service& service) {
+    const Product* product = service.Products().find(*operation.product_id);
+    if (product == nullptr) {
+        return fail("Product does not exist.");
+    }
+    if (operation.enquiry_only && product->ProductType() != zreProductType::zreProductTypeEnquiry) {
+        return fail("Product type invalid for this request.");
+    }
+    if (!product->Available()) {
+        return fail("Product is not available for this Service.");
+    }
+    return true;
+}
+
+template <class Procedure>
+bool ZRCreditBureau::run(const Operation& operation, Procedure procedure) {
+    if (runtime_ == nullptr) {
+        return fail("The credit bureau has not been initialised.");
+    }
+    if (operation.unchanged) {
+        return true;
+    }
+    Service* service = checked_service(operation);
+    if (service == nullptr) {
+        return false;
+    }
+    try {
+        return procedure(*service);
+    } catch (const std::exception& error) {
+        return fail(error_text(error));
+    }
+}
+
+bool ZRCreditBureau::ExecuteCreditEnquiry(Request& request) {
+    const Operation operation{.service_name = request.ServiceName(),
+                              .product_id = &request.ProductId(),
+                              .enquiry_only = true,
+                              .unchanged = !request.Dirty()};
+    return run(operation, [&](Service& service) { return service.CreditEnquiry(request); });
+}
+
+bool ZRCreditBureau::ExecuteGetList(Request& request) {
+    const Operation operation{.service_name = request.ServiceName(), .unchanged = !request.Dirty()};
+    return run(operation, [&](Service& service) { return service.GetList(request); });
+}
+
+bool ZRCreditBureau::ExecuteVerifyConnection(std::string_view service_name) {
+    const Operation operation{.service_name = service_name};
+    return run(operation, [](Service& service) { return service.VerifyConnection(); });
+}
+
+bool ZRCreditBureau::BuildResponse(Request& request, const DateTime& response_date,
+                                   const std::string& response_xml) {
+    const Operation operation{.service_name = request.ServiceName(),
+                              .product_id = &request.ProductId(),
+                              .refuse_obsolete = false};
+    return run(operation, [&](Service& service) {
+        return service.BuildResponse(request, response_date, response_xml);
+    });
+}
+
+const Products* ZRCreditBureau::ServiceProducts(std::string_view service_name) const {
+    return services_->Exists(service_name) ? &services_->Item(service_name).Products() : nullptr;
+}
+
+std::string ZRCreditBureau::Version() {
+    return std::to_string(ZR_VERSION_MAJOR) + "." + std::to_string(ZR_VERSION_MINOR) + "." +
+           std::to_string(ZR_VERSION_REVISION);
+}
+
+void ZRCreditBureau::Dispose() {
+    services_->Dispose();
+    runtime_.reset();
+}
+
+Region ZRCreditBureau::region() const {
+    return country_ == "NZ" ? Region::kNewZealand : Region::kAustralia;
+}
+
+}  // namespace zr
