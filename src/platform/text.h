@@ -39,21 +39,22 @@ std::string replace_all(std::string_view value, std::string_view from, std::stri
 /// True when the bytes are valid UTF-8.
 bool is_valid_utf8(std::string_view value);
 
-/// The bytes with every invalid sequence replaced by U+FFFD.
+/// The text with every byte that starts no valid sequence replaced by U+FFFD: its length stays.
 std::string to_valid_utf8(std::string_view value);
 
 /// The code of a code point in the system's ANSI code page (Windows-1252); "?" (63) for one that
 /// the page lacks.
 unsigned char to_windows_1252(char32_t code_point);
 
-/// Decodes the code point at `position` and moves past it.
+/// Decodes the code point at `position`, which is inside `value`, and moves past it. U+FFFD for a
+/// byte that starts no valid sequence.
 char32_t next_code_point(std::string_view value, std::size_t& position);
 
-/// Appends a code point as UTF-8.
+/// Appends a code point as UTF-8; U+FFFD for a number that is none.
 void append_code_point(std::string& target, char32_t code_point);
 
-/// Bytes of the named charset as UTF-8, characters that are invalid in it as U+FFFD. Empty optional
-/// semantics are avoided: an unknown charset throws PlatformError(kInvalidReply).
+/// Bytes of the named charset as UTF-8, what is invalid in it as U+FFFD. Throws
+/// PlatformError(kInvalidReply) for a charset that is not known.
 std::string decode(std::string_view bytes, const std::string& charset);
 
 /// Orders keys without regard to letter case, for maps keyed by name.

@@ -1,0 +1,140 @@
+#include "platform/text.h"
+
+#include <algorithm>
+#include <array>
+
+#include "platform/utf8.h"
+
+namespace zr::text {
+namespace {
+
+// Code points of the codes 0x80 to 0x9F of Windows-1252; the five codes without a character stand
+// for the control characters of the same number.
+constexpr std::array<char32_t, 32> kWindows1252High = {
+    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+
+// Position of the first byte that starts no valid sequence; the size when there is none.
+std::size_t find_invalid(std::string_view value, std::size_t position) {
+    while (position < value.size()) {
+        if (utf8::is_ascii(value[position])) {
+            const std::size_t run = utf8::ascii_run(value, position);
+            position += run != 0 ? run : 1;
+            continue;
+        }
+        const utf8::Decoded decoded = utf8::decode(value, position);
+        if (!decoded.valid) {
+            return position;
+        }
+        position += decoded.size;
+    }
+    return value.size();
+}
+
+}  // namespace
+
+std::size_t length(std::string_view value) {
+    std::size_t count = 0;
+    for (std::size_t position = 0; position < value.size(); ++count) {
+        position += utf8::decode(value, position).size;
+    }
+    return count;
+}
+
+std::string_view first(std::string_view value, std::size_t count) {
+    if (count >= value.size()) {
+        return value;
+    }
+    std::size_t position = 0;
+    for (; count != 0 && position < value.size(); --count) {
+        position += utf8::decode(value, position).size;
+    }
+    return value.substr(0, position);
+}
+
+std::string_view cut(std::string_view value, std::size_t count) {
+    return trim_right(first(value, count));
+}
+
+std::string_view trim(std::string_view value) {
+    value.remove_prefix(std::min(value.find_first_not_of(' '), value.size()));
+    return trim_right(value);
+}
+
+std::string_view trim_right(std::string_view value) {
+    return value.substr(0, value.find_last_not_of(' ') + 1);
+}
+
+std::string replace_all(std::string_view value, std::string_view from, std::string_view to) {
+    std::string result;
+    if (from.empty()) {
+        return result.assign(value);
+    }
+    std::size_t start = 0;
+    for (std::size_t found = 0; (found = value.find(from, start)) != std::string_view::npos;) {
+        result.append(value, start, found - start).append(to);
+        start = found + from.size();
+    }
+    return result.append(value, start);
+}
+
+bool is_valid_utf8(std::string_view value) { return find_invalid(value, 0) == value.size(); }
+
+std::string to_valid_utf8(std::string_view value) {
+    std::string result;
+    result.reserve(value.size());
+    for (std::size_t position = 0; position < value.size();) {
+        const std::size_t invalid = find_invalid(value, position);
+        result.append(value, position, invalid - position);
+        if (invalid == value.size()) {
+            break;
+        }
+        append_code_point(result, utf8::kReplacement);
+        position = invalid + 1;
+    }
+    return result;
+}
+
+unsigned char to_windows_1252(char32_t code_point) {
+    if (code_point < 0x80 || (code_point >= 0xA0 && code_point <= 0xFF)) {
+        return static_cast<unsigned char>(code_point);
+    }
+    const auto found = std::find(kWindows1252High.begin(), kWindows1252High.end(), code_point);
+    return found == kWindows1252High.end()
+               ? static_cast<unsigned char>('?')
+               : static_cast<unsigned char>(0x80 + (found - kWindows1252High.begin()));
+}
+
+char32_t next_code_point(std::string_view value, std::size_t& position) {
+    const utf8::Decoded decoded = utf8::decode(value, position);
+    position += decoded.size;
+    return decoded.valid ? decoded.code : utf8::kReplacement;
+}
+
+void append_code_point(std::string& target, char32_t code_point) {
+    if (code_point > 0x10FFFF || (code_point >= 0xD800 && code_point <= 0xDFFF)) {
+        code_point = utf8::kReplacement;
+    }
+    const auto byte = [](char32_t bits) {
+        return static_cast<char>(static_cast<unsigned char>(bits));
+    };
+    const auto continuation = [&](unsigned shift) {
+        return byte(0x80U | ((code_point >> shift) & 0x3FU));
+    };
+    if (code_point < 0x80) {
+        target += byte(code_point);
+    } else if (code_point < 0x800) {
+        const char bytes[] = {byte(0xC0U | code_point >> 6U), continuation(0)};
+        target.append(bytes, sizeof bytes);
+    } else if (code_point < 0x10000) {
+        const char bytes[] = {byte(0xE0U | code_point >> 12U), continuation(6), continuation(0)};
+        target.append(bytes, sizeof bytes);
+    } else {
+        const char bytes[] = {byte(0xF0U | code_point >> 18U), continuation(12), continuation(6),
+                              continuation(0)};
+        target.append(bytes, sizeof bytes);
+    }
+}
+
+}  // namespace zr::text
