@@ -41,13 +41,38 @@ class XmlNames {
     std::unique_ptr<Table> table_;
 };
 
-class XmlDocument;
+struct XmlTree;  // xml_tree.h
 class XmlNode;
 
-/// A compiled path: child steps (a/b), a leading / or //, an attribute (@a or a/@b), attributes
-/// compared ([@type='x']), a 1-based position ([2]), a union (a/b | c/d) also at the front of a
-/// step in brackets ((a | b)/c), and "." for the context itself. Results come in document order,
-/// each once.
+/// What a compiled path is made of.
+namespace xml_path {
+
+/// An attribute that an element must have, with this value.
+struct Predicate {
+    XmlNameId name = 0;
+    std::string value;
+};
+
+struct Step {
+    enum class Axis : std::uint8_t { kChild, kDescendant, kAttribute };
+    Axis axis = Axis::kChild;
+    XmlNameId name = 0;
+    std::uint32_t position = 0;  ///< 1-based among the step's matches in one parent, 0 for all
+    std::vector<Predicate> predicates;
+};
+
+struct Alternative {
+    bool absolute = false;
+    std::vector<Step> steps;  ///< none: the context itself
+};
+
+}  // namespace xml_path
+
+/// A compiled path: child steps (a/b), a leading / or //, or // between steps, an attribute at the
+/// end (@a or a/@b), attributes compared ([@type='x']), a 1-based position ([2], after any such
+/// comparison), a union (a/b | c/d), also in brackets at the front of a path ((a | b)/c), and "."
+/// for the context itself. Results come in document order, each once. Elements are named without a
+/// prefix, and are those in no namespace; attributes are named as written (lang, xml:lang).
 class XmlPath {
   public:
     /// Compiles `expression`; throws std::invalid_argument naming it when it is no such path.
@@ -58,28 +83,17 @@ class XmlPath {
 
   private:
     friend class XmlNode;
-    struct Step {
-        enum class Axis : std::uint8_t { kChild, kDescendant, kAttribute };
-        Axis axis = Axis::kChild;
-        std::vector<XmlNameId> names;  ///< any of these
-        XmlNameId predicate_name = 0;  ///< attribute that must equal predicate_value, 0 for none
-        std::string predicate_value;
-        std::uint32_t position = 0;  ///< 1-based among the step's matches, 0 for all
-    };
-    struct Alternative {
-        bool absolute = false;
-        std::vector<Step> steps;  ///< none: the context itself
-    };
-    std::vector<Alternative> alternatives_;
+    std::vector<xml_path::Alternative> alternatives_;
 };
 
-/// An element of a document, or none. A handle: cheap to copy, valid while its document lives.
+/// An element of a document, or none. A handle: cheap to copy, valid while its document lives, also
+/// when the document object is moved.
 class XmlNode {
   public:
     XmlNode() = default;
 
     /// True when there is an element.
-    explicit operator bool() const { return document_ != nullptr; }
+    explicit operator bool() const { return tree_ != nullptr; }
 
     bool operator==(const XmlNode&) const = default;
 
@@ -105,26 +119,34 @@ class XmlNode {
 
   private:
     friend class XmlDocument;
-    XmlNode(const XmlDocument* document, std::uint32_t index)
-        : document_(document), index_(index) {}
+    XmlNode(const XmlTree* tree, std::uint32_t index) : tree_(tree), index_(index) {}
 
-    const XmlDocument* document_ = nullptr;
+    const XmlTree* tree_ = nullptr;
     std::uint32_t index_ = 0;
 };
 
 /// Why a text is not a document that the component reads.
 struct XmlParseError {
-    int code = 0;             ///< the parser's own code, never 0
+    /// Codes of the component's own refusals; all others are the parser's.
+    enum Refusal : int {
+        kTooLarge = 10000,
+        kTooDeep,
+        kTooManyAttributes,
+        kDeclaresEntities,
+        kTooManyNamespaces,
+    };
+
+    int code = 0;             ///< the parser's own code or a Refusal, never 0
     std::string reason;       ///< ends with CR LF
-    std::string source_text;  ///< the line of the text that the error is in; may be empty
-    int line_position = 0;    ///< 1-based character position in that line; 0 when unknown
+    std::string source_text;  ///< the line that the error is in, a long one cut around it
+    int line_position = 0;    ///< 1-based character position in the line; 0 when unknown
 };
 
 /// Bounds on a document, each with its own reason when it is passed.
 struct XmlLimits {
     std::size_t bytes = std::size_t{64} << 20;
     std::uint32_t depth = 256;
-    std::uint32_t attributes = 256;  ///< of one element
+    std::uint32_t attributes = 256;  ///< of one element; also the namespaces in scope at once
 };
 
 /// A parsed document. White-space text between elements does not exist in it. A document type
@@ -140,15 +162,13 @@ class XmlDocument {
     XmlDocument& operator=(XmlDocument&&) noexcept;
     ~XmlDocument();
 
-    /// The node above the document element, from which absolute paths and relative ones start. Its
-    /// handle is valid while this object stays where it is.
+    /// The node above the document element: a relative path from here names the document element
+    /// first.
     XmlNode root() const;
 
   private:
-    friend class XmlNode;
-    struct Tree;
-    explicit XmlDocument(std::unique_ptr<Tree> tree);
-    std::unique_ptr<Tree> tree_;
+    explicit XmlDocument(std::unique_ptr<const XmlTree> tree);
+    std::unique_ptr<const XmlTree> tree_;
 };
 
 }  // namespace zr

@@ -1,0 +1,234 @@
+// Reads trees: the text of a node and the evaluation of paths. Parsing is the platform's.
+#include "platform/xml_document.h"
+
+#include <algorithm>
+#include <limits>
+#include <span>
+#include <utility>
+
+#include "platform/xml_tree.h"
+
+namespace zr {
+
+namespace {
+
+using xml_path::Alternative;
+using xml_path::Step;
+using Steps = std::span<const Step>;
+
+constexpr std::uint32_t kNone = std::numeric_limits<std::uint32_t>::max();
+constexpr std::string_view kWhiteSpace = " \t\r\n";
+
+const XmlTree::Attribute* find_attribute(const XmlTree& tree, std::uint32_t node, XmlNameId name) {
+    const XmlTree::Attribute* const all = tree.attributes.data();
+    const XmlTree::Attribute* const end = all + tree.nodes[node + 1].attributes;
+    for (const XmlTree::Attribute* at = all + tree.nodes[node].attributes; at != end; ++at) {
+        if (at->name == name) return at;
+    }
+    return nullptr;
+}
+
+bool matches(const XmlTree& tree, std::uint32_t node, const Step& step) {
+    if (tree.names[node] != step.name) return false;
+    return std::all_of(step.predicates.begin(), step.predicates.end(),
+                       [&](const xml_path::Predicate& predicate) {
+                           const auto* const attribute = find_attribute(tree, node, predicate.name);
+                           return attribute != nullptr && tree.value(*attribute) == predicate.value;
+                       });
+}
+
+// Hands every result of the steps to the sink. A sink may turn away a node, and all that comes
+// after it in document order, once it has a result before that: so a search for the first result
+// ends with it.
+template <class Sink>
+class Walker {
+  public:
+    Walker(const XmlTree& tree, Sink& sink) : tree_(tree), sink_(sink) {}
+
+    void walk(std::uint32_t context, Steps steps) {
+        if (steps.empty()) {
+            sink_.element(context);
+            return;
+        }
+        const Step& step = steps.front();
+        switch (step.axis) {
+            case Step::Axis::kChild:
+                children(context, step, steps.subspan(1));
+                break;
+            case Step::Axis::kDescendant:
+                descendants(context, step, steps.subspan(1));
+                break;
+            case Step::Axis::kAttribute:
+                if (const auto* const found = find_attribute(tree_, context, step.name)) {
+                    sink_.attribute(context, *found);
+                }
+                break;
+        }
+    }
+
+  private:
+    void children(std::uint32_t context, const Step& step, Steps rest) {
+        const std::uint32_t end = tree_.nodes[context].end;
+        std::uint32_t count = 0;
+        for (std::uint32_t node = context + 1; node < end; node = tree_.nodes[node].end) {
+            if (!sink_.wants(node)) return;
+            if (!matches(tree_, node, step)) continue;
+            if (step.position == 0) {
+                walk(node, rest);
+            } else if (++count == step.position) {
+                walk(node, rest);
+                return;
+            }
+        }
+    }
+
+    void descendants(std::uint32_t context, const Step& step, Steps rest) {
+        const std::uint32_t end = tree_.nodes[context].end;
+        if (step.position != 0) {  // counted among the children of each
+            for (std::uint32_t node = context; node < end && sink_.wants(node); ++node) {
+                children(node, step, rest);
+            }
+            return;
+        }
+        const XmlNameId* const names = tree_.names.data();
+        for (std::uint32_t node = context + 1;; ++node) {
+            node =
+                static_cast<std::uint32_t>(std::find(names + node, names + end, step.name) - names);
+            if (node == end || !sink_.wants(node)) return;
+            if (matches(tree_, node, step)) walk(node, rest);
+            if (!sink_.wants(node + 1)) return;
+        }
+    }
+
+    const XmlTree& tree_;
+    Sink& sink_;
+};
+
+bool may_match(const XmlTree& tree, const Alternative& alternative) {
+    return std::all_of(alternative.steps.begin(), alternative.steps.end(), [&](const Step& step) {
+        return step.axis == Step::Axis::kAttribute || tree.has_name(step.name);
+    });
+}
+
+template <class Sink>
+void evaluate(const XmlTree& tree, std::uint32_t context,
+              const std::vector<Alternative>& alternatives, Sink& sink) {
+    for (const Alternative& alternative : alternatives) {
+        if (!may_match(tree, alternative)) continue;
+        Walker<Sink>(tree, sink).walk(alternative.absolute ? 0 : context, alternative.steps);
+    }
+}
+
+struct FirstElement {
+    std::uint32_t best = kNone;
+
+    bool wants(std::uint32_t node) const { return node < best; }
+    void element(std::uint32_t node) { best = std::min(best, node); }
+    static void attribute(std::uint32_t, const XmlTree::Attribute&) {}
+};
+
+// An attribute comes after its element and before that element's children.
+struct FirstValue {
+    std::uint32_t best = kNone;
+    const XmlTree::Attribute* best_attribute = nullptr;
+
+    bool wants(std::uint32_t node) const { return node <= best; }
+    void element(std::uint32_t node) {
+        if (node > best) return;
+        best = node;
+        best_attribute = nullptr;
+    }
+    void attribute(std::uint32_t node, const XmlTree::Attribute& found) {
+        const bool earlier =
+            node < best || (node == best && best_attribute != nullptr && &found < best_attribute);
+        if (!earlier) return;
+        best = node;
+        best_attribute = &found;
+    }
+};
+
+template <class Add>
+struct EveryElement {
+    Add add;
+
+    static bool wants(std::uint32_t) { return true; }
+    void element(std::uint32_t node) { add(node); }
+    static void attribute(std::uint32_t, const XmlTree::Attribute&) {}
+};
+
+// Paths that can yield a node twice, or nodes out of order: unions, and steps below a // step.
+bool needs_sorting(const std::vector<Alternative>& alternatives) {
+    if (alternatives.size() != 1) return true;
+    const std::vector<Step>& steps = alternatives.front().steps;
+    return std::any_of(steps.begin(), steps.end(), [&](const Step& step) {
+        return step.axis == Step::Axis::kDescendant &&
+               (&step != &steps.back() || step.position != 0);
+    });
+}
+
+std::string_view trimmed(std::string_view text) {
+    const std::size_t begin = text.find_first_not_of(kWhiteSpace);
+    if (begin == std::string_view::npos) return {};
+    return text.substr(begin, text.find_last_not_of(kWhiteSpace) - begin + 1);
+}
+
+std::string_view text_of(const XmlTree& tree, std::uint32_t index) {
+    const XmlTree::Node& node = tree.nodes[index];
+    return trimmed({tree.pool.get() + node.text_begin, node.text_end - node.text_begin});
+}
+
+}  // namespace
+
+std::string_view XmlNode::text() const {
+    return tree_ == nullptr ? std::string_view{} : text_of(*tree_, index_);
+}
+
+std::optional<std::string_view> XmlNode::attribute(XmlNameId name) const {
+    if (tree_ == nullptr) return std::nullopt;
+    const auto* const found = find_attribute(*tree_, index_, name);
+    if (found == nullptr) return std::nullopt;
+    return tree_->value(*found);
+}
+
+XmlNode XmlNode::first(const XmlPath& path) const {
+    if (tree_ == nullptr) return {};
+    FirstElement sink;
+    evaluate(*tree_, index_, path.alternatives_, sink);
+    return sink.best == kNone ? XmlNode{} : XmlNode(tree_, sink.best);
+}
+
+std::optional<std::string_view> XmlNode::value(const XmlPath& path) const {
+    if (tree_ == nullptr) return std::nullopt;
+    FirstValue sink;
+    evaluate(*tree_, index_, path.alternatives_, sink);
+    if (sink.best == kNone) return std::nullopt;
+    return sink.best_attribute != nullptr ? tree_->value(*sink.best_attribute)
+                                          : text_of(*tree_, sink.best);
+}
+
+std::vector<XmlNode> XmlNode::select(const XmlPath& path) const {
+    std::vector<XmlNode> result;
+    select(path, result);
+    return result;
+}
+
+void XmlNode::select(const XmlPath& path, std::vector<XmlNode>& into) const {
+    into.clear();
+    if (tree_ == nullptr) return;
+    const auto add = [&](std::uint32_t node) { into.push_back(XmlNode(tree_, node)); };
+    EveryElement<decltype(add)> sink{add};
+    evaluate(*tree_, index_, path.alternatives_, sink);
+    if (!needs_sorting(path.alternatives_)) return;
+    const auto before = [](const XmlNode& a, const XmlNode& b) { return a.index_ < b.index_; };
+    std::sort(into.begin(), into.end(), before);
+    into.erase(std::unique(into.begin(), into.end()), into.end());
+}
+
+XmlDocument::XmlDocument(std::unique_ptr<const XmlTree> tree) : tree_(std::move(tree)) {}
+XmlDocument::XmlDocument(XmlDocument&&) noexcept = default;
+XmlDocument& XmlDocument::operator=(XmlDocument&&) noexcept = default;
+XmlDocument::~XmlDocument() = default;
+
+XmlNode XmlDocument::root() const { return tree_ ? XmlNode(tree_.get(), 0) : XmlNode{}; }
+
+}  // namespace zr
