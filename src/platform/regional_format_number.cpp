@@ -81,27 +81,29 @@ void Decimal::strip_zeros() {
     }
 }
 
-void NumberPattern::Section::add_literal(std::string_view text) {
-    if (tokens.empty() || tokens.back().kind != Token::Kind::kLiteral) {
-        tokens.push_back({Token::Kind::kLiteral, {}});
+// The token that pieces of one kind in a row share.
+NumberPattern::Token& NumberPattern::Section::last_token(Token::Kind kind) {
+    if (tokens.empty() || tokens.back().kind != kind) {
+        tokens.push_back({kind, {}});
     }
-    tokens.back().text.append(text);
+    return tokens.back();
 }
 
-void NumberPattern::Section::add_digit(char placeholder) {
+void NumberPattern::Section::add_literal(std::string_view text) {
+    last_token(Token::Kind::kLiteral).text.append(text);
+}
+
+void NumberPattern::Section::add_digit(char placeholder, bool after_point) {
     const bool required = placeholder == '0';
-    const bool after_point = std::any_of(tokens.begin(), tokens.end(), [](const Token& token) {
-        return token.kind == Token::Kind::kPoint;
-    });
     if (after_point) {
         ++fraction_places;
         least_fraction = required ? fraction_places : least_fraction;
-        tokens.push_back({Token::Kind::kFractionDigit, {}});
+        ++last_token(Token::Kind::kFractionDigits).places;
     } else {
         ++whole_places;
         // A zero makes every place to its right a zero too.
         least_whole += required || least_whole != 0 ? 1 : 0;
-        tokens.push_back({Token::Kind::kWholeDigit, {}});
+        ++last_token(Token::Kind::kWholeDigits).places;
     }
 }
 
@@ -134,7 +136,7 @@ NumberPattern::Section NumberPattern::Section::compile(PatternReader& reader) {
         if (character == '0' || character == '#') {
             section.grouped = section.grouped || commas != 0;
             commas = 0;
-            section.add_digit(character);
+            section.add_digit(character, after_point);
         } else if (character == ',') {
             commas += section.whole_places != 0 && !after_point ? 1 : 0;
         } else if (character == '.' && !after_point) {
@@ -177,6 +179,14 @@ void NumberPattern::Section::append_whole(std::string& target, const Decimal& nu
     }
 }
 
+void NumberPattern::Section::append_fraction(std::string& target, const Decimal& number, int from,
+                                             int to) const {
+    to = std::max(to, -std::max(number.fraction_digits(), least_fraction));
+    for (int place = from; place >= to; --place) {
+        target += number.digit(place);
+    }
+}
+
 void NumberPattern::Section::append_exponent(std::string& target, const Token& token,
                                              int exponent) const {
     target += token.text;
@@ -202,11 +212,11 @@ void NumberPattern::Section::append(std::string& target, Decimal number) const {
             case Token::Kind::kLiteral:
                 target += token.text;
                 break;
-            case Token::Kind::kWholeDigit:
+            case Token::Kind::kWholeDigits:
                 // The first placeholder also takes the digits that have none of their own.
                 append_whole(target, number, place == whole_places ? kHighestPlace : place - 1,
-                             place - 1);
-                --place;
+                             place - token.places);
+                place -= token.places;
                 break;
             case Token::Kind::kPoint:
                 if (whole_places == 0) {
@@ -214,11 +224,9 @@ void NumberPattern::Section::append(std::string& target, Decimal number) const {
                 }
                 target += '.';
                 break;
-            case Token::Kind::kFractionDigit:
-                --place;
-                if (-place <= std::max(number.fraction_digits(), least_fraction)) {
-                    target += number.digit(place);
-                }
+            case Token::Kind::kFractionDigits:
+                append_fraction(target, number, place - 1, place - token.places);
+                place -= token.places;
                 break;
             case Token::Kind::kExponent:
                 append_exponent(target, token, exponent);

@@ -61,9 +61,10 @@ class NumberPattern {
 
   private:
     struct Token {
-        enum class Kind { kLiteral, kWholeDigit, kPoint, kFractionDigit, kExponent };
+        enum class Kind { kLiteral, kWholeDigits, kPoint, kFractionDigits, kExponent };
         Kind kind;
         std::string text;  // of a literal; the letter of an exponent
+        int places = 0;    // placeholders in a row
     };
 
     struct Section {
@@ -80,13 +81,15 @@ class NumberPattern {
 
         static Section compile(PatternReader& reader);
         void add_literal(std::string_view text);
-        void add_digit(char placeholder);
+        void add_digit(char placeholder, bool after_point);
+        Token& last_token(Token::Kind kind);
         bool add_exponent(PatternReader& reader, char letter);
 
         bool has_digits() const { return whole_places + fraction_places != 0; }
         Decimal rounded(Decimal number) const;
         void append(std::string& target, Decimal number) const;
         void append_whole(std::string& target, const Decimal& number, int from, int to) const;
+        void append_fraction(std::string& target, const Decimal& number, int from, int to) const;
         void append_exponent(std::string& target, const Token& token, int exponent) const;
     };
 

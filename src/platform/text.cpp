@@ -17,17 +17,14 @@ constexpr std::array<char32_t, 32> kWindows1252High = {
 
 // Position of the first byte that starts no valid sequence; the size when there is none.
 std::size_t find_invalid(std::string_view value, std::size_t position) {
-    while (position < value.size()) {
-        if (utf8::is_ascii(value[position])) {
-            const std::size_t run = utf8::ascii_run(value, position);
-            position += run != 0 ? run : 1;
-            continue;
-        }
-        const utf8::Decoded decoded = utf8::decode(value, position);
-        if (!decoded.valid) {
-            return position;
-        }
-        position += decoded.size;
+    while ((position = utf8::skip_ascii(value, position)) < value.size()) {
+        do {
+            const unsigned size = utf8::sequence_size(value, position);
+            if (size == 0) {
+                return position;
+            }
+            position += size;
+        } while (position < value.size() && !utf8::is_ascii(value[position]));
     }
     return value.size();
 }
@@ -37,7 +34,7 @@ std::size_t find_invalid(std::string_view value, std::size_t position) {
 std::size_t length(std::string_view value) {
     std::size_t count = 0;
     for (std::size_t position = 0; position < value.size(); ++count) {
-        position += utf8::decode(value, position).size;
+        position += std::max(utf8::sequence_size(value, position), 1U);
     }
     return count;
 }
@@ -48,7 +45,7 @@ std::string_view first(std::string_view value, std::size_t count) {
     }
     std::size_t position = 0;
     for (; count != 0 && position < value.size(); --count) {
-        position += utf8::decode(value, position).size;
+        position += std::max(utf8::sequence_size(value, position), 1U);
     }
     return value.substr(0, position);
 }

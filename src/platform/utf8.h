@@ -19,43 +19,52 @@ struct Decoded {
 
 inline constexpr bool is_ascii(char value) { return static_cast<unsigned char>(value) < 0x80; }
 
-/// Decodes what stands at `position`, which is inside `value`.
-inline Decoded decode(std::string_view value, std::size_t position) {
-    const auto byte = [&](std::size_t offset) {
-        return static_cast<char32_t>(static_cast<unsigned char>(value[position + offset]));
-    };
+/// Bytes of the valid sequence at `position`, which is inside `value`; 0 when there is none.
+inline unsigned sequence_size(std::string_view value, std::size_t position) {
     const std::size_t left = value.size() - position;
-    const auto continues = [&](std::size_t offset) {
-        return offset < left && (byte(offset) & 0xC0U) == 0x80U;
+    const auto byte = [&](std::size_t offset) {
+        return static_cast<unsigned char>(value[position + offset]);
     };
-    const char32_t lead = byte(0);
+    const auto continues = [&](std::size_t offset, unsigned low = 0x80, unsigned high = 0xBF) {
+        return offset < left && byte(offset) >= low && byte(offset) <= high;
+    };
+    const unsigned lead = byte(0);
     if (lead < 0x80) {
-        return {lead, 1, true};
+        return 1;
     }
-    if (lead >= 0xC2 && lead <= 0xDF && continues(1)) {
-        return {(lead & 0x1FU) << 6U | (byte(1) & 0x3FU), 2, true};
+    if (lead < 0xE0) {
+        return lead >= 0xC2 && continues(1) ? 2 : 0;
     }
-    if ((lead & 0xF0U) == 0xE0U && continues(1) && continues(2)) {
-        const char32_t code = (lead & 0x0FU) << 12U | (byte(1) & 0x3FU) << 6U | (byte(2) & 0x3FU);
-        if (code >= 0x800 && (code < 0xD800 || code > 0xDFFF)) {
-            return {code, 3, true};
-        }
+    // The second byte's range keeps out overlong forms, surrogates and what is above U+10FFFF.
+    if (lead < 0xF0) {
+        const bool second = continues(1, lead == 0xE0 ? 0xA0 : 0x80, lead == 0xED ? 0x9F : 0xBF);
+        return second && continues(2) ? 3 : 0;
     }
-    if (lead >= 0xF0 && lead <= 0xF4 && continues(1) && continues(2) && continues(3)) {
-        const char32_t code = (lead & 0x07U) << 18U | (byte(1) & 0x3FU) << 12U |
-                              (byte(2) & 0x3FU) << 6U | (byte(3) & 0x3FU);
-        if (code >= 0x10000 && code <= 0x10FFFF) {
-            return {code, 4, true};
-        }
+    if (lead > 0xF4) {
+        return 0;
     }
-    return {0xDC00U | lead, 1, false};
+    const bool second = continues(1, lead == 0xF0 ? 0x90 : 0x80, lead == 0xF4 ? 0x8F : 0xBF);
+    return second && continues(2) && continues(3) ? 4 : 0;
 }
 
-/// Length of the run of ASCII that starts at `position`; exact only up to a block's start, so what
-/// follows may be ASCII too.
-inline std::size_t ascii_run(std::string_view value, std::size_t position) {
+/// Decodes what stands at `position`, which is inside `value`.
+inline Decoded decode(std::string_view value, std::size_t position) {
+    const unsigned size = sequence_size(value, position);
+    const auto lead = static_cast<char32_t>(static_cast<unsigned char>(value[position]));
+    if (size <= 1) {
+        return {size == 1 ? lead : 0xDC00U | lead, 1, size == 1};
+    }
+    constexpr unsigned kLeadBits[] = {0, 0, 0x1F, 0x0F, 0x07};
+    char32_t code = lead & kLeadBits[size];
+    for (unsigned i = 1; i < size; ++i) {
+        code = code << 6U | (static_cast<unsigned char>(value[position + i]) & 0x3FU);
+    }
+    return {code, size, true};
+}
+
+/// Where the run of ASCII that starts at `position` ends.
+inline std::size_t skip_ascii(std::string_view value, std::size_t position) {
     constexpr std::size_t kBlock = 32;
-    const std::size_t start = position;
     while (value.size() - position >= kBlock) {
         unsigned char all = 0;
         for (std::size_t i = 0; i < kBlock; ++i) {
@@ -66,7 +75,10 @@ inline std::size_t ascii_run(std::string_view value, std::size_t position) {
         }
         position += kBlock;
     }
-    return position - start;
+    while (position < value.size() && is_ascii(value[position])) {
+        ++position;
+    }
+    return position;
 }
 
 }  // namespace zr::utf8

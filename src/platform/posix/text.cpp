@@ -143,9 +143,10 @@ bool equal_ignoring_case(std::string_view left, std::string_view right) {
     std::size_t i = 0;
     std::size_t j = 0;
     while (i < left.size() && j < right.size()) {
-        if (left[i] == right[j] && utf8::is_ascii(left[i])) {
-            ++i;
-            ++j;
+        if (utf8::is_ascii(left[i]) && utf8::is_ascii(right[j])) {
+            if (upper_ascii(left[i++]) != upper_ascii(right[j++])) {
+                return false;
+            }
         } else if (next_upper(left, i) != next_upper(right, j)) {
             return false;
         }
