@@ -160,6 +160,7 @@ class Exchange {
     std::string body_;
     std::int64_t header_bytes_ = 0;
     bool status_line_is_next_ = true;
+    bool is_head_complete_ = false;
 
     bool is_sent_ = false;           // the request went out at least once
     bool is_heard_ = false;          // something came back since it last went out
@@ -292,6 +293,8 @@ HttpReply Exchange::finish(CURLcode code) {
     HttpReply reply;
     reply.status_text = text::to_valid_utf8(status_text_);
     if (code == CURLE_OK) {
+        // The library takes a head that ends early for a reply without a body.
+        if (!is_head_complete_) throw http_connection_lost();
         reply.status = static_cast<int>(info<long>(easy_, CURLINFO_RESPONSE_CODE));
         reply.body = decode_reply(body_, content_type());
         return reply;
@@ -335,7 +338,9 @@ void Exchange::take_header(std::string_view line) {
     is_heard_ = true;
     while (!line.empty() && (line.back() == '\r' || line.back() == '\n' || line.back() == ' '))
         line.remove_suffix(1);
+    if (line.empty()) is_head_complete_ = true;
     if (std::exchange(status_line_is_next_, line.empty()) && line.starts_with("HTTP/")) {
+        is_head_complete_ = false;
         const std::size_t code = line.find(' ');
         const std::size_t reason = code == std::string_view::npos ? code : line.find(' ', code + 1);
         status_text_ = reason == std::string_view::npos ? "" : line.substr(reason + 1);

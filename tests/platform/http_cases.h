@@ -1,0 +1,39 @@
+// What the tests of the HTTP transport share.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "platform/error.h"
+#include "platform/http.h"
+#include "support/loopback_server.h"
+
+namespace zr::test {
+
+inline HttpRequest post(std::string url, std::string body = "<message/>") {
+    HttpRequest request;
+    request.url = std::move(url);
+    request.body = std::move(body);
+    request.content_type = "text/xml";
+    return request;
+}
+
+inline HttpReply exchange(const HttpRequest& request) {
+    return make_http_transport()->exchange(request);
+}
+
+/// The error of an exchange that must fail; number 0 when it does not.
+inline PlatformError failure_of(HttpTransport& transport, const HttpRequest& request) {
+    try {
+        return {0, "status " + std::to_string(transport.exchange(request).status)};
+    } catch (const PlatformError& error) {
+        return error;
+    }
+}
+
+inline PlatformError failure_of(const HttpRequest& request) {
+    return failure_of(*make_http_transport(), request);
+}
+
+}  // namespace zr::test
