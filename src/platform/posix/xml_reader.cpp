@@ -90,14 +90,13 @@ void locate(XmlParseError& error, std::string_view text, std::size_t offset) {
 XmlReader::XmlReader(std::string_view text, Source source, const XmlLimits& limits)
     : text_(text), source_(source), limits_(limits), context_(new_context()) {
     context_->_private = this;
-    int options = XML_PARSE_NONET | XML_PARSE_NOCDATA;
+    // "Entities replaced" matters for &amp; in attributes, which otherwise arrives as &#38;.
+    int options = XML_PARSE_NONET | XML_PARSE_NOENT | XML_PARSE_NOCDATA;
     if (source == Source::kText) {
         if (text_.starts_with(kByteOrderMark)) text_.remove_prefix(kByteOrderMark.size());
         options |= XML_PARSE_HUGE | XML_PARSE_IGNORE_ENC;
         // A known encoding keeps the parser from guessing one by the first bytes.
         context_->encoding = xmlStrdup(reinterpret_cast<const xmlChar*>("UTF-8"));
-    } else {
-        options |= XML_PARSE_NOENT;
     }
     xmlCtxtUseOptions(context_, options);
 }
