@@ -98,8 +98,9 @@ struct RegionalFormat::Compiled {
         return result;
     }
 
-    bool append(std::string& target, const Decimal& value) const {
-        return number && number->append(target, value);
+    template <typename Number>
+    bool append(std::string& target, Number value) const {
+        return number && number->append(target, Decimal(value));
     }
 };
 
@@ -111,13 +112,13 @@ RegionalFormat::RegionalFormat(RegionalFormat&&) noexcept = default;
 RegionalFormat& RegionalFormat::operator=(RegionalFormat&&) noexcept = default;
 
 void RegionalFormat::append(std::string& target, Currency amount) const {
-    if (!compiled_->append(target, Decimal(amount))) {
+    if (!compiled_->append(target, amount)) {
         target += amount.to_plain();
     }
 }
 
 void RegionalFormat::append(std::string& target, double number) const {
-    if (!std::isfinite(number) || !compiled_->append(target, Decimal(number))) {
+    if (!std::isfinite(number) || !compiled_->append(target, number)) {
         target += convert::to_text(number);
     }
 }

@@ -154,9 +154,10 @@ NumberPattern::Section NumberPattern::Section::compile(PatternReader& reader) {
     return section;
 }
 
-Decimal NumberPattern::Section::rounded(Decimal number) const {
+// Gives the number the scale and the places of the section.
+void NumberPattern::Section::round(Decimal& number) const {
     if (!has_digits()) {
-        return number;
+        return;
     }
     number.scale(scale);
     if (has_exponent) {
@@ -164,19 +165,29 @@ Decimal NumberPattern::Section::rounded(Decimal number) const {
     } else {
         number.round_to_places(fraction_places);
     }
-    return number;
 }
 
 // Writes the digits of the places from `from` down to `to`.
 void NumberPattern::Section::append_whole(std::string& target, const Decimal& number, int from,
                                           int to) const {
+    std::array<char, 64> buffer;  // a number seldom has more
+    std::size_t size = 0;
     from = std::min(from, std::max(number.point(), least_whole) - 1);
-    for (int place = from; place >= to; --place) {
-        target += number.digit(place);
-        if (grouped && place != 0 && place % kGroup == 0) {
-            target += ',';
+    int group = from % kGroup;
+    for (int place = from; place >= to; --place, --group) {
+        buffer[size++] = number.digit(place);
+        if (group == 0) {
+            group = kGroup;
+            if (grouped && place != 0) {
+                buffer[size++] = ',';
+            }
+        }
+        if (size + 2 > buffer.size()) {
+            target.append(buffer.data(), size);
+            size = 0;
         }
     }
+    target.append(buffer.data(), size);
 }
 
 void NumberPattern::Section::append_fraction(std::string& target, const Decimal& number, int from,
@@ -200,7 +211,7 @@ void NumberPattern::Section::append_exponent(std::string& target, const Token& t
     target.append(least - std::min(least, digits.size()), '0').append(digits);
 }
 
-void NumberPattern::Section::append(std::string& target, Decimal number) const {
+void NumberPattern::Section::append(std::string& target, Decimal& number) const {
     int exponent = 0;
     if (has_exponent && !number.is_zero()) {
         exponent = number.point() - whole_places;
@@ -251,21 +262,21 @@ const NumberPattern::Section& NumberPattern::section(std::size_t index) const {
                                                                         : sections_[kPositive];
 }
 
-bool NumberPattern::append(std::string& target, const Decimal& number) const {
+bool NumberPattern::append(std::string& target, Decimal number) const {
     const Section* chosen = &section(number.is_negative() ? kNegative
                                      : number.is_zero()   ? kZero
                                                           : kPositive);
     if (chosen->tokens.empty()) {
         return false;
     }
-    Decimal rounded = chosen->rounded(number);
-    if (rounded.is_zero()) {
-        chosen = &section(kZero);
-        rounded = chosen->rounded(rounded);
-    } else if (rounded.is_negative() && chosen == &sections_[kPositive]) {
+    chosen->round(number);
+    if (number.is_zero()) {
+        // It may only have become zero.
+        chosen = section(kZero).tokens.empty() ? chosen : &section(kZero);
+    } else if (number.is_negative() && chosen == sections_.data()) {
         target += '-';
     }
-    chosen->append(target, rounded);
+    chosen->append(target, number);
     return true;
 }
 

@@ -57,7 +57,7 @@ class NumberPattern {
     explicit NumberPattern(std::string_view pattern);
 
     /// Appends the number; false, with nothing appended, when the section that applies is empty.
-    bool append(std::string& target, const Decimal& number) const;
+    bool append(std::string& target, Decimal number) const;
 
   private:
     struct Token {
@@ -86,8 +86,8 @@ class NumberPattern {
         bool add_exponent(PatternReader& reader, char letter);
 
         bool has_digits() const { return whole_places + fraction_places != 0; }
-        Decimal rounded(Decimal number) const;
-        void append(std::string& target, Decimal number) const;
+        void round(Decimal& number) const;
+        void append(std::string& target, Decimal& number) const;
         void append_whole(std::string& target, const Decimal& number, int from, int to) const;
         void append_fraction(std::string& target, const Decimal& number, int from, int to) const;
         void append_exponent(std::string& target, const Token& token, int exponent) const;
