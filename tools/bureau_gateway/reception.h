@@ -1,0 +1,31 @@
+// The gateway's reception: HTTP's own rules, then the bureau, then the faults and the log.
+#pragma once
+
+#include "bureau_gateway/bureau.h"
+#include "bureau_gateway/exchange_log.h"
+#include "bureau_gateway/net/exchange.h"
+#include "bureau_gateway/net/http_auth.h"
+#include "bureau_gateway/net/http_reply.h"
+#include "bureau_gateway/settings.h"
+
+namespace zr::gateway {
+
+class Reception {
+  public:
+    /// `faults` outlives the reception. Throws std::runtime_error when the log cannot be opened.
+    Reception(const Settings& settings, FaultBoard& faults);
+
+    /// Answers one exchange; called from many threads.
+    Delivery answer(const HttpExchange& exchange);
+
+  private:
+    /// A status that HTTP's rules ask for; none when the bureau may see the request.
+    std::optional<HttpReply> turn_away(const HttpExchange& exchange) const;
+
+    Bureau bureau_;
+    HttpGuard guard_;
+    FaultBoard& faults_;
+    ExchangeLog log_;
+};
+
+}  // namespace zr::gateway
