@@ -120,6 +120,26 @@ void XmlReader::set_handlers(xmlSAXHandler handlers) {
     *context_->sax = handlers;
 }
 
+void XmlReader::build_document(const std::string& address, xmlDictPtr dictionary) {
+    address_ = address;
+    if (dictionary != nullptr) {
+        xmlDictFree(context_->dict);
+        context_->dict = dictionary;
+        xmlDictReference(dictionary);
+    }
+    xmlSAXHandler handlers{};
+    xmlSAXVersion(&handlers, 2);
+    handlers.startElementNs = [](void* context, const xmlChar* name, const xmlChar* prefix,
+                                 const xmlChar* uri, int namespace_count,
+                                 const xmlChar** namespaces, int attribute_count,
+                                 int defaulted_count, const xmlChar** attributes) {
+        if (!of(context).admit_element()) return;
+        xmlSAX2StartElementNs(context, name, prefix, uri, namespace_count, namespaces,
+                              attribute_count, defaulted_count, attributes);
+    };
+    set_handlers(handlers);
+}
+
 std::optional<XmlParseError> XmlReader::parse() {
     if (refuse_unread()) return error_;
     xmlParserInputBufferPtr buffer =
@@ -129,6 +149,10 @@ std::optional<XmlParseError> XmlReader::parse() {
     if (input == nullptr) {
         xmlFreeParserInputBuffer(buffer);
         throw std::bad_alloc();
+    }
+    if (!address_.empty()) {
+        const auto* const address = reinterpret_cast<const xmlChar*>(address_.c_str());
+        input->filename = reinterpret_cast<char*>(xmlStrdup(address));
     }
     inputPush(context_, input);
     xmlParseDocument(context_);
@@ -170,6 +194,7 @@ void XmlReader::report(void* context, xmlErrorPtr error) {
         std::string_view reason = error->message == nullptr ? "" : error->message;
         reader.fail(error->code, reason.substr(0, reason.find('\n')));
         const xmlParserInputPtr input = reader.context_->input;
+        reader.error_line_ = error->line;
         if (reader.source_ != Source::kText || input == nullptr) return;
         const auto used = static_cast<std::size_t>(input->cur - input->base);
         locate(*reader.error_, reader.text_, input->consumed + used);

@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "platform/xml_document.h"
 
@@ -36,6 +37,16 @@ class XmlReader {
     void set_handlers(xmlSAXHandler handlers);
 
     xmlParserCtxtPtr context() const { return context_; }
+
+    /// Makes the parser build its own document, with the names of `dictionary` where one is given
+    /// and `address` as the base of what it refers to; see take_document.
+    void build_document(const std::string& address, xmlDictPtr dictionary = nullptr);
+
+    /// The document that was built, for the caller to free. Once, after a parse without an error.
+    xmlDocPtr take_document() { return std::exchange(context_->myDoc, nullptr); }
+
+    /// The line of the error that parse() returned, 0 when unknown.
+    int error_line() const { return error_line_; }
 
     /// What the handlers work for.
     void* target = nullptr;
@@ -86,7 +97,9 @@ class XmlReader {
     xmlParserCtxtPtr context_;
     std::size_t given_ = 0;  // of the text, to the parser
     bool stopped_ = false;
+    std::string address_;
     std::optional<XmlParseError> error_;
+    int error_line_ = 0;
     std::exception_ptr thrown_;
 };
 

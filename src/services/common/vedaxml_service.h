@@ -7,8 +7,10 @@
 #include <string>
 #include <string_view>
 
+#include "platform/http.h"
 #include "platform/text.h"
-#include "services/common/reply_reader.h"
+#include "platform/xml_document.h"
+#include "services/common/reply_checks.h"
 #include "services/common/service.h"
 
 namespace zr {
@@ -38,6 +40,8 @@ class VedaXmlService : public Service {
 #include "services/common/vedaxml_settings.inc"
 #undef ZR_SETTING
 
+    // Set by the host; texts start empty, TimeOutSeconds at 30.
+
     /// The bureau's endpoints for this service, used when RequestURL or RequestURLTest is empty.
     virtual std::string_view DefaultRequestURL() const = 0;
     virtual std::string_view DefaultRequestURLTest() const = 0;
@@ -51,34 +55,33 @@ class VedaXmlService : public Service {
                        const std::string& response_xml) override;
 
   protected:
-    /// Composes the credit enquiry into the request's RequestXML.
-    virtual void BuildCreditEnquiryXML(Request& request) = 0;
+    /// Composes the credit enquiry into the request's RequestXML; false after storing the reason
+    /// where the request cannot be sent.
+    virtual bool BuildCreditEnquiryXML(Request& request) = 0;
 
-    /// Parses a reply and checks it for the bureau's errors; stores the reason where there is no
-    /// document.
-    virtual std::optional<XmlDocument> LoadResponseXML(std::string_view response_xml) = 0;
+    /// Parses a reply and checks it for the bureau's errors.
+    virtual CheckedReply check(std::string_view response_xml) const = 0;
 
     /// Fills the response, whose document fields are set already, from a checked reply.
-    virtual void translate(Request& request, const DateTime& response_date, XmlNode root) = 0;
+    virtual void translate(Request& request, XmlNode root) = 0;
 
-    /// Sends the request's document and checks the reply, whose text is left in the response. The
+    /// Parses and checks a reply: the document, or nothing after storing the reason.
+    std::optional<XmlDocument> LoadResponseXML(std::string_view response_xml);
+
+    /// Sends the request's document and checks the reply, whose text is left in the response: the
     /// parsed reply, or nothing after storing the reason.
     std::optional<XmlDocument> ExecuteRequest(Request& request);
-
-    /// The transaction reference of a document: the request's own, else a time stamp.
-    std::string transaction_reference(const Request& request) const;
-
-    /// "test" or "production".
-    std::string_view mode() const { return context().TestMode() ? "test" : "production"; }
 
   private:
     static constexpr std::size_t kClientReferenceLength = 16;
     static constexpr std::int16_t kShortestTimeOut = 30;
     static constexpr std::int16_t kLongestTimeOut = 300;
 
-    /// Clears the response and sets the fields that every translation sets, faulty reply or not.
-    void begin_response(Request& request, const DateTime& response_date,
-                        const std::string& response_xml);
+    /// Stores the reason and answers false.
+    bool fail(std::string message);
+    /// BuildResponse for a reply that may have been parsed already.
+    bool build_response(Request& request, const DateTime& response_date, std::string response_xml,
+                        std::optional<XmlDocument> document);
     std::string address() const;
     HttpRequest http_request(const Request& request) const;
 
@@ -90,5 +93,8 @@ class VedaXmlService : public Service {
 #include "services/common/vedaxml_settings.inc"
 #undef ZR_SETTING
 };
+
+/// Rows of the settings that every VedaXML service has, for the services' own settings().
+std::span<const Property<Service>> vedaxml_settings();
 
 }  // namespace zr

@@ -1,0 +1,237 @@
+// Reads and writes JSON with RapidJSON, which no other file includes.
+#include "automation/json.h"
+
+#include "platform/text.h"
+
+// The vector instructions read whole aligned blocks, which the address sanitizer cannot tell from
+// reading past an end.
+#if defined(__SSE2__) && !defined(__SANITIZE_ADDRESS__)
+#if !defined(__has_feature)
+#define RAPIDJSON_SSE2
+#elif !__has_feature(address_sanitizer)
+#define RAPIDJSON_SSE2
+#endif
+#endif
+#include <rapidjson/error/en.h>
+#include <rapidjson/reader.h>
+#include <rapidjson/stringbuffer.h>
+#include <rapidjson/writer.h>
+
+namespace zr::automation {
+namespace {
+
+/// Builds values from the reader's events. A handler that answers false ends the reading; `reason`
+/// then says why.
+class Builder {
+  public:
+    std::string reason;
+
+    JsonValue take() { return std::move(root_); }
+
+    bool Null() { return add(JsonValue()); }
+    bool Bool(bool value) { return add(JsonValue::boolean(value)); }
+    bool RawNumber(const char* digits, rapidjson::SizeType length, bool /*copy*/) {
+        return add(JsonValue::number({digits, length}));
+    }
+    bool String(const char* text, rapidjson::SizeType length, bool /*copy*/) {
+        return checked(text, length) && add(JsonValue::text({text, length}));
+    }
+    bool Key(const char* text, rapidjson::SizeType length, bool /*copy*/) {
+        key_.assign(text, length);
+        return checked(text, length);
+    }
+    bool StartObject() { return open(JsonValue::object()); }
+    bool EndObject(rapidjson::SizeType /*members*/) { return close(); }
+    bool StartArray() { return open(JsonValue::array()); }
+    bool EndArray(rapidjson::SizeType /*items*/) { return close(); }
+
+    // The reader gives numbers as texts, never as these.
+    bool Int(int) { return false; }
+    bool Uint(unsigned) { return false; }
+    bool Int64(std::int64_t) { return false; }
+    bool Uint64(std::uint64_t) { return false; }
+    bool Double(double) { return false; }
+
+  private:
+    bool checked(const char* text, std::size_t length) {
+        if (!text::is_valid_utf8({text, length})) {
+            reason = "it holds text that is not valid UTF-8";
+            return false;
+        }
+        return true;
+    }
+
+    JsonValue& place(JsonValue value) {
+        if (open_.empty()) {
+            return root_ = std::move(value);
+        }
+        JsonValue& parent = *open_.back();
+        if (parent.is_object()) {
+            return parent.members().emplace_back(std::move(key_), std::move(value)).second;
+        }
+        return parent.items().emplace_back(std::move(value));
+    }
+
+    bool add(JsonValue value) {
+        place(std::move(value));
+        return true;
+    }
+
+    bool open(JsonValue value) {
+        if (open_.size() == kDeepestJson) {
+            reason = "it is nested more than " + std::to_string(kDeepestJson) + " deep";
+            return false;
+        }
+        // The address holds until the container is closed: its parent grows no further before.
+        open_.push_back(&place(std::move(value)));
+        return true;
+    }
+
+    bool close() {
+        open_.pop_back();
+        return true;
+    }
+
+    JsonValue root_;
+    std::vector<JsonValue*> open_;
+    std::string key_;
+};
+
+std::string message(const rapidjson::ParseResult& result, const std::string& reason) {
+    if (result.Code() == rapidjson::kParseErrorTermination) {
+        return "The JSON text cannot be used: " + reason + ".";
+    }
+    return "Not valid JSON at byte " + std::to_string(result.Offset() + 1) + ": " +
+           rapidjson::GetParseError_En(result.Code());
+}
+
+}  // namespace
+
+JsonValue JsonValue::boolean(bool value) {
+    JsonValue made;
+    made.kind_ = Kind::kBoolean;
+    made.boolean_ = value;
+    return made;
+}
+
+JsonValue JsonValue::number(std::string digits) {
+    JsonValue made = text(std::move(digits));
+    made.kind_ = Kind::kNumber;
+    return made;
+}
+
+JsonValue JsonValue::text(std::string value) {
+    JsonValue made;
+    made.kind_ = Kind::kText;
+    made.text_ = std::move(value);
+    return made;
+}
+
+JsonValue JsonValue::array() {
+    JsonValue made;
+    made.kind_ = Kind::kArray;
+    return made;
+}
+
+JsonValue JsonValue::object() {
+    JsonValue made;
+    made.kind_ = Kind::kObject;
+    return made;
+}
+
+const JsonValue* JsonValue::find(std::string_view name) const {
+    const JsonValue* found = nullptr;
+    for (auto member = members_.rbegin(); member != members_.rend(); ++member) {
+        if (member->first == name) {
+            return &member->second;
+        }
+        if (found == nullptr && text::equal_ignoring_case(member->first, name)) {
+            found = &member->second;
+        }
+    }
+    return found;
+}
+
+JsonValue parse_json(std::string_view text) {
+    constexpr unsigned kFlags =
+        rapidjson::kParseNumbersAsStringsFlag | rapidjson::kParseIterativeFlag;
+    // The reader takes a zero byte for the end of the text.
+    const std::size_t zero = text.find('\0');
+    if (zero != std::string_view::npos) {
+        throw JsonError("Not valid JSON at byte " + std::to_string(zero + 1) +
+                        ": a zero byte stands in it.");
+    }
+    const std::string terminated(text);
+    rapidjson::StringStream stream(terminated.c_str());
+    rapidjson::Reader reader;
+    Builder builder;
+    const rapidjson::ParseResult result = reader.Parse<kFlags>(stream, builder);
+    if (result.IsError()) {
+        throw JsonError(message(result, builder.reason));
+    }
+    return builder.take();
+}
+
+struct JsonWriter::Output {
+    rapidjson::StringBuffer buffer;
+    rapidjson::Writer<rapidjson::StringBuffer> writer{buffer};
+};
+
+JsonWriter::JsonWriter() : output_(std::make_unique<Output>()) {}
+JsonWriter::~JsonWriter() = default;
+
+void JsonWriter::begin_object() { output_->writer.StartObject(); }
+void JsonWriter::end_object() { output_->writer.EndObject(); }
+void JsonWriter::begin_array() { output_->writer.StartArray(); }
+void JsonWriter::end_array() { output_->writer.EndArray(); }
+
+namespace {
+
+rapidjson::SizeType size_of(std::string_view text) {
+    return static_cast<rapidjson::SizeType>(text.size());
+}
+
+/// RapidJSON takes no null pointer for an empty text.
+const char* data_of(std::string_view text) { return text.empty() ? "" : text.data(); }
+
+}  // namespace
+
+void JsonWriter::name(std::string_view name) { output_->writer.Key(data_of(name), size_of(name)); }
+
+void JsonWriter::null() { output_->writer.Null(); }
+
+void JsonWriter::boolean(bool value) { output_->writer.Bool(value); }
+
+void JsonWriter::number(std::int64_t value) { output_->writer.Int64(value); }
+
+void JsonWriter::text(std::string_view value) {
+    output_->writer.String(data_of(value), size_of(value));
+}
+
+void JsonWriter::value(const Value& value) {
+    if (holds_text(value)) {
+        text(text_of(value));
+    } else if (const bool* flag = std::get_if<bool>(&value)) {
+        boolean(*flag);
+    } else if (const std::int32_t* integer = std::get_if<std::int32_t>(&value)) {
+        number(*integer);
+    } else if (const Currency* amount = std::get_if<Currency>(&value)) {
+        const std::string digits = amount->to_fixed4();
+        output_->writer.RawValue(digits.data(), digits.size(), rapidjson::kNumberType);
+    } else if (const DateTime* date = std::get_if<DateTime>(&value)) {
+        text(date->to_iso());
+    } else {
+        null();
+    }
+}
+
+std::string JsonWriter::take() {
+    const std::string_view written(output_->buffer.GetString(), output_->buffer.GetSize());
+    std::string result =
+        text::is_valid_utf8(written) ? std::string(written) : text::to_valid_utf8(written);
+    output_->buffer.Clear();
+    output_->writer.Reset(output_->buffer);
+    return result;
+}
+
+}  // namespace zr::automation

@@ -1,0 +1,33 @@
+// The records of the public interface as JSON: properties by their names.
+//
+// Text is a text, a count a number, money a number with four decimals, a Boolean true or false, a
+// date a text "yyyy-mm-dd" or, with a time of day, "yyyy-mm-ddThh:nn:ss"; null is null.
+#pragma once
+
+#include "automation/json.h"
+#include "facade/zr_credit_bureau.h"
+
+namespace zr::automation {
+
+/// Writes the members of an object into the request's properties, in their order; names are taken
+/// in any letter case. "Options" holds the product options by id, each an object of "Checked",
+/// "Value" and "Tag". Throws JsonError for an unknown or read-only property and for a value of
+/// another type, and leaves the properties before it written.
+void read_request(const JsonValue& json, Request& request);
+
+/// Writes the settings of services from an object of objects: service name, setting, value. Throws
+/// JsonError as read_request does, and for a service that the bureau does not have.
+void read_services(const JsonValue& json, const Services& services);
+
+/// A JSON value as the value of a property of this type. Throws JsonError, its reason starting with
+/// `name`, for a value of another type. A text is a view into `json`.
+Value to_value(ValueType type, const JsonValue& json, std::string_view name);
+
+/// Every property of the response by name, then ResponseElements and CompanySelections as arrays.
+void write_response(JsonWriter& json, const Response& response);
+
+/// The services of the bureau with their products, options and code tables, in registry and table
+/// order; enumerations as numbers.
+void write_catalogue(JsonWriter& json, const ZRCreditBureau& bureau);
+
+}  // namespace zr::automation

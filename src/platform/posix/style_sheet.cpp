@@ -1,0 +1,185 @@
+#include "platform/style_sheet.h"
+
+#include <libxslt/extensions.h>
+#include <libxslt/extra.h>
+#include <libxslt/imports.h>
+#include <libxslt/security.h>
+#include <libxslt/transform.h>
+#include <libxslt/xsltInternals.h>
+#include <libxslt/xsltutils.h>
+
+#include <algorithm>
+#include <new>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+#include "platform/posix/style_sheet_session.h"
+#include "platform/posix/xml_reader.h"
+
+namespace zr {
+
+namespace {
+
+constexpr std::size_t kMostSheets = 64;
+constexpr int kDeepestTemplate = 3000;
+constexpr unsigned long kMostOperations = 100'000'000;
+
+template <auto Free>
+struct Freer {
+    template <class T>
+    void operator()(T* object) const {
+        Free(object);
+    }
+};
+using DocumentPtr = std::unique_ptr<xmlDoc, Freer<xmlFreeDoc>>;
+using SheetPtr = std::unique_ptr<xsltStylesheet, Freer<xsltFreeStylesheet>>;
+using ContextPtr = std::unique_ptr<xsltTransformContext, Freer<xsltFreeTransformContext>>;
+using SecurityPtr = std::unique_ptr<xsltSecurityPrefs, Freer<xsltFreeSecurityPrefs>>;
+
+const xmlChar* chars(const char* text) { return reinterpret_cast<const xmlChar*>(text); }
+
+template <class T>
+T* allocated(T* object) {
+    if (object == nullptr) throw std::bad_alloc();
+    return object;
+}
+
+[[noreturn]] void fail(const char* what, const std::string& why) {
+    throw PlatformError(error_number::kUnexpected,
+                        why.empty() ? std::string(what) + "." : what + (": " + why) + ".");
+}
+
+// The next node in document order.
+xmlNodePtr next_node(xmlNodePtr node) {
+    if (node->type == XML_ELEMENT_NODE && node->children != nullptr) return node->children;
+    while (node != nullptr && node->next == nullptr) node = node->parent;
+    return node == nullptr ? nullptr : node->next;
+}
+
+// White space between elements does not exist for a sheet either, as in every document.
+void drop_blank_text(xmlDocPtr document) {
+    xmlNodePtr node = document->children;
+    while (node != nullptr) {
+        const xmlNodePtr next = next_node(node);
+        if (xmlIsBlankNode(node) == 1 && xmlNodeGetSpacePreserve(node) != 1) {
+            xmlUnlinkNode(node);
+            xmlFreeNode(node);
+        }
+        node = next;
+    }
+}
+
+DocumentPtr parse_input(std::string_view xml) {
+    const XmlLimits limits;
+    XmlReader reader(xml, XmlReader::Source::kText, limits);
+    reader.build_document({});
+    if (const auto error = reader.parse()) {
+        const std::string_view reason = error->reason;
+        throw PlatformError(error->code, "The XML could not be parsed: " +
+                                             std::string(reason.substr(0, reason.find('\r'))));
+    }
+    DocumentPtr document(reader.take_document());
+    drop_blank_text(document.get());
+    return document;
+}
+
+SheetPtr compile(SheetSession& session, const std::string& file_name) {
+    DocumentPtr document(session.load(file_name, nullptr));
+    SheetPtr sheet(xsltParseStylesheetDoc(document.get()));
+    if (sheet != nullptr) static_cast<void>(document.release());
+    if (sheet == nullptr || sheet->errors != 0) {
+        fail("The style sheet could not be compiled", session.complaint());
+    }
+    // The output is text: whatever encoding a sheet asks for, it is written in ours.
+    for (xsltStylesheetPtr part = sheet.get(); part != nullptr; part = xsltNextImport(part)) {
+        if (part->encoding == nullptr) continue;
+        xmlFree(part->encoding);
+        part->encoding = xmlStrdup(chars("UTF-8"));
+    }
+    return sheet;
+}
+
+SecurityPtr restrictions() {
+    SecurityPtr result(allocated(xsltNewSecurityPrefs()));
+    for (const xsltSecurityOption forbidden :
+         {XSLT_SECPREF_WRITE_FILE, XSLT_SECPREF_CREATE_DIRECTORY, XSLT_SECPREF_READ_NETWORK,
+          XSLT_SECPREF_WRITE_NETWORK}) {
+        xsltSetSecurityPrefs(result.get(), forbidden, xsltSecurityForbid);
+    }
+    return result;
+}
+
+std::string serialise(xmlDocPtr result, xsltStylesheetPtr sheet) {
+    xmlChar* output = nullptr;
+    int size = 0;
+    if (xsltSaveResultToString(&output, &size, result, sheet) != 0) {
+        fail("The result of the style sheet could not be written", {});
+    }
+    const std::unique_ptr<xmlChar, void (*)(void*)> owner(output, xmlFree);
+    return output == nullptr
+               ? std::string()
+               : std::string(reinterpret_cast<const char*>(output), static_cast<std::size_t>(size));
+}
+
+std::string run(SheetSession& session, xsltStylesheetPtr sheet, xmlDocPtr input) {
+    const SecurityPtr security = restrictions();
+    const ContextPtr context(allocated(xsltNewTransformContext(sheet, input)));
+    xsltSetCtxtSecurityPrefs(security.get(), context.get());
+    xsltSetTransformErrorFunc(context.get(), &session, SheetSession::complain_to);
+    context->maxTemplateDepth = kDeepestTemplate;
+    context->opLimit = kMostOperations;
+    xsltRegisterExtFunction(context.get(), chars("node-set"),
+                            chars("urn:schemas-microsoft-com:xslt"), xsltFunctionNodeSet);
+    const DocumentPtr result(
+        xsltApplyStylesheetUser(sheet, input, nullptr, nullptr, nullptr, context.get()));
+    if (context->state == XSLT_STATE_STOPPED) {
+        fail("The style sheet stopped the transformation", {});
+    }
+    if (context->state != XSLT_STATE_OK || result == nullptr) {
+        fail("The style sheet could not be run", session.discreet_complaint());
+    }
+    return serialise(result.get(), sheet);
+}
+
+struct CompiledSheet {
+    SheetPtr sheet;
+    std::vector<SheetFile> files;
+
+    bool is_current() const {
+        return std::all_of(files.begin(), files.end(),
+                           [](const SheetFile& file) { return file == look_at(file.path); });
+    }
+};
+
+}  // namespace
+
+struct StyleSheets::Cache {
+    std::unordered_map<std::string, CompiledSheet> sheets;
+
+    xsltStylesheetPtr get(const std::string& file_name) {
+        const auto known = sheets.find(file_name);
+        if (known != sheets.end()) {
+            if (known->second.is_current()) return known->second.sheet.get();
+            sheets.erase(known);
+        }
+        SheetSession session;
+        SheetPtr sheet = compile(session, file_name);
+        if (sheets.size() >= kMostSheets) sheets.clear();
+        CompiledSheet& kept = sheets[file_name];
+        kept = {std::move(sheet), session.files()};
+        return kept.sheet.get();
+    }
+};
+
+StyleSheets::StyleSheets() : cache_(std::make_unique<Cache>()) {}
+StyleSheets::~StyleSheets() = default;
+
+std::string StyleSheets::transform(std::string_view xml, const std::string& file_name) {
+    const DocumentPtr input = parse_input(xml);
+    xsltStylesheetPtr sheet = cache_->get(file_name);
+    SheetSession session;
+    return run(session, sheet, input.get());
+}
+
+}  // namespace zr

@@ -1,0 +1,232 @@
+#include "platform/posix/style_sheet_session.h"
+
+#include <libexslt/exslt.h>
+#include <libxml/uri.h>
+#include <libxslt/documents.h>
+#include <libxslt/xsltutils.h>
+
+#include <array>
+#include <cstdio>
+#include <cstring>
+#include <fstream>
+#include <new>
+#include <string_view>
+#include <system_error>
+
+#include "platform/posix/xml_reader.h"
+#include "platform/text.h"
+
+namespace zr {
+
+namespace {
+
+thread_local SheetSession* current_session = nullptr;
+
+// The hooks that were there before: the host may use the library too.
+struct OuterHooks {
+    xsltDocLoaderFunc load;
+    xmlGenericErrorFunc complain;
+    void* complain_context;
+};
+OuterHooks outer_hooks{};  // constant once the library is set up
+
+xmlDocPtr load_hook(const xmlChar* address, xmlDictPtr dictionary, int options, void* context,
+                    xsltLoadType type) {
+    if (current_session == nullptr) {
+        return outer_hooks.load(address, dictionary, options, context, type);
+    }
+    return current_session->load_named(address, dictionary, type != XSLT_LOAD_DOCUMENT);
+}
+
+__attribute__((format(printf, 2, 3))) void complain_hook(void*, const char* format, ...) {
+    std::va_list arguments;
+    va_start(arguments, format);
+    if (current_session != nullptr) {
+        current_session->complain(format, arguments);
+    } else {
+        std::array<char, 1024> text{};
+        std::vsnprintf(text.data(), text.size(), format, arguments);
+        outer_hooks.complain(outer_hooks.complain_context, "%s", text.data());
+    }
+    va_end(arguments);
+}
+
+void set_up_library() {
+    static const bool done = [] {
+        xmlInitParser();
+        exsltRegisterAll();
+        outer_hooks = {xsltDocDefaultLoader, xsltGenericError, xsltGenericErrorContext};
+        xsltSetLoaderFunc(load_hook);
+        xsltSetGenericErrorFunc(nullptr, complain_hook);
+        return true;
+    }();
+    static_cast<void>(done);
+}
+
+[[noreturn]] void fail_to_open(const std::string& path, const std::string& reason) {
+    throw PlatformError(error_number::kUnexpected,
+                        "The style sheet could not be opened: " +
+                            std::filesystem::path(path).filename().string() + ": " + reason + ".");
+}
+
+std::string read_file(const SheetFile& file, std::size_t limit) {
+    std::error_code error;
+    const auto status = std::filesystem::status(file.path, error);
+    if (!std::filesystem::exists(status)) {
+        fail_to_open(file.path,
+                     std::make_error_code(std::errc::no_such_file_or_directory).message());
+    }
+    if (!std::filesystem::is_regular_file(status)) fail_to_open(file.path, "Not a file");
+    if (file.size > limit) fail_to_open(file.path, "Too large");
+    std::ifstream stream(file.path, std::ios::binary);
+    std::string content(static_cast<std::size_t>(file.size), '\0');
+    if (!stream || !stream.read(content.data(), static_cast<std::streamsize>(content.size()))) {
+        fail_to_open(file.path, "It cannot be read");
+    }
+    return content;
+}
+
+bool has_scheme(std::string_view address) {
+    const std::size_t mark = address.find_first_of(":/?#");
+    return mark != std::string_view::npos && address[mark] == ':';
+}
+
+// The file that an address names; empty when it is none.
+std::string local_path(std::string_view address) {
+    constexpr std::string_view kFileScheme = "file:";
+    if (text::equal_ignoring_case(address.substr(0, kFileScheme.size()), kFileScheme)) {
+        address.remove_prefix(kFileScheme.size());
+        constexpr std::string_view kThisHost = "//localhost/";
+        if (address.starts_with(kThisHost)) address.remove_prefix(kThisHost.size() - 1);
+        if (address.starts_with("///")) address.remove_prefix(2);
+    } else if (has_scheme(address)) {
+        return {};
+    }
+    if (address.starts_with("//")) return {};  // another host
+    const std::string escaped(address);
+    char* const plain = xmlURIUnescapeString(escaped.c_str(), 0, nullptr);
+    if (plain == nullptr) throw std::bad_alloc();
+    std::string path(plain);
+    xmlFree(plain);
+    std::error_code error;
+    return std::filesystem::exists(path, error) ? path : escaped;
+}
+
+std::string one_line(std::string_view text) {
+    text = text.substr(0, text.find('\n'));
+    constexpr std::size_t kLongest = 300;
+    return std::string(text::first(text::trim_right(text), kLongest));
+}
+
+}  // namespace
+
+SheetFile look_at(const std::string& path) {
+    SheetFile file{path, {}, 0};
+    std::error_code error;
+    file.changed = std::filesystem::last_write_time(path, error);
+    if (error) file.changed = {};
+    file.size = std::filesystem::file_size(path, error);
+    if (error) file.size = 0;
+    return file;
+}
+
+SheetSession::SheetSession() : outer_(current_session) {
+    set_up_library();
+    outer_report_ = xmlStructuredError;
+    outer_report_context_ = xmlStructuredErrorContext;
+    xmlSetStructuredErrorFunc(this, report);
+    current_session = this;
+}
+
+SheetSession::~SheetSession() {
+    current_session = outer_;
+    xmlSetStructuredErrorFunc(outer_report_context_, outer_report_);
+}
+
+xmlDocPtr SheetSession::load(const std::string& path, xmlDictPtr dictionary) {
+    files_.push_back(look_at(path));  // before it is read: a change meanwhile is seen next time
+    const XmlLimits limits;
+    const std::string content = read_file(files_.back(), limits.bytes);
+    XmlReader reader(content, XmlReader::Source::kFile, limits);
+    reader.build_document(path, dictionary);
+    if (const auto error = reader.parse()) {
+        const std::string line =
+            reader.error_line() > 0 ? ", line " + std::to_string(reader.error_line()) : "";
+        throw PlatformError(
+            error->code, "The style sheet is not well-formed: " + one_line(error->reason) + " (" +
+                             std::filesystem::path(path).filename().string() + line + ").");
+    }
+    return reader.take_document();
+}
+
+xmlDocPtr SheetSession::load_named(const xmlChar* address, xmlDictPtr dictionary,
+                                   bool is_sheet) noexcept {
+    try {
+        const std::string path = local_path(reinterpret_cast<const char*>(address));
+        if (path.empty()) {
+            what_ = "Only files can be read";
+            return nullptr;
+        }
+        const std::size_t known = files_.size();
+        xmlDocPtr document = load(path, dictionary);
+        if (!is_sheet) files_.resize(known);  // read anew at each use
+        return document;
+    } catch (const std::exception& error) {
+        if (is_sheet && what_.empty()) what_ = error.what();
+        return nullptr;
+    }
+}
+
+// The library writes an error in two calls: where it is, then what it is. A message of the sheet's
+// own comes as the second alone, and is dropped.
+void SheetSession::complain(const char* format, std::va_list arguments) noexcept {
+    if (format == nullptr) return;
+    try {
+        std::array<char, 1024> text{};
+        std::vsnprintf(text.data(), text.size(), format, arguments);
+        const bool is_text = std::strcmp(format, "%s") == 0;
+        if (!is_text && std::string_view(format).starts_with("%s")) {
+            if (where_.empty()) where_ = one_line(text.data());
+            awaits_text_ = true;
+        } else if (is_text && awaits_text_) {
+            awaits_text_ = false;
+            if (what_.empty()) what_ = one_line(text.data());
+        }
+    } catch (const std::bad_alloc&) {
+        awaits_text_ = false;
+    }
+}
+
+void SheetSession::complain_to(void* session, const char* format, ...) {
+    std::va_list arguments;
+    va_start(arguments, format);
+    static_cast<SheetSession*>(session)->complain(format, arguments);
+    va_end(arguments);
+}
+
+void SheetSession::report(void* session, xmlErrorPtr error) {
+    SheetSession& self = *static_cast<SheetSession*>(session);
+    if (error->level < XML_ERR_ERROR || error->message == nullptr || !self.what_.empty()) return;
+    try {
+        self.what_ = one_line(error->message);
+    } catch (const std::bad_alloc&) {
+        self.awaits_text_ = false;
+    }
+}
+
+std::string SheetSession::complaint() const {
+    if (where_.empty() || what_.empty()) return what_ + where_;
+    return what_ + " (" + where_ + ")";
+}
+
+std::string SheetSession::discreet_complaint() const {
+    std::string what = what_;
+    const std::size_t open = what.find_first_of("'\"");
+    const std::size_t close = what.find_last_of("'\"");
+    if (open != std::string::npos) {
+        what.replace(open + 1, close > open ? close - open - 1 : std::string::npos, "...");
+    }
+    return where_.empty() || what.empty() ? what + where_ : what + " (" + where_ + ")";
+}
+
+}  // namespace zr

@@ -1,0 +1,37 @@
+// What the services' request documents have in common.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/currency.h"
+#include "xml/zr_xml_builder.h"
+
+namespace zr {
+
+/// An element of a document being written: opened here, closed when the object goes.
+class XmlElement {
+  public:
+    XmlElement(ZRXMLBuilder& builder, std::string_view name) : builder_(builder), name_(name) {
+        builder_.TagOpen(name_);
+    }
+    ~XmlElement() { builder_.TagClose(name_); }
+    XmlElement(const XmlElement&) = delete;
+    XmlElement& operator=(const XmlElement&) = delete;
+
+  private:
+    ZRXMLBuilder& builder_;
+    std::string_view name_;
+};
+
+/// An element with one attribute and no content.
+void write_attribute_element(ZRXMLBuilder& builder, std::string_view name,
+                             std::string_view attribute, std::string_view value);
+
+/// The first word of the text, which is trimmed before, cut to `width` characters.
+std::string_view first_word(std::string_view text, std::size_t width);
+
+/// An amount rounded down to a whole number, as plain decimal digits.
+std::string whole_amount(Currency amount);
+
+}  // namespace zr

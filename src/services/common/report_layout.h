@@ -1,0 +1,179 @@
+// The layout of a report as data: sections, the lines of each, and where their values are.
+//
+// A section names its group and sub-group, the records it walks and the lines of each record. A
+// line is a label and a value, each made of pieces; a piece is a value of the reply in some form
+// with constant text around it. report_writer.h writes the lines.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+namespace zr::layout {
+
+/// The form in which a value of the reply is written.
+enum class Form : std::uint8_t {
+    kConstant,     ///< no value: only the text around it
+    kText,         ///< as it stands
+    kDate,         ///< a date in the facade's DateFormat; nothing when it is missing or no date
+    kGeneralDate,  ///< a date in the platform's general form
+    kMoney,        ///< an amount (0 when missing) in the facade's CurrencyFormat
+    kMoneySymbol,  ///< an amount (0 when missing) in the facade's CurrencyFormatSymbol
+    kNumber,       ///< a number (0 when missing) in the platform's default form
+    kLookup,       ///< the description that a code table gives for the code
+    kPersonName,   ///< the names of the person at the path, joined by blanks
+    kTyped,        ///< as the record's attribute `type` says: an amount, months, years, or a text
+};
+
+/// When a piece is written at all.
+enum class When : std::uint8_t {
+    kAlways,
+    kIfValue,        ///< its value is not empty
+    kIfNode,         ///< the node at `condition` is present
+    kUnless,         ///< the upper-cased value at `condition` is not `other`
+    kUnlessExactly,  ///< the value at `condition` is not `other`, letter case included
+    kJoined,         ///< its value is not empty; `before` stands only behind an earlier piece
+};
+
+struct Piece {
+    Form form = Form::kConstant;
+    std::string_view path{};    ///< relative to the record; "." is the record itself
+    std::string_view before{};  ///< constant text before the value
+    std::string_view after{};   ///< and after it
+    When when = When::kAlways;
+    std::string_view condition{};  ///< path of kIfNode and kUnless
+    std::string_view other{};      ///< of kUnless; the name of the code table of kLookup
+
+    constexpr bool used() const { return form != Form::kConstant || !before.empty(); }
+
+    /// The piece with text before and after it.
+    constexpr Piece within(std::string_view text_before, std::string_view text_after = {}) const {
+        Piece piece = *this;
+        piece.before = text_before;
+        piece.after = text_after;
+        return piece;
+    }
+    /// The piece, written only when its value is not empty.
+    constexpr Piece if_value() const {
+        Piece piece = *this;
+        piece.when = When::kIfValue;
+        return piece;
+    }
+    /// The piece, written only when there is a node at this path.
+    constexpr Piece if_node(std::string_view path_of_node) const {
+        Piece piece = *this;
+        piece.when = When::kIfNode;
+        piece.condition = path_of_node;
+        return piece;
+    }
+    /// The piece, left out when the value at this path is this one in any letter case. With no
+    /// value of its own and nothing before it, it is left out as well.
+    constexpr Piece unless(std::string_view path_of_value, std::string_view value) const {
+        Piece piece = *this;
+        piece.when = When::kUnless;
+        piece.condition = path_of_value;
+        piece.other = value;
+        return piece;
+    }
+    /// The piece, left out when its own value is exactly this one.
+    constexpr Piece unless_exactly(std::string_view value) const {
+        Piece piece = *this;
+        piece.when = When::kUnlessExactly;
+        piece.condition = path;
+        piece.other = value;
+        return piece;
+    }
+    /// The piece, joined to what stands before it: neither value nor separator when it is empty, no
+    /// separator when it is the first.
+    constexpr Piece joined(std::string_view separator) const {
+        Piece piece = *this;
+        piece.when = When::kJoined;
+        piece.before = separator;
+        return piece;
+    }
+};
+
+constexpr Piece constant(std::string_view text) { return {.before = text}; }
+constexpr Piece text_at(std::string_view path) { return {.form = Form::kText, .path = path}; }
+constexpr Piece date_at(std::string_view path) { return {.form = Form::kDate, .path = path}; }
+constexpr Piece general_date_at(std::string_view path) {
+    return {.form = Form::kGeneralDate, .path = path};
+}
+constexpr Piece lookup_at(std::string_view table, std::string_view path) {
+    return {.form = Form::kLookup, .path = path, .other = table};
+}
+constexpr Piece of(Form form, std::string_view path) { return {.form = form, .path = path}; }
+
+/// Pieces written one after the other: a few of its own, or a named array of them.
+struct Pieces {
+    std::array<Piece, 3> own{};
+    std::span<const Piece> named{};
+
+    constexpr Pieces(const Piece& first, const Piece& second = {}, const Piece& third = {})
+        : own{first, second, third} {}
+    constexpr Pieces(std::string_view text) : own{constant(text)} {}
+    constexpr Pieces(const char* text) : Pieces(std::string_view(text)) {}
+    template <std::size_t n>
+    constexpr Pieces(const Piece (&pieces)[n]) : named(pieces) {}
+
+    constexpr std::span<const Piece> all() const {
+        return named.empty() ? std::span<const Piece>(own) : named;
+    }
+};
+
+/// A line of a record, or one for each node at `each`, to which its paths are then relative.
+struct Line {
+    Pieces label;
+    Pieces value;
+    std::string_view each{};
+};
+
+constexpr Line line(const Pieces& label, const Pieces& value) { return {label, value, {}}; }
+constexpr Line line_for_each(std::string_view each, const Pieces& label, const Pieces& value) {
+    return {label, value, each};
+}
+constexpr Line text(const Pieces& label, std::string_view path) {
+    return line(label, text_at(path));
+}
+constexpr Line date(const Pieces& label, std::string_view path) {
+    return line(label, date_at(path));
+}
+constexpr Line money(const Pieces& label, std::string_view path) {
+    return line(label, of(Form::kMoney, path));
+}
+constexpr Line number(const Pieces& label, std::string_view path) {
+    return line(label, of(Form::kNumber, path));
+}
+constexpr Line lookup(const Pieces& label, std::string_view table, std::string_view path) {
+    return line(label, lookup_at(table, path));
+}
+constexpr Line person_name(const Pieces& label, std::string_view path = ".") {
+    return line(label, of(Form::kPersonName, path));
+}
+
+/// How a section's group is made of the prefix that the writer is given.
+enum class Group : std::uint8_t {
+    kPlain,     ///< the section's word alone
+    kPerson,    ///< the prefix, or the section's word when there is none
+    kPrefixed,  ///< the prefix and ": ", then the section's word
+};
+
+/// What follows the words of a sub-group.
+enum class Numbering : std::uint8_t {
+    kNone,
+    kPosition,  ///< a blank and the record's 1-based position in the section
+};
+
+/// A section of a report.
+struct Section {
+    Group group;
+    std::string_view word;
+    std::string_view sub_group;
+    Numbering numbering;
+    std::uint8_t source;       ///< which of the writer's source nodes `records` starts from
+    std::string_view records;  ///< the records, in document order
+    std::span<const Line> lines;
+};
+
+}  // namespace zr::layout

@@ -1,0 +1,121 @@
+// Writes the lines of a report from its layout.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/regional_format.h"
+#include "platform/xml_document.h"
+#include "records/code_tables.h"
+#include "records/response_elements.h"
+#include "services/common/report_layout.h"
+#include "services/common/service_context.h"
+
+namespace zr::layout {
+
+/// A layout whose paths are compiled against a service's names. Constant once made.
+class CompiledLayout {
+  public:
+    CompiledLayout(std::span<const Section> sections, XmlNames& names);
+
+  private:
+    friend class ReportWriter;
+
+    struct CompiledPiece {
+        const Piece* piece;
+        XmlPath path;
+        XmlPath condition;
+        std::size_t table = 0;  ///< index into tables_
+    };
+    struct CompiledText {
+        std::vector<CompiledPiece> pieces;
+        bool constant = false;  ///< one constant piece: nothing to copy
+    };
+    struct CompiledLine {
+        CompiledText label;
+        CompiledText value;
+        std::optional<XmlPath> each;
+    };
+    struct CompiledSection {
+        const Section* section;
+        XmlPath records;
+        std::vector<CompiledLine> lines;
+    };
+
+    CompiledText compile(const Pieces& pieces, XmlNames& names);
+    CompiledPiece compile(const Piece& piece, XmlNames& names);
+    std::size_t table_index(std::string_view name);
+
+    std::vector<CompiledSection> sections_;
+    std::vector<std::string_view> tables_;
+    XmlPath type_;
+    XmlPath first_given_name_;
+    XmlPath other_given_name_;
+    XmlPath family_name_;
+};
+
+/// The formats of one translation, compiled once from the facade's settings.
+struct ReportFormats {
+    explicit ReportFormats(const ServiceContext& context);
+
+    RegionalFormat date;
+    RegionalFormat general_date;
+    RegionalFormat money;
+    RegionalFormat money_symbol;
+    RegionalFormat number;
+};
+
+/// Finds a code table by name; null for one that the service does not have.
+using TableFinder = std::function<const CodeTableItems*(std::string_view name)>;
+
+/// Writes a layout's lines into a response.
+class ReportWriter {
+  public:
+    ReportWriter(const CompiledLayout& layout, const ReportFormats& formats,
+                 const TableFinder& find_table, ResponseElements& lines);
+
+    /// Writes every section. `sources` are the nodes that sections start from; an absent one leaves
+    /// its sections out. The prefix is "" for the subject itself.
+    void write(std::span<const XmlNode> sources, std::string_view prefix);
+
+  private:
+    using CompiledText = CompiledLayout::CompiledText;
+    using CompiledPiece = CompiledLayout::CompiledPiece;
+
+    void write_section(const CompiledLayout::CompiledSection& section, XmlNode source,
+                       std::string_view prefix);
+    void write_line(const CompiledLayout::CompiledLine& line, XmlNode record);
+    void add_line(const CompiledLayout::CompiledLine& line, XmlNode record);
+
+    /// The text of the pieces, kept as long as the lines.
+    std::string_view kept(const CompiledText& text, XmlNode record);
+    void append(std::string& target, const CompiledPiece& piece, XmlNode record);
+    static bool condition_holds(const CompiledPiece& piece, XmlNode record);
+    void append_value(std::string& target, const CompiledPiece& piece, XmlNode record);
+    static void append_date(std::string& target, const RegionalFormat& format,
+                            std::optional<std::string_view> value);
+    void append_typed_value(std::string& target, XmlNode record);
+    void append_person_name(std::string& target, XmlNode person);
+    std::string_view sub_group();
+
+    const CompiledLayout& layout_;
+    const ReportFormats& formats_;
+    ResponseElements& lines_;
+    std::vector<const CodeTableItems*> tables_;
+    std::vector<XmlNode> records_;
+    std::vector<XmlNode> nested_;
+    std::string text_;   ///< of the label or value being made
+    std::string value_;  ///< of the piece being made
+
+    // Where the writer stands.
+    const Section* section_ = nullptr;
+    std::string_view group_;
+    std::size_t position_ = 0;
+    std::string_view sub_group_;  ///< of the record, once it has a line
+};
+
+}  // namespace zr::layout

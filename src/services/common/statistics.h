@@ -1,0 +1,97 @@
+// What a service counts of a reply, as tables: kinds of record with their rules, and the summary
+// lines that show the counts.
+#pragma once
+
+#include <array>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/date_time.h"
+#include "platform/xml_document.h"
+#include "records/response.h"
+
+namespace zr {
+
+/// How the records of one family are found and counted. Paths are relative to a record but for
+/// `records` itself; "" where the family has no such rule.
+struct StatisticsCategory {
+    RecordFamily family;
+    std::string_view records{};  ///< relative to the node counted under
+
+    /// Only records whose value at `only_path` is (or, negated, is not) `only_value` count.
+    std::string_view only_path{};
+    std::string_view only_value{};
+    bool only_others = false;
+
+    /// The date by which a record counts in the periods; without one it counts in the total only.
+    std::string_view event_date{};
+
+    std::string_view loaded{};       ///< amount as first lodged, 0 when missing
+    std::string_view outstanding{};  ///< amount still owed, 0 when missing
+
+    /// A record whose code at this path is one of these owes nothing.
+    std::string_view settled_path{};
+    std::array<std::string_view, 3> settled_codes{};
+
+    /// A record is open unless its upper-cased status at this path is one of these.
+    std::string_view closed_path{};
+    std::array<std::string_view, 2> closed_statuses{};
+};
+
+/// The start dates of the one-to-four-year periods of a translation.
+class StatisticsPeriods {
+  public:
+    explicit StatisticsPeriods(const DateTime& response_date);
+
+    /// Adds 1 to every yearly count whose period the date is in: strictly later than its start.
+    void count(FamilyStatistics& statistics, const DateTime& event) const;
+
+  private:
+    std::array<DateTime, 4> starts_;
+};
+
+/// A table of categories, compiled against a service's names.
+class StatisticsTable {
+  public:
+    StatisticsTable(std::span<const StatisticsCategory> categories, XmlNames& names);
+
+    /// Adds the records under `node` to the response's counts and amounts.
+    void update(Response& response, XmlNode node, const StatisticsPeriods& periods) const;
+
+  private:
+    struct Compiled {
+        const StatisticsCategory* category;
+        XmlPath records;
+        XmlPath only;
+        XmlPath event_date;
+        XmlPath loaded;
+        XmlPath outstanding;
+        XmlPath settled;
+        XmlPath closed;
+    };
+    static bool counts(const Compiled& row, XmlNode record);
+    static void count_record(const Compiled& row, XmlNode record, const StatisticsPeriods& periods,
+                             FamilyStatistics& statistics);
+
+    std::vector<Compiled> rows_;
+};
+
+/// One block of summary lines: a family's counts under a sub-group.
+struct SummaryBlock {
+    RecordFamily family;
+    std::string_view sub_group;
+    std::string_view open_label;  ///< label of the open count; "" for no such line
+    bool none_when_zero = false;  ///< the open count reads "None" when it is 0
+};
+
+/// Writes ("Quick Summary", sub-group, "Total") and the open count of each block whose total is
+/// above 0.
+void write_quick_summary(Response& response, std::span<const SummaryBlock> blocks);
+
+/// Writes ("Statistics", sub-group, ...): the periods above 0 from four years down to one, the
+/// total and the open count of each block whose total is above 0.
+void write_statistics(Response& response, std::span<const SummaryBlock> blocks);
+
+}  // namespace zr

@@ -1,0 +1,151 @@
+#include "services/vedaxml_au/catalogue.h"
+
+#include <span>
+#include <string_view>
+
+#include "services/vedaxml_au/street_types.h"
+
+namespace zr {
+namespace {
+
+// Account types by product: code, description.
+
+constexpr CodeRow kConsumerAccountTypes[] = {
+    {"CM", "Chattel Mortgage"},
+    {"CC", "Continuing Credit Contract"},
+    {"DB", "Deferred Payment Debit Card"},
+    {"R", "Equipment Hire or Rental"},
+    {"LC", "Loan Contract"},
+    {"OD", "Overdraft"},
+    {"RM", "Real Property Mortgage"},
+    {"TC", "Telecommunication services"},
+    {"T", "Terms"},
+    {"UA", "Utilities"},
+};
+
+constexpr CodeRow kConsumerPlusCommercialAccountTypes[] = {
+    {"CM", "Chattel Mortgage"},
+    {"CH", "Cheque Account (valid for defaults only)"},
+    {"CC", "Continuing Credit Contract"},
+    {"DB", "Deferred Payment Debit Card"},
+    {"R", "Equipment Hire or Rental"},
+    {"LC", "Loan Contract"},
+    {"OD", "Overdraft"},
+    {"RM", "Real Property Mortgage"},
+    {"TC", "Telecommunication services"},
+    {"T", "Terms"},
+    {"UA", "Utilities"},
+};
+
+constexpr CodeRow kCommercialAccountTypes[] = {
+    {"7", "7 Day Account"},
+    {"30", "30 Day Account"},
+    {"60", "60 Day Account"},
+    {"90", "90 Day Account"},
+    {"OD", "Bank Overdraft"},
+    {"BS", "Bill of Sale"},
+    {"BF", "Bridging Finance"},
+    {"CD", "Cash On Delivery"},
+    {"CH", "Cheque"},
+    {"CR", "Commercial Rental"},
+    {"CP", "Credit Card"},
+    {"D", "Dealership"},
+    {"DB", "Deferred Payment Debit Card"},
+    {"F", "Factored Account"},
+    {"HC", "Hire Purchase"},
+    {"L", "Leasing"},
+    {"LP", "Lending Propasal"},
+    {"PL", "Personal Loan"},
+    {"PF", "Premium Finance"},
+    {"RM", "Real Property Mortgage"},
+    {"SR", "Search Request"},
+    {"TC", "Telecommunication services"},
+    {"TF", "Trade Finance"},
+    {"UA", "Utilities"},
+    {"WF", "Wholesale Finance"},
+};
+
+constexpr CodeRow kMaritalStatus[] = {
+    {"unknown", "Unknown"},
+};
+
+constexpr CodeRow kOrganisationTypes[] = {
+    {"PTY", "Proprietary"},  {"P/L", "Proprietary Limited"}, {"N/L", "No Liability"},
+    {"INC", "Incorporated"}, {"LTD", "Limited Liability"},   {"R/B", "Registered Body"},
+};
+
+/// The service's code tables in their order.
+constexpr struct {
+    std::string_view name;
+    std::span<const CodeRow> rows;
+} kServiceTables[] = {
+    {"MaritalStatus", kMaritalStatus},
+    {"OrganisationTypes", kOrganisationTypes},
+    {"StreetTypes", kAustralianStreetTypes},
+};
+
+struct OptionRow {
+    std::string_view id;
+    std::string_view description;
+    zreOptionType type;
+};
+
+constexpr OptionRow kEnquiryInformation{"EnquiryInformation", "",
+                                        zreOptionType::zreOptionTypeGeneral};
+constexpr OptionRow kScore{"score", "Include Bureau Score?", zreOptionType::zreOptionTypeBoolean};
+constexpr OptionRow kScoreAlr{"scorealr",
+                              "Include Bureau Score (enhanced by geographical location)?",
+                              zreOptionType::zreOptionTypeBoolean};
+constexpr OptionRow kSummary{"summary", "Include Summary?", zreOptionType::zreOptionTypeBoolean};
+
+constexpr OptionRow kConsumerOptions[] = {kEnquiryInformation, kScore, kScoreAlr, kSummary};
+constexpr OptionRow kConsumerPlusCommercialOptions[] = {kEnquiryInformation, kSummary};
+constexpr OptionRow kCommercialOptions[] = {kEnquiryInformation, kScore, kSummary};
+
+// The request fields that a product uses.
+constexpr std::string_view kConsumerFields =
+    "[BureauFileId][Employer][DriversLicenceNumber][UnitNumber][StreetNumber]"
+    "[Property][StreetName][StreetType][Suburb][State][Postcode][PrevUnitNumber]"
+    "[PrevStreetNumber][PrevProperty][PrevStreetName][PrevStreetType][PrevSuburb]"
+    "[PrevState][PrevPostcode]";
+constexpr std::string_view kConsumerPlusCommercialFields =
+    "[BureauFileId][Employer][DriversLicenceNumber][UnitNumber][StreetNumber]"
+    "[Property][StreetName][StreetType][Suburb][State][Postcode]";
+constexpr std::string_view kCommercialFields =
+    "[BureauFileId][Employer][Occupation][DriversLicenceNumber][UnitNumber]"
+    "[StreetNumber][Property][StreetName][StreetType][Suburb][State][Postcode]";
+
+/// The products in their order: all available, chargeable enquiries about a person.
+constexpr struct {
+    std::string_view id;
+    std::string_view request_options;
+    std::span<const OptionRow> options;
+    std::span<const CodeRow> account_types;
+} kProducts[] = {
+    {"consumer-enquiry", kConsumerFields, kConsumerOptions, kConsumerAccountTypes},
+    {"consumer-plus-commercial-enquiry", kConsumerPlusCommercialFields,
+     kConsumerPlusCommercialOptions, kConsumerPlusCommercialAccountTypes},
+    {"commercial-enquiry", kCommercialFields, kCommercialOptions, kCommercialAccountTypes},
+    {"commercial-plus-consumer-enquiry", kCommercialFields, kCommercialOptions,
+     kCommercialAccountTypes},
+};
+
+}  // namespace
+
+void build_australian_catalogue(Products& products, CodeTableCollection& code_tables) {
+    for (const auto& row : kProducts) {
+        Product& product =
+            products.AddProduct(row.id, true, zreProductType::zreProductTypeEnquiry, true);
+        product.RequestOptions(row.request_options);
+        product.Chargeable(true);
+        for (const OptionRow& option : row.options) {
+            product.options().AddOption(option.id, option.description, option.type);
+        }
+        add_code_table(product.code_tables(), "AccountTypes", row.account_types);
+    }
+    for (const auto& table : kServiceTables) {
+        add_code_table(code_tables, table.name, table.rows);
+    }
+}
+
+}  // namespace zr

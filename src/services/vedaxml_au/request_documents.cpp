@@ -1,0 +1,260 @@
+#include "services/vedaxml_au/request_documents.h"
+
+#include <array>
+#include <functional>
+#include <string_view>
+
+#include "platform/regional_format.h"
+#include "platform/text.h"
+#include "services/common/message_writing.h"
+#include "xml/zr_xml_builder.h"
+
+namespace zr {
+namespace {
+
+constexpr std::size_t kTransactionReferenceLength = 13;
+constexpr std::size_t kBureauReferenceLength = 10;
+constexpr std::size_t kEnquiryReferenceLength = 15;
+constexpr std::size_t kMiddleNameLength = 15;
+constexpr std::size_t kOrganisationNameLength = 72;
+constexpr std::size_t kAcnLength = 9;
+constexpr std::size_t kAbnLength = 11;
+
+/// What the product and its checked options make of the enquiry: the bureau's name for it and the
+/// service code. The first row that fits counts; an option that the product does not offer fits
+/// nothing.
+constexpr struct {
+    std::string_view product_id;
+    std::string_view checked_option;  ///< "" fits always
+    std::string_view name;
+    std::string_view service_code;
+} kEnquiries[] = {
+    {"consumer-enquiry", "scorealr", "individual-consumer-plus-alr-scored-enquiry", "BCA003"},
+    {"consumer-enquiry", "score", "individual-consumer-scored-enquiry", "BCA003"},
+    {"consumer-enquiry", "", "consumer-enquiry", "BCA001"},
+    {"consumer-plus-commercial-enquiry", "", "consumer-plus-commercial-enquiry", "BCA001"},
+    {"commercial-enquiry", "score", "individual-commercial-scored-enquiry", "BCA003"},
+    {"commercial-enquiry", "", "commercial-enquiry", "BCA001"},
+    {"commercial-plus-consumer-enquiry", "score",
+     "individual-commercial-plus-consumer-scored-enquiry", "BCA003"},
+    {"commercial-plus-consumer-enquiry", "", "commercial-plus-consumer-enquiry", "BCA001"},
+};
+using Enquiry = std::remove_cvref_t<decltype(kEnquiries[0])>;
+
+const Enquiry& enquiry_of(const Request& request, const Product& product) {
+    for (const Enquiry& row : kEnquiries) {
+        if (text::equal_ignoring_case(row.product_id, product.ProductId()) &&
+            (row.checked_option.empty() || request.OptionChecked(row.checked_option))) {
+            return row;
+        }
+    }
+    throw PlatformError(error_number::kUnexpected,
+                        "The product has no enquiry of the bureau.");  // the tables disagree
+}
+
+bool is_commercial(std::string_view product_id) {
+    return text::equal_ignoring_case(product_id, "commercial-enquiry") ||
+           text::equal_ignoring_case(product_id, "commercial-plus-consumer-enquiry");
+}
+
+using TextProperty = const std::string& (Request::*)() const;
+
+/// The elements of an address in their order: where the current and the previous address have the
+/// value, the bureau's field width, and whether a blank value is left out.
+constexpr struct {
+    std::string_view element;
+    TextProperty current;
+    TextProperty previous;
+    std::size_t width;  ///< 0: a street type, sent as its code
+    bool omitted_when_blank;
+} kAddressFields[] = {
+    {"unit-number", &Request::UnitNumber, &Request::PrevUnitNumber, 5, true},
+    {"street-number", &Request::StreetNumber, &Request::PrevStreetNumber, 8, false},
+    {"property", &Request::PropertyName, &Request::PrevPropertyName, 15, true},
+    {"street-name", &Request::StreetName, &Request::PrevStreetName, 25, false},
+    {"street-type", &Request::StreetType, &Request::PrevStreetType, 0, false},
+    {"suburb", &Request::Suburb, &Request::PrevSuburb, 22, true},
+    {"city", &Request::City, &Request::PrevCity, 20, true},
+    {"state", &Request::State, &Request::PrevState, 3, true},
+    {"postcode", &Request::Postcode, &Request::PrevPostCode, 4, true},
+    {"country", &Request::Country, &Request::PrevCountry, 2, true},
+};
+
+std::string transaction_reference(const AustralianSender& sender, const Request& request) {
+    const std::string_view own =
+        text::cut(request.TransactionReference(), kTransactionReferenceLength);
+    return own.empty() ? RegionalFormat("yyyymmddhhnn").format(sender.now) : std::string(own);
+}
+
+std::string_view mode(const AustralianSender& sender) {
+    return sender.test_mode ? "test" : "production";
+}
+
+/// Writes the envelope around what `write_request` writes, and gives the document.
+template <class WriteRequest>
+std::string bca_message(const AustralianSender& sender, std::string_view service_code,
+                        WriteRequest write_request) {
+    ZRXMLBuilder builder;
+    builder.EncodeOptions(zreXMLBuilderEncodeOptions::zreXMLBuilderEncodeOptionsNonASCII);
+    {
+        const XmlElement message(builder, "BCAmessage");
+        builder.WriteAttribute("type", "REQUEST");
+        {
+            const XmlElement access(builder, "BCAaccess");
+            builder.WriteTagWithText("BCAaccess-code", sender.user_id);
+            builder.WriteTagWithText("BCAaccess-pwd", sender.user_password);
+        }
+        const XmlElement service(builder, "BCAservice");
+        builder.WriteTagWithText("BCAservice-client-ref", sender.client_reference);
+        builder.WriteTagWithText("BCAservice-code", service_code);
+        builder.WriteTagWithText("BCAservice-code-version", "V00");
+        const XmlElement data(builder, "BCAservice-data");
+        const XmlElement request(builder, "request");
+        write_request(builder);
+    }
+    return builder.XML(true);
+}
+
+void write_request_attributes(ZRXMLBuilder& builder, const AustralianSender& sender,
+                              const Request& request, std::string_view version) {
+    builder.WriteAttribute("version", version);
+    builder.WriteAttribute("mode", mode(sender));
+    builder.WriteAttribute("transaction-reference", transaction_reference(sender, request));
+}
+
+void write_subscriber(ZRXMLBuilder& builder, const AustralianSender& sender) {
+    const XmlElement details(builder, "subscriber-details");
+    builder.WriteTagWithText("subscriber-identifier", sender.subscriber_id);
+    builder.WriteTagWithText("security", sender.subscriber_security_code);
+}
+
+void write_address(ZRXMLBuilder& builder, const Request& request, bool previous,
+                   const CodeTableItems& street_types) {
+    const XmlElement address(builder, "address");
+    builder.WriteAttribute("type", previous ? "residential-previous" : "residential-current");
+    for (const auto& field : kAddressFields) {
+        const std::string& value = std::invoke(previous ? field.previous : field.current, request);
+        if (field.width == 0) {
+            write_attribute_element(builder, field.element, "code",
+                                    street_types.GetCodeFromDescription(value));
+        } else {
+            builder.WriteTagWithText(field.element, text::cut(value, field.width),
+                                     field.omitted_when_blank);
+        }
+    }
+}
+
+void write_name(ZRXMLBuilder& builder, const Request& request) {
+    const XmlElement name(builder, "individual-name");
+    builder.WriteTagWithText("family-name", text::cut(request.LastName(), 25));
+    builder.WriteTagWithText("first-given-name", text::cut(request.FirstName(), 15));
+    builder.WriteTagWithText("other-given-name",
+                             first_word(request.MiddleNames(), kMiddleNameLength));
+}
+
+void write_employment(ZRXMLBuilder& builder, const Request& request) {
+    if (request.Employer().empty() && request.Occupation().empty()) {
+        return;
+    }
+    const XmlElement employment(builder, "employment");
+    builder.WriteTagWithText("employer", text::cut(request.Employer(), 35));
+    if (!request.Occupation().empty()) {
+        builder.WriteTagWithText("occupation", text::cut(request.Occupation(), 22));
+    }
+}
+
+void write_individual(ZRXMLBuilder& builder, const Request& request,
+                      const CodeTableItems& street_types) {
+    const XmlElement individual(builder, "individual");
+    builder.WriteAttribute("role", "principal");
+    write_name(builder, request);
+    write_employment(builder, request);
+    write_address(builder, request, false, street_types);
+    if (!request.PrevStreetName().empty()) {
+        write_address(builder, request, true, street_types);
+    }
+    builder.WriteTagWithText("drivers-licence-number", text::cut(request.DriverLicenceNumber(), 9),
+                             true);
+    write_attribute_element(builder, "gender", "type", text::lower(request.Gender()));
+    builder.WriteTagWithDate("date-of-birth", request.DateOfBirth(), true);
+}
+
+void write_enquiry(ZRXMLBuilder& builder, const Request& request, const Product& product) {
+    const XmlElement enquiry(builder, "enquiry");
+    builder.WriteAttribute(
+        "type", is_commercial(product.ProductId()) ? "credit-enquiry" : "credit-application");
+    write_attribute_element(
+        builder, "account-type", "code",
+        product.CodeTables().Item("AccountTypes").GetCodeFromDescription(request.AccountType()));
+    builder.WriteTagWithText("enquiry-amount", whole_amount(request.EnquiryAmount()));
+    builder.WriteTagWithText("client-reference",
+                             text::cut(request.EnquiryReference(), kEnquiryReferenceLength));
+}
+
+void write_product(ZRXMLBuilder& builder, std::string_view name, bool summary) {
+    const XmlElement product(builder, "product");
+    builder.WriteAttribute("name", name);
+    if (summary) {
+        builder.WriteAttribute("summary", "yes");
+    }
+}
+
+/// The element that identifies an organisation follows from the length of the number alone.
+void write_organisation(ZRXMLBuilder& builder, const Request& request) {
+    const std::string& number = request.CompanyNumber();
+    switch (text::length(number)) {
+        case 0:
+            builder.WriteTagWithText("org-name",
+                                     text::cut(request.CompanyName(), kOrganisationNameLength));
+            return;
+        case kAcnLength:
+            builder.WriteTagWithText("organisation-number", number);
+            return;
+        case kAbnLength:
+            builder.WriteTagWithText("australian-business-number", number);
+            return;
+        default:
+            builder.WriteTagWithText("bureau-reference", text::cut(number, kBureauReferenceLength));
+    }
+}
+
+}  // namespace
+
+std::string australian_credit_enquiry(const AustralianSender& sender, const Request& request,
+                                      const Product& product, const CodeTableItems& street_types) {
+    const Enquiry& enquiry = enquiry_of(request, product);
+    return bca_message(sender, enquiry.service_code, [&](ZRXMLBuilder& builder) {
+        write_request_attributes(builder, sender, request, "1.0");
+        write_subscriber(builder, sender);
+        if (!product.Individual()) {
+            return;
+        }
+        write_product(builder, enquiry.name, request.OptionChecked("summary"));
+        if (request.BureauFileId().empty()) {
+            write_individual(builder, request, street_types);
+        } else {
+            builder.WriteTagWithText("bureau-reference",
+                                     text::cut(request.BureauFileId(), kBureauReferenceLength));
+        }
+        write_enquiry(builder, request, product);
+    });
+}
+
+std::string australian_organisation_search(const AustralianSender& sender, const Request& request) {
+    return bca_message(sender, "BCA020", [&](ZRXMLBuilder& builder) {
+        write_request_attributes(builder, sender, request, "2.0");
+        write_subscriber(builder, sender);
+        write_product(builder, "organisation-identification", false);
+        const XmlElement search(builder, "working-with-organisation");
+        builder.WriteAttribute("search-type", "registered-companies-businesses");
+        write_organisation(builder, request);
+    });
+}
+
+std::string australian_ping(const AustralianSender& sender) {
+    return bca_message(sender, "PING", [&](ZRXMLBuilder& builder) {
+        builder.WriteAttribute("mode", mode(sender));
+    });
+}
+
+}  // namespace zr
