@@ -19,6 +19,11 @@ inline HttpRequest post(std::string url, std::string body = "<message/>") {
     return request;
 }
 
+/// More than the buffers between two programs hold.
+inline std::string large_body(std::size_t megabytes = 20) {
+    return std::string(megabytes << 20, 'x');
+}
+
 inline HttpReply exchange(const HttpRequest& request) {
     return make_http_transport()->exchange(request);
 }

@@ -3,10 +3,12 @@
 #include <gtest/gtest.h>
 #include <netdb.h>
 
+#include <atomic>
 #include <chrono>
 #include <condition_variable>
 #include <filesystem>
 #include <fstream>
+#include <list>
 #include <thread>
 
 #include "platform/http_cases.h"
@@ -182,9 +184,11 @@ TEST(HttpConnection, ARequestThatTheServerReadIsNeverSentAgain) {
 }
 
 TEST(HttpConnection, OneThatDiesInTheMiddleOfALargeRequestIsLost) {
-    LoopbackServer server([](LoopbackServer&, Connection& peer) { peer.reset_on_close(); });
-    EXPECT_EQ(failure_of(post(server.url(), std::string(20'000'000, 'x'))).number(),
-              error_number::kConnectionLost);
+    LoopbackServer server([](LoopbackServer&, Connection& peer) {
+        peer.wait_for_bytes();
+        peer.reset_on_close();
+    });
+    EXPECT_EQ(failure_of(post(server.url(), large_body())).number(), error_number::kConnectionLost);
 }
 
 TEST(HttpReplyErrors, EveryBrokenReplyHasItsNumber) {
@@ -318,7 +322,7 @@ TEST(HttpTimeout, EveryPhaseHasItsOwn) {
         peer.write("HTTP/1.1 200 OK\r\nContent-Length: 5\r\n\r\nfour");
         peer.wait_until_closed();
     });
-    const std::string large(50'000'000, 'x');
+    const std::string large = large_body();
     const struct {
         const char* phase;
         std::string url;
@@ -379,14 +383,15 @@ TEST(HttpTransport, NothingIsReadFromThePersonsFiles) {
     LoopbackServer server(LoopbackServer::answering(
         always(reply("401 Who", "?", "WWW-Authenticate: Basic realm=\"x\"\r\n"))));
     EXPECT_EQ(exchange(post(server.url())).status, 401);
-    EXPECT_EQ(server.requests().size(), 1u);
+    ASSERT_EQ(server.requests().size(), 1u);
+    EXPECT_EQ(server.requests()[0].header("Authorization"), "");
     std::filesystem::remove_all(home);
 }
 
 TEST(HttpTransport, TransportsRunSideBySide) {
     LoopbackServer server(LoopbackServer::answering(
         [](const ReceivedRequest& request) { return reply("200 OK", request.body); }));
-    std::vector<std::thread> threads;
+    std::list<std::thread> threads;
     std::atomic<int> good = 0;
     for (int i = 0; i < 8; ++i)
         threads.emplace_back([&good, &server, body = std::to_string(i)] {

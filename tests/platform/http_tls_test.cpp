@@ -61,6 +61,19 @@ TEST_F(HttpTls, TrustsTheAuthoritiesOfTheMomentOnly) {
     EXPECT_EQ(server.requests().size(), 1u);
 }
 
+TEST_F(HttpTls, TrustsTheAuthoritiesOfAFolder) {
+    const TestAuthority stranger;
+    const TlsContext context = authority_.server();
+    LoopbackServer server(LoopbackServer::answering(always_ok(), context.get()));
+    const ScopedEnvironment no_file("SSL_CERT_FILE", std::nullopt);
+    for (const auto& [folder, number] :
+         {std::pair(authority_.folder(), 0),
+          std::pair(stranger.folder(), error_number::kUnknownAuthority)}) {
+        const ScopedEnvironment scoped("SSL_CERT_DIR", folder);
+        EXPECT_EQ(failure_of(post(server.url("/", "https"))).number(), number);
+    }
+}
+
 TEST_F(HttpTls, NoSpeakerOfTlsIsASecurityFailure) {
     LoopbackServer server([](LoopbackServer&, Connection& peer) { peer.write("220 hello\r\n"); });
     EXPECT_EQ(failure_of(post(server.url("/", "https"))).number(), error_number::kSecurityFailure);
@@ -91,10 +104,10 @@ TEST_F(HttpTls, KeepsConnectionsAndSessions) {
 TEST_F(HttpTls, AConnectionThatDiesIsLostAndRaisesNoSignal) {
     const TlsContext context = authority_.server();
     LoopbackServer server([&](LoopbackServer&, Connection& peer) {
-        peer.start_tls(context.get());
+        if (peer.start_tls(context.get())) peer.wait_for_bytes();
         peer.reset_on_close();
     });
-    EXPECT_EQ(failure_of(post(server.url("/", "https"), std::string(20'000'000, 'x'))).number(),
+    EXPECT_EQ(failure_of(post(server.url("/", "https"), large_body())).number(),
               error_number::kConnectionLost);
 }
 

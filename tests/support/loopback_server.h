@@ -81,6 +81,9 @@ class Connection {
         }
     }
 
+    /// Returns when the peer has begun to send.
+    void wait_for_bytes() { read_more(); }
+
     /// Returns when the peer has closed the connection, whatever it sends until then.
     void wait_until_closed() {
         while (read_more()) buffer_.clear();

@@ -44,6 +44,10 @@ class TestAuthority {
         std::FILE* out = std::fopen(file().c_str(), "w");
         PEM_write_X509(out, certificate_.get());
         std::fclose(out);
+        // In a folder of authorities each is found by the hash of its name.
+        char name[16];
+        std::snprintf(name, sizeof name, "%08lx.0", X509_subject_name_hash(certificate_.get()));
+        std::filesystem::copy(file(), folder_ / name);
     }
     ~TestAuthority() {
         std::error_code ignored;
@@ -53,6 +57,8 @@ class TestAuthority {
     TestAuthority& operator=(const TestAuthority&) = delete;
 
     std::string file() const { return folder_ / "authority.pem"; }
+
+    std::string folder() const { return folder_; }
 
     /// What a server needs to speak TLS under a certificate with these facts.
     TlsContext server(const CertificateFacts& facts = {}) const {
