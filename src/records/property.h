@@ -2,7 +2,9 @@
 // *_properties.inc files are expanded into the members of a record and into a table of these rows.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
+#include <limits>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -69,6 +71,13 @@ inline Value to_value(const DateOrNull& value) {
     }
     const auto date = held_date(value);
     return date ? Value(*date) : Value(Null{});
+}
+
+/// A whole number as a count, staying at the ends of a count's range.
+inline std::int16_t to_count(const Value& value) {
+    using Range = std::numeric_limits<std::int16_t>;
+    return static_cast<std::int16_t>(
+        std::clamp<std::int32_t>(std::get<std::int32_t>(value), Range::min(), Range::max()));
 }
 
 inline DateOrNull to_date_or_null(const Value& value) {

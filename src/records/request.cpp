@@ -148,7 +148,7 @@ namespace {
 
 #define ZR_FROM_Text(value) text_of(value)
 #define ZR_FROM_Gender(value) text_of(value)
-#define ZR_FROM_Count(value) static_cast<std::int16_t>(std::get<std::int32_t>(value))
+#define ZR_FROM_Count(value) property_detail::to_count(value)
 #define ZR_FROM_Money(value) std::get<Currency>(value)
 #define ZR_FROM_Date(value) std::get<DateTime>(value)
 #define ZR_FROM_DateOfBirth(value) property_detail::to_date_or_null(value)

@@ -150,7 +150,7 @@ namespace {
 #define ZR_FROM_Text(value) text_of(value)
 #define ZR_FROM_Reference(value) text_of(value)
 #define ZR_FROM_Boolean(value) std::get<bool>(value)
-#define ZR_FROM_Seconds(value) static_cast<std::int16_t>(std::get<std::int32_t>(value))
+#define ZR_FROM_Seconds(value) property_detail::to_count(value)
 
 constexpr Property<Service> kSettings[] = {
 #define ZR_SETTING(Kind, Name, meaning)                                                        \
