@@ -2,7 +2,6 @@
 
 #include <libxslt/extensions.h>
 #include <libxslt/extra.h>
-#include <libxslt/imports.h>
 #include <libxslt/security.h>
 #include <libxslt/transform.h>
 #include <libxslt/xsltInternals.h>
@@ -92,11 +91,8 @@ SheetPtr compile(SheetSession& session, const std::string& file_name) {
         fail("The style sheet could not be compiled", session.complaint());
     }
     // The output is text: whatever encoding a sheet asks for, it is written in ours.
-    for (xsltStylesheetPtr part = sheet.get(); part != nullptr; part = xsltNextImport(part)) {
-        if (part->encoding == nullptr) continue;
-        xmlFree(part->encoding);
-        part->encoding = xmlStrdup(chars("UTF-8"));
-    }
+    xmlFree(sheet->encoding);
+    sheet->encoding = allocated(xmlStrdup(chars("UTF-8")));
     return sheet;
 }
 
@@ -133,11 +129,12 @@ std::string run(SheetSession& session, xsltStylesheetPtr sheet, xmlDocPtr input)
                             chars("urn:schemas-microsoft-com:xslt"), xsltFunctionNodeSet);
     const DocumentPtr result(
         xsltApplyStylesheetUser(sheet, input, nullptr, nullptr, nullptr, context.get()));
-    if (context->state == XSLT_STATE_STOPPED) {
+    const std::string complaint = session.discreet_complaint();
+    if (context->state == XSLT_STATE_STOPPED && complaint.empty()) {
         fail("The style sheet stopped the transformation", {});
     }
     if (context->state != XSLT_STATE_OK || result == nullptr) {
-        fail("The style sheet could not be run", session.discreet_complaint());
+        fail("The style sheet could not be run", complaint);
     }
     return serialise(result.get(), sheet);
 }

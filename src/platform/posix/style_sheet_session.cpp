@@ -5,6 +5,7 @@
 #include <libxslt/documents.h>
 #include <libxslt/xsltutils.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <cstring>
@@ -109,13 +110,31 @@ std::string local_path(std::string_view address) {
     std::string path(plain);
     xmlFree(plain);
     std::error_code error;
-    return std::filesystem::exists(path, error) ? path : escaped;
+    const bool as_written =
+        std::filesystem::exists(escaped, error) && !std::filesystem::exists(path, error);
+    return as_written ? escaped : path;
 }
 
 std::string one_line(std::string_view text) {
-    text = text.substr(0, text.find('\n'));
+    text = text.substr(0, text.find_first_of("\r\n"));
     constexpr std::size_t kLongest = 300;
     return std::string(text::first(text::trim_right(text), kLongest));
+}
+
+std::string with_place(std::string_view what, const std::string& where) {
+    if (!what.empty() && what.back() == '.') what.remove_suffix(1);
+    if (what.empty() || where.empty()) return std::string(what) + where;
+    return std::string(what) + " (" + where + ")";
+}
+
+// "runtime error: file /a/b.xsl line 1 element x" without the folder.
+std::string place(std::string_view text) {
+    std::string where = one_line(text);
+    const std::size_t file = where.find(" file ");
+    const std::size_t line = where.rfind(" line ");
+    if (file == std::string::npos || line == std::string::npos) return where;
+    const std::size_t name = std::max(where.find_last_of('/', line) + 1, file + 6);
+    return where.substr(name);
 }
 
 }  // namespace
@@ -134,13 +153,17 @@ SheetSession::SheetSession() : outer_(current_session) {
     set_up_library();
     outer_report_ = xmlStructuredError;
     outer_report_context_ = xmlStructuredErrorContext;
+    outer_remark_ = xmlGenericError;
+    outer_remark_context_ = xmlGenericErrorContext;
     xmlSetStructuredErrorFunc(this, report);
+    xmlSetGenericErrorFunc(this, remark);
     current_session = this;
 }
 
 SheetSession::~SheetSession() {
     current_session = outer_;
     xmlSetStructuredErrorFunc(outer_report_context_, outer_report_);
+    xmlSetGenericErrorFunc(outer_remark_context_, outer_remark_);
 }
 
 xmlDocPtr SheetSession::load(const std::string& path, xmlDictPtr dictionary) {
@@ -186,11 +209,11 @@ void SheetSession::complain(const char* format, std::va_list arguments) noexcept
         std::vsnprintf(text.data(), text.size(), format, arguments);
         const bool is_text = std::strcmp(format, "%s") == 0;
         if (!is_text && std::string_view(format).starts_with("%s")) {
-            if (where_.empty()) where_ = one_line(text.data());
+            if (where_.empty()) where_ = place(text.data());
             awaits_text_ = true;
         } else if (is_text && awaits_text_) {
             awaits_text_ = false;
-            if (what_.empty()) what_ = one_line(text.data());
+            note(text.data());
         }
     } catch (const std::bad_alloc&) {
         awaits_text_ = false;
@@ -205,28 +228,39 @@ void SheetSession::complain_to(void* session, const char* format, ...) {
 }
 
 void SheetSession::report(void* session, xmlErrorPtr error) {
-    SheetSession& self = *static_cast<SheetSession*>(session);
-    if (error->level < XML_ERR_ERROR || error->message == nullptr || !self.what_.empty()) return;
+    if (error->level < XML_ERR_ERROR || error->message == nullptr) return;
+    static_cast<SheetSession*>(session)->note(error->message);
+}
+
+void SheetSession::remark(void* session, const char* format, ...) {
+    std::array<char, 1024> text{};
+    std::va_list arguments;
+    va_start(arguments, format);
+    std::vsnprintf(text.data(), text.size(), format, arguments);
+    va_end(arguments);
+    static_cast<SheetSession*>(session)->note(text.data());
+}
+
+void SheetSession::note(const char* what) noexcept {
     try {
-        self.what_ = one_line(error->message);
+        if (what_.empty()) what_ = one_line(what);
     } catch (const std::bad_alloc&) {
-        self.awaits_text_ = false;
+        what_.clear();
     }
 }
 
-std::string SheetSession::complaint() const {
-    if (where_.empty() || what_.empty()) return what_ + where_;
-    return what_ + " (" + where_ + ")";
-}
+std::string SheetSession::complaint() const { return with_place(what_, where_); }
 
 std::string SheetSession::discreet_complaint() const {
-    std::string what = what_;
+    constexpr std::string_view kRefused = " refused";
+    std::string what = what_.substr(0, what_.find(" for "));  // an address follows
+    if (what != what_ && what_.ends_with(kRefused)) what += kRefused;
     const std::size_t open = what.find_first_of("'\"");
     const std::size_t close = what.find_last_of("'\"");
     if (open != std::string::npos) {
         what.replace(open + 1, close > open ? close - open - 1 : std::string::npos, "...");
     }
-    return where_.empty() || what.empty() ? what + where_ : what + " (" + where_ + ")";
+    return with_place(what, where_);
 }
 
 }  // namespace zr

@@ -58,6 +58,9 @@ class SheetSession {
 
   private:
     static void report(void* session, xmlErrorPtr error);
+    static void remark(void* session, const char* format, ...)
+        __attribute__((format(printf, 2, 3)));
+    void note(const char* what) noexcept;
 
     std::vector<SheetFile> files_;
     std::string where_;
@@ -66,6 +69,8 @@ class SheetSession {
     SheetSession* outer_;
     xmlStructuredErrorFunc outer_report_;
     void* outer_report_context_;
+    xmlGenericErrorFunc outer_remark_;
+    void* outer_remark_context_;
 };
 
 }  // namespace zr

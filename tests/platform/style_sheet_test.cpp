@@ -1,0 +1,242 @@
+#include "platform/style_sheet.h"
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+#include "platform/error.h"
+
+namespace zr {
+namespace {
+
+namespace fs = std::filesystem;
+
+// A folder of style sheets, gone with the test.
+class StyleSheetTest : public testing::Test {
+  protected:
+    StyleSheetTest()
+        : folder_(fs::path(testing::TempDir()) / ("sheets " + std::to_string(getpid()))) {
+        fs::remove_all(folder_);
+        fs::create_directories(folder_);
+    }
+    ~StyleSheetTest() override { fs::remove_all(folder_); }
+
+    std::string write(const std::string& name, const std::string& content) {
+        const fs::path path = folder_ / name;
+        std::ofstream(path, std::ios::binary) << content;
+        return path.string();
+    }
+
+    // A sheet with this inside its xsl:stylesheet.
+    std::string write_sheet(const std::string& body, const std::string& name = "sheet.xsl") {
+        return write(
+            name,
+            "<xsl:stylesheet version='1.0' xmlns:xsl='http://www.w3.org/1999/XSL/Transform'"
+            " xmlns:msxsl='urn:schemas-microsoft-com:xslt'"
+            " xmlns:exsl='http://exslt.org/common' xmlns:str='http://exslt.org/strings'"
+            " xmlns:date='http://exslt.org/dates-and-times'"
+            " exclude-result-prefixes='msxsl exsl str date'>" +
+                body + "</xsl:stylesheet>");
+    }
+
+    // What the transformation gives, or "error: " and the description.
+    std::string transform(const std::string& xml, const std::string& file) {
+        try {
+            return sheets_.transform(xml, file);
+        } catch (const PlatformError& error) {
+            EXPECT_NE(error.number(), 0);
+            return "error: " + error.description();
+        }
+    }
+
+    fs::path folder_;
+    StyleSheets sheets_;
+};
+
+constexpr const char* kText = "<xsl:output method='text'/>";
+constexpr const char* kReply =
+    "<?xml version='1.0' encoding='UTF-16'?>\n<r>\n  <a>1</a>\n  <a>2</a>\n <b>é€</b></r>";
+
+TEST_F(StyleSheetTest, WritesWhatItsOutputAsks) {
+    const struct {
+        const char* body;
+        const char* expected;
+    } cases[] = {
+        {"<xsl:output method='text' encoding='UTF-16'/>"
+         "<xsl:template match='/'><xsl:value-of select='r/b'/>!</xsl:template>",
+         "é€!"},
+        {"<xsl:output method='text' encoding='ISO-8859-1'/>"
+         "<xsl:template match='/'><xsl:value-of select='r/b'/></xsl:template>",
+         "é€"},
+        {"<xsl:output method='xml' encoding='UTF-16'/>"
+         "<xsl:template match='/'><o><xsl:value-of select='r/b'/></o></xsl:template>",
+         "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<o>é€</o>\n"},
+        {"<xsl:output method='xml'/>"
+         "<xsl:template match='/'><o><xsl:value-of select='r/b'/></o></xsl:template>",
+         "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<o>é€</o>\n"},
+        {"<xsl:output method='xml' omit-xml-declaration='yes' indent='yes'/>"
+         "<xsl:template match='/'><o><p/><q/></o></xsl:template>",
+         "<o>\n  <p/>\n  <q/>\n</o>\n"},
+        {"<xsl:output method='html' doctype-public='-//W3C//DTD HTML 4.01//EN'/>"
+         "<xsl:template match='/'><html><body><br/>é&amp;</body></html></xsl:template>",
+         "<!DOCTYPE html PUBLIC \"-//W3C//DTD HTML 4.01//EN\">\n"
+         "<html><body>\n<br>é&amp;</body></html>\n"},
+        {"<xsl:template match='/'><html><xsl:text disable-output-escaping='yes'>&lt;hr></xsl:text>"
+         "</html></xsl:template>",
+         "<html><hr></html>\n"},
+        {"<xsl:output method='text'/><xsl:template match='/'/>", ""},
+    };
+    for (const auto& c : cases) {
+        // A new name each: the clock of the file system may be too coarse to tell them apart.
+        const std::string name = "s" + std::to_string(&c - cases) + ".xsl";
+        EXPECT_EQ(transform(kReply, write_sheet(c.body, name)), c.expected) << c.body;
+    }
+}
+
+TEST_F(StyleSheetTest, RunsTheFunctionsThatReportsUse) {
+    const struct {
+        const char* select;
+        const char* expected;
+    } cases[] = {
+        {"count(r/node())", "3"},  // no white space between elements
+        {"count(msxsl:node-set($fragment)/x)", "2"},
+        {"count(exsl:node-set($fragment)/x)", "2"},
+        {"str:padding(3, '-')", "---"},
+        {"date:year('2012-06-05')", "2012"},
+        {"format-number(1234.5, '#,##0.00')", "1,234.50"},
+        {"document('part.xml')/p", "part"},
+        {"function-available('msxsl:node-set')", "true"},
+    };
+    write("part.xml", "<p>part</p>");
+    for (const auto& c : cases) {
+        const std::string name = "s" + std::to_string(&c - cases) + ".xsl";
+        const std::string sheet = write_sheet(
+            std::string(kText) +
+                "<xsl:variable name='fragment'><x/><x/></xsl:variable><xsl:template match='/'>"
+                "<xsl:value-of select=\"" +
+                c.select + "\"/></xsl:template>",
+            name);
+        EXPECT_EQ(transform(kReply, sheet), c.expected) << c.select;
+    }
+}
+
+TEST_F(StyleSheetTest, CompilesAgainWhenAFileOfItChanges) {
+    const auto part = [](const std::string& text) {
+        return std::string(kText) + "<xsl:template name='t'>" + text + "</xsl:template>";
+    };
+    const std::string main = write_sheet(
+        "<xsl:include href='the%20part.xsl'/><xsl:import href='other.xsl'/>", "wrong order.xsl");
+    EXPECT_NE(transform(kReply, main).find("error: The style sheet could not be"),
+              std::string::npos);
+
+    write_sheet(part("one"), "the part.xsl");
+    const std::string sheet = write_sheet(
+        "<xsl:include href='the%20part.xsl'/><xsl:template match='/'>"
+        "<xsl:call-template name='t'/></xsl:template>",
+        "main.xsl");
+    EXPECT_EQ(transform(kReply, sheet), "one");
+    EXPECT_EQ(transform(kReply, sheet), "one");
+    write_sheet(part("three"), "the part.xsl");
+    EXPECT_EQ(transform(kReply, sheet), "three");
+    fs::last_write_time(folder_ / "the part.xsl",
+                        fs::last_write_time(folder_ / "the part.xsl") + std::chrono::hours(1));
+    EXPECT_EQ(transform(kReply, sheet), "three");
+    fs::remove(folder_ / "the part.xsl");
+    EXPECT_NE(transform(kReply, sheet).find("the part.xsl: No such file"), std::string::npos);
+    write_sheet(part("four"), "the part.xsl");
+    EXPECT_EQ(transform(kReply, sheet), "four");
+}
+
+TEST_F(StyleSheetTest, SaysWhatWasWrong) {
+    testing::internal::CaptureStderr();
+    const std::string good = write_sheet("<xsl:template match='/'>x</xsl:template>", "good.xsl");
+    auto sheet = [&, count = 0](const std::string& body) mutable {
+        return write_sheet(body, "bad" + std::to_string(++count) + ".xsl");
+    };
+    const auto rule = [](const std::string& body) {
+        return "<xsl:template match='/'>" + body + "</xsl:template>";
+    };
+    const struct {
+        std::string xml;
+        std::string file;
+        std::string expected;
+    } cases[] = {
+        {kReply, (folder_ / "none.xsl").string(),
+         "The style sheet could not be opened: none.xsl: No such file or directory."},
+        {kReply, folder_.string(), "The style sheet could not be opened: "},
+        {kReply, write("broken.xsl", "<a>\n</b>"),
+         "The style sheet is not well-formed: Opening and ending tag mismatch: a line 1 and b "
+         "(broken.xsl, line 2)."},
+        {kReply, write("plain.xsl", "<a/>"), "The style sheet could not be compiled: "},
+        {kReply, sheet(rule("<xsl:value-of select='1 +'/>")),
+         "The style sheet could not be compiled: Invalid expression"},
+        {kReply, sheet(rule("<xsl:value-of select='unknown()'/>")),
+         "The style sheet could not be run: "},
+        {kReply, sheet(rule("<xsl:value-of select='$unknown'/>")),
+         "The style sheet could not be run: "},
+        {kReply, sheet(rule("<xsl:element name='{r/b} '/>")), "The style sheet could not be run: "},
+        {kReply,
+         sheet(rule("<xsl:message terminate='yes'><xsl:value-of select='r/b'/>"
+                    "</xsl:message>")),
+         "The style sheet stopped the transformation."},
+        {kReply,
+         sheet(rule("<xsl:call-template name='x'/>") +
+               "<xsl:template name='x'><xsl:call-template name='x'/></xsl:template>"),
+         "The style sheet could not be run: "},
+        {kReply, sheet("<xsl:include href='http://127.0.0.1:9/x.xsl'/>"), "Only files can be read"},
+        {kReply, sheet(rule("<xsl:value-of select=\"document('http://127.0.0.1:9/x')\"/>")),
+         "The style sheet could not be run: Network file read refused ("},
+        {kReply, sheet(rule("<xsl:document href='written.xml'><x/></xsl:document>")),
+         "The style sheet could not be run: "},
+        {kReply, sheet(rule("<xsl:document href='http://127.0.0.1:9/{r/b}'><x/></xsl:document>")),
+         "The style sheet could not be run: "},
+        {kReply, sheet(rule("<xsl:value-of select='str:tokenize(r/b, 1, 2, 3)'/>")),
+         "The style sheet could not be run: "},
+        {"<r>", good, "The XML could not be parsed: Premature end of data in tag r line 1"},
+        {"", good, "The XML could not be parsed: Document is empty"},
+        {"<!DOCTYPE r [<!ENTITY e 'x'>]><r>&e;</r>", good,
+         "The XML could not be parsed: The document declares an entity."},
+    };
+    for (const auto& c : cases) {
+        const std::string result = transform(c.xml, c.file);
+        EXPECT_EQ(result.find("error: "), 0U) << result;
+        EXPECT_NE(result.find(c.expected), std::string::npos) << result;
+        EXPECT_EQ(result.find("é€"), std::string::npos) << result;
+    }
+    EXPECT_FALSE(fs::exists(folder_ / "written.xml"));
+    EXPECT_FALSE(fs::exists("written.xml"));
+    // A message is no failure, and the library is still in working order.
+    EXPECT_EQ(transform(kReply, sheet(kText + rule("<xsl:message>m</xsl:message>x"))), "x");
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+}
+
+TEST_F(StyleSheetTest, BoundsTheEntitiesOfASheet) {
+    const auto with = [&](const std::string& declarations, const std::string& text,
+                          const std::string& name) {
+        return write(name, "<!DOCTYPE xsl:stylesheet [" + declarations +
+                               "]><xsl:stylesheet version='1.0' "
+                               "xmlns:xsl='http://www.w3.org/1999/XSL/Transform'>" +
+                               kText + "<xsl:template match='/'>" + text +
+                               "</xsl:template></xsl:stylesheet>");
+    };
+    EXPECT_EQ(transform(kReply, with("<!ENTITY nbsp '&#160;'>", "a&nbsp;b", "nbsp.xsl")),
+              "a\u00A0b");
+    const std::string external = "<!ENTITY e SYSTEM 'secret.txt'>";
+    write("secret.txt", "secret");
+    EXPECT_NE(transform(kReply, with(external, "&e;", "external.xsl")).find("declares an entity"),
+              std::string::npos);
+    std::string bomb = "<!ENTITY e0 'xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx'>";
+    for (int i = 1; i < 12; ++i) {
+        bomb += "<!ENTITY e" + std::to_string(i) + " '";
+        for (int j = 0; j < 10; ++j) bomb += "&e" + std::to_string(i - 1) + ";";
+        bomb += "'>";
+    }
+    EXPECT_NE(transform(kReply, with(bomb, "&e11;", "bomb.xsl")).find("not well-formed"),
+              std::string::npos);
+}
+
+}  // namespace
+}  // namespace zr
