@@ -174,7 +174,7 @@ void ZRXMLBuilder::write_dated_element(std::string_view name, const DateOrNull& 
     const auto date = held_date(value);
     if (date) {
         write_element(name, format(*date).append(suffix));
-    } else if (!dont_write_if_blank) {
+    } else if (!dont_write_if_blank || !is_null(value)) {  // only null counts as blank
         write_element(name, {});
     }
 }

@@ -54,7 +54,8 @@ class ZRXMLBuilder {
     void WriteDateTime(const DateOrNull& value);
 
     // An element with its value, all in one; an empty text or a null date is left out when it is
-    // not to be written, and an empty element otherwise.
+    // not to be written, and an empty element otherwise. A text in place of a date is no blank: it
+    // gives an empty element in any case.
     void WriteTagWithText(std::string_view name, std::string_view value,
                           bool dont_write_if_blank = false);
     void WriteTagWithBoolean(std::string_view name, bool value);

@@ -23,10 +23,11 @@ std::string status_message(const HttpReply& reply, const std::string& address) {
            "correctly.\r\n";
 }
 
-std::string failure_message(const PlatformError& error) {
+std::string failure_message(const std::exception& error) {
     std::string message = error_text(error);
     message += kPossibleCauses;
-    if (error.number() == error_number::kTimeout) {
+    const auto* platform_error = dynamic_cast<const PlatformError*>(&error);
+    if (platform_error != nullptr && platform_error->number() == error_number::kTimeout) {
         return message + "1. Your connection details (Timeout) are not setup correctly.\r\n";
     }
     return message +
@@ -97,7 +98,7 @@ std::optional<XmlDocument> VedaXmlService::ExecuteRequest(Request& request) {
             fail(status_message(reply, http.url));
             return std::nullopt;
         }
-    } catch (const PlatformError& error) {
+    } catch (const std::exception& error) {
         fail(failure_message(error));
         return std::nullopt;
     }
