@@ -1,0 +1,16 @@
+// The reply read the plain way: libxml2's own tree, and an XPath string evaluated for every value.
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+namespace zr::bench {
+
+/// Parses the text with xmlReadMemory and frees it again.
+void read_and_free(const std::string& text);
+
+/// As read_and_free, with every value that the Australian report lines read taken by
+/// xmlXPathEvalExpression in between. The number of values found.
+std::size_t read_naively(const std::string& text);
+
+}  // namespace zr::bench

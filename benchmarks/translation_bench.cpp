@@ -1,0 +1,165 @@
+// What translating a reply costs, beside xmlReadMemory alone and beside reading every value with an
+// XPath string: ratios measured in one run.
+
+#include <benchmark/benchmark.h>
+#include <sys/resource.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "facade/zr_credit_bureau.h"
+#include "naive_reader.h"
+#include "reply_maker.h"
+
+namespace zr::bench {
+namespace {
+
+/// A facade with a request on which replies are translated again and again.
+class Translator {
+  public:
+    Translator() {
+        bureau_.Initialise("AU");
+        request_ = bureau_.CreateRequest();
+        request_->ServiceName("VedaXMLAU");
+        request_->ProductId("consumer-plus-commercial-enquiry");
+    }
+
+    void translate(const std::string& reply) {
+        if (!bureau_.BuildResponse(*request_, DateTime::ymd(2014, 6, 15), reply)) {
+            std::fprintf(stderr, "%s\n", bureau_.ErrorMessage().c_str());
+            std::exit(1);
+        }
+        benchmark::DoNotOptimize(request_->Response()->ResponseElements().Count());
+    }
+
+  private:
+    ZRCreditBureau bureau_;
+    std::unique_ptr<Request> request_;
+};
+
+constexpr std::size_t kSizes[] = {8'000, 75'000, 740'000};
+
+struct Case {
+    const char* name;
+    std::function<void(const std::string&)> run;
+};
+
+std::vector<Case> cases() {
+    auto translator = std::make_shared<Translator>();
+    return {{"parse", read_and_free},
+            {"translate", [translator](const std::string& reply) { translator->translate(reply); }},
+            {"naive", [](const std::string& reply) { read_naively(reply); }}};
+}
+
+/// Keeps the least time of every benchmark: what the work costs when the machine does nothing else.
+class LeastTimes : public benchmark::BenchmarkReporter {
+  public:
+    bool ReportContext(const Context& /*context*/) override { return true; }
+    void ReportRuns(const std::vector<Run>& runs) override {
+        for (const Run& run : runs) {
+            if (run.run_type == Run::RT_Iteration) {
+                const double time = run.GetAdjustedCPUTime();
+                auto [entry, created] = times_.try_emplace(run.run_name.function_name, time);
+                entry->second = std::min(entry->second, time);
+            }
+        }
+    }
+    double of(const std::string& name) const { return times_.at(name); }
+
+  private:
+    std::map<std::string, double> times_;
+};
+
+std::string key(std::string_view name, std::size_t size) {
+    return std::string(name) + " " + std::to_string(size);
+}
+
+void print_ratios(const LeastTimes& times, const std::map<std::size_t, std::size_t>& bytes) {
+    std::printf("%10s %12s %12s %12s %16s %16s %14s\n", "reply", "parse us", "translate us",
+                "naive us", "translate/parse", "naive/translate", "cost growth");
+    std::printf("%10s %12s %12s %12s %16s %16s %14s\n", "bytes", "", "", "", "(at most 0.8)",
+                "(at least 5)", "/size growth");
+    double previous = 0;
+    for (const auto& [size, length] : bytes) {
+        const double parse = times.of(key("parse", size));
+        const double translate = times.of(key("translate", size));
+        const double naive = times.of(key("naive", size));
+        const double per_byte = translate / static_cast<double>(length);
+        std::printf("%10zu %12.1f %12.1f %12.1f %16.2f %16.1f", length, parse, translate, naive,
+                    translate / parse, naive / translate);
+        if (previous > 0) {
+            std::printf(" %14.2f", per_byte / previous);
+        }
+        std::printf("\n");
+        previous = per_byte;
+    }
+}
+
+void measure(int argc, char** argv) {
+    std::vector<std::string> options = {"bench_translation", "--benchmark_repetitions=9",
+                                        "--benchmark_min_time=0.05",
+                                        "--benchmark_enable_random_interleaving=true"};
+    options.insert(options.end(), argv + 1, argv + argc);
+    std::vector<char*> pointers;
+    for (std::string& option : options) {
+        pointers.push_back(option.data());
+    }
+    int count = static_cast<int>(pointers.size());
+    benchmark::Initialize(&count, pointers.data());
+
+    std::map<std::size_t, std::size_t> bytes;
+    for (const std::size_t size : kSizes) {
+        const auto reply = std::make_shared<const std::string>(make_australian_reply(size));
+        bytes[size] = reply->size();
+        for (const Case& each : cases()) {
+            benchmark::RegisterBenchmark(key(each.name, size).c_str(),
+                                         [reply, run = each.run](benchmark::State& state) {
+                                             for (auto _ : state) {
+                                                 run(*reply);
+                                             }
+                                         })
+                ->Unit(benchmark::kMicrosecond);
+        }
+    }
+    LeastTimes times;
+    benchmark::RunSpecifiedBenchmarks(&times);
+    print_ratios(times, bytes);
+}
+
+/// Runs one case a number of times and prints the process's peak memory beside the reply's size:
+/// what instruction counters and memory meters are put around.
+int run_once(std::string_view name, std::size_t size, int times) {
+    const std::string reply = make_australian_reply(size);
+    for (const Case& each : cases()) {
+        if (each.name == name) {
+            for (int round = 0; round < times; ++round) {
+                each.run(reply);
+            }
+            rusage usage{};
+            getrusage(RUSAGE_SELF, &usage);
+            std::printf("%zu %ld\n", reply.size(), usage.ru_maxrss * 1024);
+            return 0;
+        }
+    }
+    std::fprintf(stderr, "bench_translation: no case '%s'\n", std::string(name).c_str());
+    return 2;
+}
+
+}  // namespace
+}  // namespace zr::bench
+
+// bench_translation [--benchmark_...], or bench_translation --run CASE BYTES TIMES
+int main(int argc, char** argv) {
+    if (argc == 5 && std::string_view(argv[1]) == "--run") {
+        return zr::bench::run_once(argv[2], std::strtoul(argv[3], nullptr, 10), std::atoi(argv[4]));
+    }
+    zr::bench::measure(argc, argv);
+    return 0;
+}

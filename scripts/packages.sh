@@ -1,0 +1,40 @@
+# Debian packages by purpose, and how they get onto a machine. Sourced by the other scripts.
+
+packages_build="g++ cmake ninja-build pkg-config git libxml2-dev libxslt1-dev libcurl4-openssl-dev
+  libutf8proc-dev rapidjson-dev libcli11-dev libboost-dev libssl-dev ca-certificates"
+packages_test="libgtest-dev python3"
+packages_bench="libbenchmark-dev python3 python3-lxml valgrind"
+packages_check="clang-14 clang-tidy-14 clang-format-14 libclang-rt-14-dev"
+
+# Installs those of the named packages that are missing.
+need_packages() {
+  local missing=()
+  for package in "$@"; do
+    dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'ok installed' ||
+      missing+=("$package")
+  done
+  [ ${#missing[@]} -eq 0 ] && return 0
+  echo "Installing ${missing[*]} ..." >&2
+  local as_root=()
+  [ "$(id -u)" -eq 0 ] || as_root=(sudo)
+  "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get update -qq >&2
+  "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq \
+    --no-install-recommends "${missing[@]}" >&2
+}
+
+# Configures and builds a preset, quietly unless it fails: build_preset PRESET [TARGET...], with
+# further options for the configuration in the array configure_options.
+build_preset() {
+  local preset=$1 log
+  shift
+  log=$(mktemp)
+  echo "Building ($preset) ..." >&2
+  if ! { cmake --preset "$preset" ${configure_options[@]+"${configure_options[@]}"} &&
+         cmake --build --preset "$preset" ${1:+--target "$@"}; } >"$log" 2>&1; then
+    cat "$log" >&2
+    rm -f "$log"
+    return 1
+  fi
+  grep -E 'warning:' "$log" >&2 || true
+  rm -f "$log"
+}
