@@ -56,7 +56,8 @@ class StyleSheetTest : public testing::Test {
     StyleSheets sheets_;
 };
 
-constexpr const char* kText = "<xsl:output method='text'/>";
+std::string as_text(const std::string& rules) { return "<xsl:output method='text'/>" + rules; }
+
 constexpr const char* kReply =
     "<?xml version='1.0' encoding='UTF-16'?>\n<r>\n  <a>1</a>\n  <a>2</a>\n <b>é€</b></r>";
 
@@ -113,19 +114,18 @@ TEST_F(StyleSheetTest, RunsTheFunctionsThatReportsUse) {
     write("part.xml", "<p>part</p>");
     for (const auto& c : cases) {
         const std::string name = "s" + std::to_string(&c - cases) + ".xsl";
-        const std::string sheet = write_sheet(
-            std::string(kText) +
-                "<xsl:variable name='fragment'><x/><x/></xsl:variable><xsl:template match='/'>"
-                "<xsl:value-of select=\"" +
-                c.select + "\"/></xsl:template>",
-            name);
+        const std::string rules =
+            "<xsl:variable name='fragment'><x/><x/></xsl:variable><xsl:template match='/'>"
+            "<xsl:value-of select=\"" +
+            std::string(c.select) + "\"/></xsl:template>";
+        const std::string sheet = write_sheet(as_text(rules), name);
         EXPECT_EQ(transform(kReply, sheet), c.expected) << c.select;
     }
 }
 
 TEST_F(StyleSheetTest, CompilesAgainWhenAFileOfItChanges) {
     const auto part = [](const std::string& text) {
-        return std::string(kText) + "<xsl:template name='t'>" + text + "</xsl:template>";
+        return as_text("<xsl:template name='t'>" + text + "</xsl:template>");
     };
     const std::string main = write_sheet(
         "<xsl:include href='the%20part.xsl'/><xsl:import href='other.xsl'/>", "wrong order.xsl");
@@ -209,7 +209,7 @@ TEST_F(StyleSheetTest, SaysWhatWasWrong) {
     EXPECT_FALSE(fs::exists(folder_ / "written.xml"));
     EXPECT_FALSE(fs::exists("written.xml"));
     // A message is no failure, and the library is still in working order.
-    EXPECT_EQ(transform(kReply, sheet(kText + rule("<xsl:message>m</xsl:message>x"))), "x");
+    EXPECT_EQ(transform(kReply, sheet(as_text(rule("<xsl:message>m</xsl:message>x")))), "x");
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
 }
 
@@ -219,7 +219,7 @@ TEST_F(StyleSheetTest, BoundsTheEntitiesOfASheet) {
         return write(name, "<!DOCTYPE xsl:stylesheet [" + declarations +
                                "]><xsl:stylesheet version='1.0' "
                                "xmlns:xsl='http://www.w3.org/1999/XSL/Transform'>" +
-                               kText + "<xsl:template match='/'>" + text +
+                               as_text("<xsl:template match='/'>" + text) +
                                "</xsl:template></xsl:stylesheet>");
     };
     EXPECT_EQ(transform(kReply, with("<!ENTITY nbsp '&#160;'>", "a&nbsp;b", "nbsp.xsl")),

@@ -21,7 +21,7 @@ namespace zr {
 namespace {
 
 constexpr std::size_t kMostSheets = 64;
-constexpr int kDeepestTemplate = 3000;
+constexpr int kDeepestTemplate = 3000;  // fits a thread with a stack of 1 MiB
 constexpr unsigned long kMostOperations = 100'000'000;
 
 template <auto Free>
