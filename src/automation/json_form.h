@@ -15,9 +15,12 @@ namespace zr::automation {
 /// another type, and leaves the properties before it written.
 void read_request(const JsonValue& json, Request& request);
 
-/// Writes the settings of services from an object of objects: service name, setting, value. Throws
-/// JsonError as read_request does, and for a service that the bureau does not have.
-void read_services(const JsonValue& json, const Services& services);
+/// Writes the members of an object into the settings of a service. Throws JsonError as read_request
+/// does.
+void read_settings(const JsonValue& json, Service& service);
+
+/// The setting of a service with this name in any letter case; null when it has none.
+const Property<Service>* find_setting(const Service& service, std::string_view name);
 
 /// A JSON value as the value of a property of this type. Throws JsonError, its reason starting with
 /// `name`, for a value of another type. A text is a view into `json`.

@@ -226,17 +226,15 @@ void read_request(const JsonValue& json, Request& request) {
     }
 }
 
-void read_services(const JsonValue& json, const Services& services) {
-    for (const auto& [name, settings] : require_object(json, "Services").members()) {
-        if (!services.Exists(name)) {
-            throw JsonError("Service '" + shown(name) + "' does not exist.");
-        }
-        Service& service = services.Item(name);
-        const std::string owner = "Services." + std::string(service.ServiceName());
-        for (const JsonValue::Member& member : require_object(settings, owner).members()) {
-            write_property(service, service.settings(), owner, member);
-        }
+void read_settings(const JsonValue& json, Service& service) {
+    const std::string owner = "Services." + std::string(service.ServiceName());
+    for (const JsonValue::Member& member : require_object(json, owner).members()) {
+        write_property(service, service.settings(), owner, member);
     }
+}
+
+const Property<Service>* find_setting(const Service& service, std::string_view name) {
+    return find_property(service.settings(), name);
 }
 
 }  // namespace zr::automation

@@ -1,0 +1,140 @@
+#include "zrcreditbureau/commands.h"
+
+#include <iostream>
+#include <memory>
+
+#include "automation/json_form.h"
+#include "platform/text.h"
+#include "zrcreditbureau/catalogue_text.h"
+#include "zrcreditbureau/failure.h"
+#include "zrcreditbureau/files.h"
+#include "zrcreditbureau/ndjson.h"
+#include "zrcreditbureau/report_text.h"
+
+namespace zr::cli {
+namespace {
+
+using Fields = Command::Fields;
+
+constexpr Command kCommands[] = {
+    {"catalogue", "List a country's services, products, options and code tables",
+     "zrcreditbureau catalogue --country AU --format text", std::nullopt, Fields::kNone,
+     Format::kJson, false},
+    {"compose", "Compose the request document without sending anything",
+     "zrcreditbureau compose --country AU --service VedaXMLAU --product consumer-enquiry\n"
+     "      --last-name Smith --first-name Jane --date-of-birth 1970-01-02 --option score",
+     Operation::kCompose, Fields::kAll, Format::kText, false},
+    {"enquire", "Send an enquiry and report the reply",
+     "zrcreditbureau enquire --country AU --settings bureau.json --request applicant.json",
+     Operation::kEnquire, Fields::kAll, Format::kText, true},
+    {"list", "Search for companies",
+     "zrcreditbureau list --country AU --settings bureau.json --service VedaXMLAU\n"
+     "      --company-name \"Acme Holdings\"",
+     Operation::kList, Fields::kAll, Format::kText, true},
+    {"verify", "Test the connection of a service",
+     "zrcreditbureau verify --country AU --settings bureau.json --service VedaXMLAU",
+     Operation::kVerify, Fields::kService, Format::kText, false},
+    {"translate", "Report a stored reply",
+     "zrcreditbureau translate reply.xml --country AU --service VedaXMLAU\n"
+     "      --product consumer-enquiry --date 2012-06-15",
+     Operation::kTranslate, Fields::kServiceAndProduct, Format::kText, true},
+};
+
+void write_document(Output& output, std::string document) {
+    if (!document.empty() && !document.ends_with('\n')) {
+        document += '\n';
+    }
+    output.write(document);
+    output.finish();
+}
+
+std::string outcome_text(Operation operation, const Outcome& outcome) {
+    switch (operation) {
+        case Operation::kCompose:
+            return outcome.request_xml;
+        case Operation::kVerify:
+            return "The connection works.";
+        case Operation::kList:
+            return report_text(*outcome.response, "No companies were found.");
+        case Operation::kEnquire:
+        case Operation::kTranslate:
+            break;
+    }
+    return report_text(*outcome.response, "The reply holds no report lines.");
+}
+
+std::string outcome_document(const Invocation& invocation, const Outcome& outcome) {
+    const Operation operation = *invocation.command->operation;
+    switch (invocation.format) {
+        case Format::kJson:
+            return result_json(operation, outcome);
+        case Format::kHtml:
+            if (!outcome.response->ResponseHTML().empty()) {
+                return outcome.response->ResponseHTML();
+            }
+            // What was paid for is not thrown away.
+            std::cerr << "There is no HTML without a style sheet (--xslt-file-name): this is the "
+                         "text report.\n";
+            break;
+        case Format::kText:
+            break;
+    }
+    return outcome_text(operation, outcome);
+}
+
+void require_country(const Invocation& invocation) {
+    if (invocation.job.country.empty()) {
+        throw MisuseError("Name the country with --country, for example --country AU.");
+    }
+}
+
+int run_catalogue(const Invocation& invocation) {
+    require_country(invocation);
+    ZRCreditBureau bureau;
+    if (!bureau.Initialise(invocation.job.country)) {
+        throw MisuseError(bureau.ErrorMessage());
+    }
+    Output output(invocation.output_path);
+    if (invocation.format == Format::kText) {
+        write_document(output, catalogue_text(bureau));
+    } else {
+        automation::JsonWriter json;
+        automation::write_catalogue(json, bureau);
+        write_document(output, json.take());
+    }
+    return kDone;
+}
+
+int run_one(const Invocation& invocation) {
+    require_country(invocation);
+    Output output(invocation.output_path);  // one that cannot be written fails before all else
+    Performer performer(*invocation.command->operation);
+    const Outcome outcome = performer.perform(invocation.job);
+    if (outcome.result || invocation.format == Format::kJson) {
+        write_document(output, outcome_document(invocation, outcome));
+    }
+    if (!outcome.result) {
+        std::cerr << printable(outcome.error_message) << '\n';
+    }
+    return outcome.result ? kDone : kFailed;
+}
+
+}  // namespace
+
+std::span<const Command> commands() { return kCommands; }
+
+int run_command(const Invocation& invocation) {
+    if (!invocation.command->operation) {
+        return run_catalogue(invocation);
+    }
+    if (!invocation.ndjson) {
+        return run_one(invocation);
+    }
+    Performer performer(*invocation.command->operation);
+    Output output(invocation.output_path);
+    run_ndjson(performer, invocation.job, output);
+    output.finish();
+    return kDone;
+}
+
+}  // namespace zr::cli

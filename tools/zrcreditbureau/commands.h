@@ -1,0 +1,42 @@
+// The commands of the program.
+#pragma once
+
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "zrcreditbureau/job.h"
+#include "zrcreditbureau/operation.h"
+
+namespace zr::cli {
+
+enum class Format { kText, kJson, kHtml };
+
+struct Command {
+    std::string_view name;
+    std::string_view summary;
+    std::string_view example;
+    /// None for the command that only reads the catalogue.
+    std::optional<Operation> operation;
+    /// Which request properties are options: all of them, or only those that name the service.
+    enum class Fields { kNone, kService, kServiceAndProduct, kAll } fields;
+    Format format;  ///< unless another is asked for
+    bool html;      ///< whether html is among the formats
+};
+
+std::span<const Command> commands();
+
+/// What the command line, the files that it names and the environment ask for.
+struct Invocation {
+    const Command* command = nullptr;
+    Job job;
+    bool ndjson = false;
+    Format format = Format::kText;
+    std::string output_path;
+};
+
+/// Runs a command; the exit status. Throws MisuseError, OutputError and automation::JsonError.
+int run_command(const Invocation& invocation);
+
+}  // namespace zr::cli

@@ -1,0 +1,74 @@
+// Files and standard streams: whole files in, lines in, one output that appears when it is
+// complete.
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace zr::cli {
+
+/// No file and no line of input may be larger.
+inline constexpr std::size_t kLargestInput = std::size_t{256} << 20;
+
+/// The whole of a file as UTF-8 text, without a byte-order mark; "-" is standard input. A
+/// byte-order mark, else UTF-8, else the encoding that an XML declaration names says how it is
+/// decoded. Throws MisuseError.
+std::string read_text_file(const std::string& path);
+
+/// Reads the lines of an input.
+class LineReader {
+  public:
+    /// `before_waiting` is called before each read, which may wait for whoever writes the input.
+    LineReader(int descriptor, std::function<void()> before_waiting)
+        : descriptor_(descriptor), before_waiting_(std::move(before_waiting)) {}
+
+    /// The next line without its line feed, valid until the next call; false at the end. Throws
+    /// MisuseError when the input cannot be read.
+    bool next(std::string_view& line);
+
+    /// True when the line just read was longer than kLargestInput; it is then empty.
+    bool too_long() const { return too_long_; }
+
+  private:
+    /// False at the end of the input.
+    bool fill();
+
+    int descriptor_;
+    std::function<void()> before_waiting_;
+    std::vector<char> buffer_;
+    std::size_t begin_ = 0;  ///< of the line
+    std::size_t scanned_ = 0;
+    std::size_t end_ = 0;
+    bool too_long_ = false;
+    bool at_end_ = false;
+};
+
+/// Standard output, or a file that is written under another name and takes its own name when it is
+/// complete: what was there before stays until then.
+class Output {
+  public:
+    /// Standard output for an empty path. Throws OutputError.
+    explicit Output(std::string path);
+    /// Removes an incomplete file.
+    ~Output();
+    Output(const Output&) = delete;
+    Output& operator=(const Output&) = delete;
+
+    /// Both throw OutputError, BrokenPipe among them.
+    void write(std::string_view text);
+    void flush();
+
+    /// Everything is written: a file takes its name.
+    void finish();
+
+  private:
+    std::string path_;
+    std::string temporary_path_;  ///< empty when written in place
+    int descriptor_;
+    std::string pending_;
+};
+
+}  // namespace zr::cli

@@ -1,0 +1,47 @@
+// A job: one operation on the credit bureau of a country, as a document.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "automation/json.h"
+#include "platform/date_time.h"
+
+namespace zr::cli {
+
+/// Settings of services, from one of the places where they can be given.
+struct SettingsLayer {
+    enum class Scope {
+        kNamed,         ///< an object of settings by service name
+        kNamedIfThere,  ///< likewise, passing over services that the country does not have
+        kEvery,         ///< one object of settings, for whichever services have them
+    };
+    Scope scope = Scope::kNamed;
+    automation::JsonValue settings;
+};
+
+/// What a job document holds. Only the country is required of every job.
+struct Job {
+    std::string country;
+    std::optional<bool> test_mode;
+    std::optional<std::string> date_format;
+    std::optional<std::string> currency_format;
+    std::optional<std::string> currency_format_symbol;
+    /// Each is written over those before it.
+    std::vector<SettingsLayer> services;
+    /// Objects of request properties, likewise.
+    std::vector<automation::JsonValue> requests;
+    /// What compose composes: "CreditEnquiry", "GetList" or "VerifyConnection".
+    std::string operation = "CreditEnquiry";
+    std::optional<DateTime> response_date;
+    std::optional<std::string> response_xml;
+};
+
+/// Reads the members of a job document into `job`. Throws automation::JsonError.
+void read_job(automation::JsonValue&& document, Job& job);
+
+/// True for a document in the form of a job, false for the properties of a request alone.
+bool is_job_document(const automation::JsonValue& document);
+
+}  // namespace zr::cli

@@ -1,0 +1,41 @@
+// The command-line host.
+#include <csignal>
+#include <exception>
+#include <iostream>
+#include <optional>
+
+#include "automation/json.h"
+#include "platform/error.h"
+#include "zrcreditbureau/failure.h"
+#include "zrcreditbureau/options.h"
+#include "zrcreditbureau/report_text.h"
+
+namespace {
+
+int fail(int status, std::string_view reason) {
+    std::cerr << "zrcreditbureau: " << zr::cli::printable(reason) << '\n';
+    return status;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    using namespace zr::cli;
+    // A reader that goes away is an error of a write, not the end of the process.
+    std::signal(SIGPIPE, SIG_IGN);
+    try {
+        int status = kDone;
+        const std::optional<Invocation> invocation = read_command_line(argc, argv, status);
+        return invocation ? run_command(*invocation) : status;
+    } catch (const BrokenPipe&) {
+        return kFailed;
+    } catch (const OutputError& error) {
+        return fail(kFailed, error.what());
+    } catch (const MisuseError& error) {
+        return fail(kMisuse, error.what());
+    } catch (const zr::automation::JsonError& error) {
+        return fail(kMisuse, error.what());
+    } catch (const std::exception& error) {
+        return fail(kFailed, zr::error_text(error));
+    }
+}

@@ -1,0 +1,53 @@
+#include "zrcreditbureau/ndjson.h"
+
+#include <unistd.h>
+
+#include <exception>
+#include <string>
+
+#include "platform/error.h"
+#include "zrcreditbureau/failure.h"
+
+namespace zr::cli {
+namespace {
+
+Outcome perform_line(Performer& performer, Job job, std::string_view line) {
+    if (line.find_first_not_of(" \t\r") == std::string_view::npos) {
+        throw automation::JsonError("The line is empty.");
+    }
+    read_job(automation::parse_json(line), job);
+    return performer.perform(std::move(job));
+}
+
+/// Never throws for what a line holds: whatever is wrong with one is its result.
+Outcome answer(Performer& performer, const Job& base, std::string_view line, bool too_long) {
+    Outcome outcome;
+    try {
+        if (too_long) {
+            throw automation::JsonError("The line is longer than 256 MiB.");
+        }
+        return perform_line(performer, base, line);
+    } catch (const automation::JsonError& error) {
+        outcome.error_message = error.what();
+    } catch (const std::exception& error) {
+        outcome.error_message = error_text(error);
+    }
+    return outcome;
+}
+
+}  // namespace
+
+void run_ndjson(Performer& performer, const Job& base, Output& output) {
+    LineReader lines(STDIN_FILENO, [&] { output.flush(); });
+    std::string_view line;
+    for (bool first = true; lines.next(line); first = false) {
+        constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+        if (first && line.starts_with(kByteOrderMark)) {
+            line.remove_prefix(kByteOrderMark.size());
+        }
+        const Outcome outcome = answer(performer, base, line, lines.too_long());
+        output.write(result_json(performer.operation(), outcome) + "\n");
+    }
+}
+
+}  // namespace zr::cli

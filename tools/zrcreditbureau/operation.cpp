@@ -1,0 +1,190 @@
+#include "zrcreditbureau/operation.h"
+
+#include <array>
+#include <optional>
+#include <utility>
+
+#include "automation/json_form.h"
+#include "platform/error.h"
+#include "platform/text.h"
+
+namespace zr::cli {
+
+using automation::JsonError;
+using automation::JsonValue;
+
+/// Keeps what would be sent and sends nothing.
+class Performer::CapturingTransport final : public HttpTransport {
+  public:
+    HttpReply exchange(const HttpRequest& request) override {
+        body_ = request.body;
+        throw PlatformError(error_number::kCannotConnect, "Nothing is sent.");
+    }
+
+    /// The body captured since the last call.
+    std::optional<std::string> take() { return std::exchange(body_, std::nullopt); }
+
+  private:
+    std::optional<std::string> body_;
+};
+
+namespace {
+
+/// What the facade does for a job.
+using Procedure = bool (*)(ZRCreditBureau&, Request&, const Job&);
+
+bool enquire(ZRCreditBureau& bureau, Request& request, const Job& /*job*/) {
+    return bureau.ExecuteCreditEnquiry(request);
+}
+
+bool list(ZRCreditBureau& bureau, Request& request, const Job& /*job*/) {
+    return bureau.ExecuteGetList(request);
+}
+
+bool verify(ZRCreditBureau& bureau, Request& request, const Job& /*job*/) {
+    return bureau.ExecuteVerifyConnection(request.ServiceName());
+}
+
+bool translate(ZRCreditBureau& bureau, Request& request, const Job& job) {
+    if (!job.response_xml) {
+        throw JsonError("ResponseXML is missing.");
+    }
+    // Without a date the reply counts as received today, as a live one does.
+    const DateTime date = job.response_date.value_or(DateTime::now().date_only());
+    return bureau.BuildResponse(request, date, *job.response_xml);
+}
+
+/// The operations that compose a document, by the name that a job gives.
+constexpr struct {
+    std::string_view name;
+    Procedure procedure;
+} kComposed[] = {
+    {"CreditEnquiry", enquire},
+    {"GetList", list},
+    {"VerifyConnection", verify},
+};
+
+bool compose(ZRCreditBureau& bureau, Request& request, const Job& job) {
+    for (const auto& row : kComposed) {
+        if (text::equal_ignoring_case(row.name, job.operation)) {
+            return row.procedure(bureau, request, job);
+        }
+    }
+    throw JsonError("Operation must be CreditEnquiry, GetList or VerifyConnection.");
+}
+
+constexpr std::array<Procedure, 5> kProcedures = {compose, enquire, list, verify, translate};
+
+void apply_to_named(const SettingsLayer& layer, const Services& services) {
+    if (!layer.settings.is_object()) {
+        throw JsonError("Services must be an object.");
+    }
+    for (const auto& [name, settings] : layer.settings.members()) {
+        if (services.Exists(name)) {
+            automation::read_settings(settings, services.Item(name));
+        } else if (layer.scope == SettingsLayer::Scope::kNamed) {
+            throw JsonError("Service '" + std::string(text::first(name, 64)) + "' does not exist.");
+        }
+    }
+}
+
+void apply_to_every(const JsonValue& settings, const Services& services) {
+    for (std::int32_t position = 1; position <= services.Count(); ++position) {
+        Service& service = services.Item(position);
+        for (const JsonValue::Member& setting : settings.members()) {
+            if (automation::find_setting(service, setting.first) != nullptr) {
+                JsonValue one = JsonValue::object();
+                one.members().push_back(setting);
+                automation::read_settings(one, service);
+            }
+        }
+    }
+}
+
+void apply_settings(const Job& job, ZRCreditBureau& bureau) {
+    if (job.test_mode) {
+        bureau.TestMode(*job.test_mode);
+    }
+    if (job.date_format) {
+        bureau.DateFormat(*job.date_format);
+    }
+    if (job.currency_format) {
+        bureau.CurrencyFormat(*job.currency_format);
+    }
+    if (job.currency_format_symbol) {
+        bureau.CurrencyFormatSymbol(*job.currency_format_symbol);
+    }
+    for (const SettingsLayer& layer : job.services) {
+        if (layer.scope == SettingsLayer::Scope::kEvery) {
+            apply_to_every(layer.settings, bureau.Services());
+        } else {
+            apply_to_named(layer, bureau.Services());
+        }
+    }
+}
+
+}  // namespace
+
+Performer::Performer(Operation operation)
+    : operation_(operation),
+      transport_([&]() -> std::unique_ptr<HttpTransport> {
+          if (operation != Operation::kCompose) {
+              return make_http_transport();
+          }
+          auto capture = std::make_unique<CapturingTransport>();
+          capture_ = capture.get();
+          return capture;
+      }()),
+      bureaus_(*transport_) {}
+
+Performer::~Performer() = default;
+
+Outcome Performer::perform(Job job) {
+    if (job.country.empty()) {
+        throw JsonError("Country is missing.");
+    }
+    ZRCreditBureau& bureau = bureaus_.bureau(job.country);
+    apply_settings(job, bureau);
+    const std::unique_ptr<Request> request = bureau.CreateRequest();
+    for (const JsonValue& properties : job.requests) {
+        automation::read_request(properties, *request);
+    }
+    Outcome outcome;
+    outcome.result = kProcedures[static_cast<std::size_t>(operation_)](bureau, *request, job);
+    if (capture_ != nullptr) {
+        if (std::optional<std::string> body = capture_->take()) {
+            outcome.result = true;
+            outcome.request_xml = std::move(*body);
+        }
+    } else {
+        outcome.response = request->Response();
+    }
+    if (!outcome.result) {
+        outcome.error_message = bureau.ErrorMessage();
+    }
+    return outcome;
+}
+
+std::string result_json(Operation operation, const Outcome& outcome) {
+    automation::JsonWriter json;
+    json.begin_object();
+    json.name("Result");
+    json.boolean(outcome.result);
+    json.name("ErrorMessage");
+    json.text(outcome.error_message);
+    if (operation == Operation::kCompose) {
+        json.name("RequestXML");
+        json.text(outcome.request_xml);
+    } else {
+        json.name("Response");
+        if (outcome.response != nullptr) {
+            automation::write_response(json, *outcome.response);
+        } else {
+            json.null();
+        }
+    }
+    json.end_object();
+    return json.take();
+}
+
+}  // namespace zr::cli

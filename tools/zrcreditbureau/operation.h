@@ -1,0 +1,60 @@
+// The operations that the commands perform, one job at a time.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "automation/json.h"
+#include "records/response.h"
+#include "zrcreditbureau/bureau_pool.h"
+#include "zrcreditbureau/job.h"
+
+namespace zr::cli {
+
+/// What is done with a job.
+enum class Operation {
+    kCompose,    ///< composes the request document and sends nothing
+    kEnquire,    ///< sends an enquiry and translates its reply
+    kList,       ///< searches for companies
+    kVerify,     ///< tests the connection of a service
+    kTranslate,  ///< translates a stored reply
+};
+
+struct Outcome {
+    bool result = false;
+    std::string error_message;  ///< "" when the result is true
+    std::string request_xml;    ///< of compose
+    /// Of the others, with whatever was kept where the result is false; none where there was no
+    /// job.
+    std::shared_ptr<const Response> response;
+};
+
+/// Performs one operation on job after job.
+class Performer {
+  public:
+    explicit Performer(Operation operation);
+    ~Performer();
+    Performer(const Performer&) = delete;
+    Performer& operator=(const Performer&) = delete;
+
+    /// Performs a job. Throws automation::JsonError where the job cannot be understood.
+    Outcome perform(Job job);
+
+    Operation operation() const { return operation_; }
+
+  private:
+    class CapturingTransport;
+
+    bool run(ZRCreditBureau& bureau, Request& request, const Job& job);
+
+    Operation operation_;
+    CapturingTransport* capture_ = nullptr;  // the transport of compose
+    std::unique_ptr<HttpTransport> transport_;
+    BureauPool bureaus_;
+};
+
+/// The outcome as the JSON result of a job.
+std::string result_json(Operation operation, const Outcome& outcome);
+
+}  // namespace zr::cli

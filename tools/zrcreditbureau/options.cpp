@@ -1,0 +1,350 @@
+// Reads the command line with CLI11, which no other file includes.
+#include "zrcreditbureau/options.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <iostream>
+#include <memory>
+#include <utility>
+
+#include "facade/zr_credit_bureau.h"
+#include "platform/convert.h"
+#include "records/request.h"
+#include "zrcreditbureau/countries.h"
+#include "zrcreditbureau/failure.h"
+#include "zrcreditbureau/files.h"
+#include "zrcreditbureau/names.h"
+#include "zrcreditbureau/option_values.h"
+
+namespace zr::cli {
+namespace {
+
+using automation::JsonValue;
+
+/// What the options of a command say, before files are read.
+struct Given {
+    std::string country;
+    bool production = false;
+    std::string date_format;
+    std::string currency_format;
+    std::string currency_format_symbol;
+    std::string settings_file;
+    std::string request_file;
+    std::string reply_file;
+    std::string response_date;
+    std::string operation;
+    std::vector<std::string> product_options;
+    std::string format;
+    JsonValue request = JsonValue::object();
+    JsonValue settings = JsonValue::object();
+};
+
+constexpr const char* kGeneralGroup = "Credit bureau";
+constexpr const char* kRequestGroup = "Request fields";
+constexpr const char* kSettingsGroup = "Service settings";
+constexpr const char* kOutputGroup = "Output";
+
+/// Request properties whose option is not just their name: --country is the bureau's.
+constexpr struct {
+    std::string_view property;
+    const char* names;
+} kRequestOptionNames[] = {
+    {"Country", "--address-country"},
+    {"ServiceName", "--service,--service-name"},
+    {"ProductId", "--product,--product-id"},
+};
+
+std::string request_option_names(std::string_view property) {
+    for (const auto& row : kRequestOptionNames) {
+        if (row.property == property) {
+            return row.names;
+        }
+    }
+    return "--" + option_name(property);
+}
+
+const char* type_name(ValueType type) {
+    switch (type) {
+        case ValueType::kText:
+            return "TEXT";
+        case ValueType::kBoolean:
+            return "true|false";
+        case ValueType::kCount:
+        case ValueType::kInteger:
+            return "NUMBER";
+        case ValueType::kCurrency:
+            return "AMOUNT";
+        case ValueType::kDate:
+        case ValueType::kDateOrNull:
+            break;
+    }
+    return "DATE";
+}
+
+bool takes_field(const Command& command, std::string_view property) {
+    switch (command.fields) {
+        case Command::Fields::kNone:
+            return false;
+        case Command::Fields::kService:
+            return property == "ServiceName";
+        case Command::Fields::kServiceAndProduct:
+            return property == "ServiceName" || property == "ProductId";
+        case Command::Fields::kAll:
+            break;
+    }
+    return true;
+}
+
+/// An option that becomes a member of a JSON object.
+CLI::Option* add_value_option(CLI::App& app, const std::string& names, ValueType type,
+                              std::string_view property, std::string_view meaning,
+                              JsonValue& object) {
+    const std::string option = names.substr(0, names.find(','));
+    return app
+        .add_option_function<std::string>(
+            names,
+            [type, property, option, &object](const std::string& text) {
+                add_member(object, property, option_value(type, text, option));
+            },
+            std::string(meaning))
+        ->type_name(type_name(type));
+}
+
+void add_request_options(CLI::App& app, const Command& command, Given& given) {
+    for (const Property<Request>& property : request_properties()) {
+        if (property.write != nullptr && takes_field(command, property.name)) {
+            add_value_option(app, request_option_names(property.name), property.type, property.name,
+                             property.meaning, given.request)
+                ->group(kRequestGroup);
+        }
+    }
+    if (command.fields == Command::Fields::kAll) {
+        app.add_option("--option", given.product_options,
+                       "A product option: ID to select it, ID=TEXT to give it a text")
+            ->type_name("ID[=TEXT]")
+            ->allow_extra_args(false)
+            ->group(kRequestGroup);
+    }
+}
+
+void add_settings_options(CLI::App& app, const std::vector<KnownSetting>& settings, Given& given) {
+    for (const KnownSetting& setting : settings) {
+        add_value_option(app, "--" + option_name(setting.name), setting.type, setting.name,
+                         setting.meaning, given.settings)
+            ->envname(environment_name(setting.name))
+            ->group(kSettingsGroup);
+    }
+    app.add_option("--settings", given.settings_file,
+                   "JSON file of settings by service: {\"VedaXMLAU\":{\"UserId\":\"...\"}}")
+        ->type_name("FILE")
+        ->group(kSettingsGroup);
+    app.footer(
+        "Other users of this machine can see a command line: give passwords in a --settings file\n"
+        "or in the environment. An option wins over the environment, which wins over the file.");
+}
+
+void add_general_options(CLI::App& app, const Command& command, Given& given) {
+    app.add_option("--country", given.country, "AU or NZ")->type_name("CODE")->group(kGeneralGroup);
+    if (!command.operation) {
+        return;
+    }
+    app.add_flag("--production", given.production,
+                 "Address the bureau's production system instead of its test system")
+        ->group(kGeneralGroup);
+    const std::pair<const char*, std::string*> formats[] = {
+        {"--date-format", &given.date_format},
+        {"--currency-format", &given.currency_format},
+        {"--currency-format-symbol", &given.currency_format_symbol}};
+    const char* const meanings[] = {"Pattern of dates in the report, \"medium date\" to begin with",
+                                    "Pattern of amounts, \"currency\" to begin with",
+                                    "Pattern of summary amounts, \"currency\" to begin with"};
+    for (std::size_t row = 0; row < std::size(formats); ++row) {
+        app.add_option(formats[row].first, *formats[row].second, meanings[row])
+            ->type_name("PATTERN")
+            ->group(kGeneralGroup);
+    }
+}
+
+void add_output_options(CLI::App& app, const Command& command, Given& given,
+                        Invocation& invocation) {
+    const std::string choices = command.html ? "text, json or html" : "text or json";
+    const char* const begin = command.format == Format::kJson ? "json" : "text";
+    app.add_option("--format", given.format, choices + "; " + begin + " to begin with")
+        ->type_name("FORMAT")
+        ->group(kOutputGroup);
+    app.add_option("--output", invocation.output_path,
+                   "File to write, which appears when it is complete; standard output otherwise")
+        ->type_name("FILE")
+        ->group(kOutputGroup);
+    if (command.operation) {
+        app.add_flag("--ndjson", invocation.ndjson,
+                     "For programs: one JSON job a line on standard input, one JSON result a line")
+            ->group(kOutputGroup);
+    }
+}
+
+void add_own_options(CLI::App& app, const Command& command, Given& given) {
+    if (command.operation == Operation::kTranslate) {
+        app.add_option("FILE", given.reply_file, "The stored reply; - for standard input")
+            ->type_name("");
+        app.add_option("--date,--response-date", given.response_date,
+                       "Day from which the statistics count back; today when not given")
+            ->type_name("DATE")
+            ->group(kGeneralGroup);
+    }
+    if (command.operation == Operation::kCompose) {
+        app.add_option("--operation", given.operation,
+                       "What to compose: CreditEnquiry, GetList or VerifyConnection; the first to "
+                       "begin with")
+            ->type_name("NAME")
+            ->group(kGeneralGroup);
+    }
+    if (command.fields == Command::Fields::kAll) {
+        app.add_option("--request", given.request_file,
+                       "JSON file of request properties by name, or a job document; options win")
+            ->type_name("FILE")
+            ->group(kGeneralGroup);
+    }
+}
+
+void set_if_given(std::optional<std::string>& target, const std::string& text) {
+    if (!text.empty()) {
+        target = text;
+    }
+}
+
+JsonValue product_options_value(const std::vector<std::string>& texts) {
+    JsonValue options = JsonValue::object();
+    for (const std::string& text : texts) {
+        const std::size_t equals = text.find('=');
+        JsonValue option = JsonValue::object();
+        if (equals == std::string::npos) {
+            add_member(option, "Checked", JsonValue::boolean(true));
+        } else {
+            add_member(option, "Value",
+                       option_value(ValueType::kText, text.substr(equals + 1), "--option"));
+        }
+        add_member(options, text.substr(0, equals), std::move(option));
+    }
+    return options;
+}
+
+Format format_of(const std::string& text, const Command& command) {
+    if (text.empty()) {
+        return command.format;
+    }
+    if (text == "text") {
+        return Format::kText;
+    }
+    if (text == "json") {
+        return Format::kJson;
+    }
+    if (text == "html" && command.html) {
+        return Format::kHtml;
+    }
+    throw MisuseError(std::string("--format must be ") +
+                      (command.html ? "text, json or html." : "text or json."));
+}
+
+/// Puts together what the files and the options say; later ones win.
+void complete(Invocation& invocation, Given& given) {
+    Job& job = invocation.job;
+    if (!given.settings_file.empty()) {
+        read_settings_file(given.settings_file, job);
+    }
+    if (!given.request_file.empty()) {
+        read_request_file(given.request_file, job);
+    }
+    job.services.push_back({SettingsLayer::Scope::kEvery, std::move(given.settings)});
+    if (!given.product_options.empty()) {
+        add_member(given.request, "Options", product_options_value(given.product_options));
+    }
+    job.requests.push_back(std::move(given.request));
+    if (!given.country.empty()) {
+        job.country = given.country;
+    }
+    if (given.production) {
+        job.test_mode = false;
+    }
+    if (!given.operation.empty()) {
+        job.operation = given.operation;
+    }
+    set_if_given(job.date_format, given.date_format);
+    set_if_given(job.currency_format, given.currency_format);
+    set_if_given(job.currency_format_symbol, given.currency_format_symbol);
+    if (!given.response_date.empty()) {
+        const JsonValue date = option_value(ValueType::kDate, given.response_date, "--date");
+        job.response_date = convert::to_date_time(date.text());
+        if (!job.response_date) {
+            job.response_date = convert::to_host_date(date.text());
+        }
+    }
+    invocation.format = format_of(given.format, *invocation.command);
+    if (invocation.command->operation == Operation::kTranslate && !invocation.ndjson) {
+        if (given.reply_file.empty()) {
+            throw MisuseError("Name the file of the reply, or - for standard input.");
+        }
+        job.response_xml = read_text_file(given.reply_file);
+    }
+}
+
+/// A message about the command line that shows no value: one may be a password.
+[[noreturn]] void refuse(const CLI::ParseError& error, const std::vector<std::string>& extras) {
+    if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::ExtrasError)) {
+        for (const std::string& extra : extras) {
+            if (extra.starts_with("--")) {
+                throw MisuseError("Unknown option " + extra.substr(0, extra.find('=')) + ".");
+            }
+        }
+        throw MisuseError("An argument was not expected.");
+    }
+    throw MisuseError(error.what());
+}
+
+}  // namespace
+
+std::optional<Invocation> read_command_line(int argc, const char* const* argv, int& status) {
+    CLI::App app("Credit-bureau enquiries from the command line.", "zrcreditbureau");
+    app.set_version_flag("--version", ZRCreditBureau::Version());
+    app.require_subcommand(0, 1);
+    const std::vector<KnownSetting> settings = known_settings();
+    Invocation invocation;
+    // One for each command: the options of one command must not touch another's.
+    std::vector<std::pair<CLI::App*, std::unique_ptr<Given>>> parts;
+    std::string examples = "Examples:\n";
+    for (const Command& command : commands()) {
+        CLI::App* part =
+            app.add_subcommand(std::string(command.name), std::string(command.summary));
+        Given& given = *parts.emplace_back(part, std::make_unique<Given>()).second;
+        add_general_options(*part, command, given);
+        add_own_options(*part, command, given);
+        if (command.operation) {
+            add_request_options(*part, command, given);
+            add_settings_options(*part, settings, given);
+        }
+        add_output_options(*part, command, given, invocation);
+        examples.append("  ").append(command.example).append("\n");
+    }
+    app.footer(examples + "Every command explains itself: zrcreditbureau COMMAND --help\n" +
+               "Exit status: 0 for success, 1 when the operation fails, 2 for misuse.");
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::Success& help) {
+        status = app.exit(help);
+        return std::nullopt;
+    } catch (const CLI::ParseError& error) {
+        refuse(error, app.remaining(true));
+    }
+    for (std::size_t at = 0; at < parts.size(); ++at) {
+        if (parts[at].first->parsed()) {
+            invocation.command = &commands()[at];
+            complete(invocation, *parts[at].second);
+            return invocation;
+        }
+    }
+    std::cerr << app.help();
+    status = kMisuse;
+    return std::nullopt;
+}
+
+}  // namespace zr::cli

@@ -1,0 +1,37 @@
+// A response as a report to read.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "records/response.h"
+
+namespace zr::cli {
+
+/// The response's message, report lines and candidates: groups and sub-groups as headings, values
+/// aligned behind their labels. `nothing` stands for a response that has none of them.
+std::string report_text(const Response& response, std::string_view nothing);
+
+/// Lines of a label and a value, which may itself have several lines, aligned.
+class AlignedLines {
+  public:
+    explicit AlignedLines(std::size_t indent) : indent_(indent) {}
+    void add(std::string_view label, std::string_view value);
+    /// Appends the lines added and forgets them.
+    void append_to(std::string& target);
+
+  private:
+    struct Line {
+        std::string label;
+        std::string value;
+    };
+    std::size_t indent_;
+    std::vector<Line> lines_;
+};
+
+/// Text that does nothing to a terminal: line breaks as line feeds, other control characters as
+/// "?".
+std::string printable(std::string_view text);
+
+}  // namespace zr::cli
