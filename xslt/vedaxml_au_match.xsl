@@ -1,0 +1,271 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!-- A matched file: the person and the files about them. The possible match is the same, one
+     heading lower and under its own name. -->
+<xsl:stylesheet version="1.0" xmlns:xsl="http://www.w3.org/1999/XSL/Transform">
+
+  <xsl:template match="primary-match" mode="file">
+    <xsl:call-template name="files"><xsl:with-param name="level" select="2"/></xsl:call-template>
+  </xsl:template>
+
+  <xsl:template match="possible-match" mode="other">
+    <section class="panel other" aria-labelledby="possible-match">
+      <h2 id="possible-match">Possible match</h2>
+      <p class="say warn">This file may belong to somebody else. Confirm the identity before relying on it.</p>
+      <dl class="facts">
+        <xsl:call-template name="fact">
+          <xsl:with-param name="label">Bureau file number</xsl:with-param>
+          <xsl:with-param name="value" select="bureau-reference"/>
+        </xsl:call-template>
+        <xsl:call-template name="fact">
+          <xsl:with-param name="label">Match type</xsl:with-param>
+          <xsl:with-param name="value" select="translate(@type, $small, $capital)"/>
+        </xsl:call-template>
+      </dl>
+      <xsl:call-template name="files"><xsl:with-param name="level" select="3"/></xsl:call-template>
+    </section>
+  </xsl:template>
+
+  <xsl:template name="files">
+    <xsl:param name="level"/>
+    <xsl:apply-templates select="individual[1]" mode="part">
+      <xsl:with-param name="level" select="$level"/>
+    </xsl:apply-templates>
+    <xsl:apply-templates select="individual-consumer-credit-file[*]" mode="part">
+      <xsl:with-param name="level" select="$level"/>
+    </xsl:apply-templates>
+    <xsl:apply-templates select="individual-commercial-credit-file[*]" mode="part">
+      <xsl:with-param name="level" select="$level"/>
+    </xsl:apply-templates>
+    <xsl:apply-templates select="individual-public-data-file[*]" mode="part">
+      <xsl:with-param name="level" select="$level"/>
+    </xsl:apply-templates>
+  </xsl:template>
+
+  <!-- A part of a file: a panel of its own, or a part of the possible match's panel. -->
+  <xsl:template name="part">
+    <xsl:param name="id"/>
+    <xsl:param name="level"/>
+    <xsl:param name="title"/>
+    <xsl:param name="body"/>
+    <section>
+      <xsl:attribute name="class"><xsl:choose>
+        <xsl:when test="$level = 2">panel</xsl:when>
+        <xsl:otherwise>part</xsl:otherwise>
+      </xsl:choose></xsl:attribute>
+      <xsl:if test="$level = 2"><xsl:attribute name="id"><xsl:value-of select="$id"/></xsl:attribute></xsl:if>
+      <xsl:call-template name="heading">
+        <xsl:with-param name="level" select="$level"/>
+        <xsl:with-param name="text" select="$title"/>
+      </xsl:call-template>
+      <xsl:copy-of select="$body"/>
+    </section>
+  </xsl:template>
+
+  <!-- First, other and family name with single blanks; of a person or of a cross reference. -->
+  <xsl:template match="*" mode="name">
+    <xsl:value-of select="normalize-space(concat(individual-name/first-given-name, ' ',
+                                                 individual-name/other-given-name, ' ',
+                                                 individual-name/family-name))"/>
+  </xsl:template>
+
+  <xsl:template match="primary-match" mode="lede">
+    <xsl:variable name="born" select="normalize-space(individual/date-of-birth)"/>
+    <xsl:variable name="file" select="normalize-space(bureau-reference)"/>
+    <xsl:if test="$born">
+      <xsl:text>Born </xsl:text>
+      <xsl:call-template name="date"><xsl:with-param name="text" select="$born"/></xsl:call-template>
+      <xsl:if test="$file">, </xsl:if>
+    </xsl:if>
+    <xsl:if test="$file"><xsl:value-of select="concat('bureau file ', $file)"/></xsl:if>
+  </xsl:template>
+
+  <xsl:template match="individual" mode="part">
+    <xsl:param name="level"/>
+    <xsl:call-template name="part">
+      <xsl:with-param name="id">person</xsl:with-param>
+      <xsl:with-param name="level" select="$level"/>
+      <xsl:with-param name="title">Person</xsl:with-param>
+      <xsl:with-param name="body">
+        <xsl:call-template name="details"/>
+        <xsl:call-template name="table-section">
+          <xsl:with-param name="level" select="$level + 1"/>
+          <xsl:with-param name="title">Addresses</xsl:with-param>
+          <xsl:with-param name="records" select="address"/>
+          <xsl:with-param name="columns">Type|Address|Recorded|</xsl:with-param>
+        </xsl:call-template>
+        <xsl:call-template name="table-section">
+          <xsl:with-param name="level" select="$level + 1"/>
+          <xsl:with-param name="title">Employment</xsl:with-param>
+          <xsl:with-param name="records" select="employment"/>
+          <xsl:with-param name="columns">Employer|Occupation|Recorded|</xsl:with-param>
+        </xsl:call-template>
+      </xsl:with-param>
+    </xsl:call-template>
+  </xsl:template>
+
+  <xsl:template name="details">
+    <dl class="facts">
+      <xsl:call-template name="fact">
+        <xsl:with-param name="label">Name</xsl:with-param>
+        <xsl:with-param name="value"><xsl:apply-templates select="." mode="name"/></xsl:with-param>
+      </xsl:call-template>
+      <xsl:call-template name="fact">
+        <xsl:with-param name="label">Gender</xsl:with-param>
+        <xsl:with-param name="value" select="gender/@type"/>
+        <xsl:with-param name="as">word</xsl:with-param>
+      </xsl:call-template>
+      <xsl:call-template name="fact">
+        <xsl:with-param name="label">Date of birth</xsl:with-param>
+        <xsl:with-param name="value" select="date-of-birth"/>
+        <xsl:with-param name="as">date</xsl:with-param>
+      </xsl:call-template>
+      <xsl:call-template name="fact">
+        <xsl:with-param name="label">Driver's licence number</xsl:with-param>
+        <xsl:with-param name="value" select="drivers-licence-number"/>
+      </xsl:call-template>
+    </dl>
+  </xsl:template>
+
+  <xsl:template match="address" mode="row">
+    <xsl:call-template name="cell">
+      <xsl:with-param name="label">Type</xsl:with-param>
+      <xsl:with-param name="value">
+        <xsl:variable name="type">
+          <xsl:call-template name="look-up">
+            <xsl:with-param name="table" select="$address-types"/>
+            <xsl:with-param name="code" select="string(@type)"/>
+          </xsl:call-template>
+        </xsl:variable>
+        <xsl:call-template name="word"><xsl:with-param name="text" select="string($type)"/></xsl:call-template>
+      </xsl:with-param>
+      <xsl:with-param name="head" select="true()"/>
+    </xsl:call-template>
+    <xsl:call-template name="cell">
+      <xsl:with-param name="label">Address</xsl:with-param>
+      <xsl:with-param name="value"><xsl:call-template name="address-text"/></xsl:with-param>
+      <xsl:with-param name="class">address</xsl:with-param>
+    </xsl:call-template>
+    <xsl:call-template name="cell">
+      <xsl:with-param name="label">Recorded</xsl:with-param>
+      <xsl:with-param name="value" select="@create-date"/>
+      <xsl:with-param name="as">date</xsl:with-param>
+    </xsl:call-template>
+  </xsl:template>
+
+  <!-- "2/10 ROSE COTTAGE HIGH Street", and below it "SUBURB NSW 2000". -->
+  <xsl:template name="address-text">
+    <xsl:variable name="unit" select="normalize-space(unit-number)"/>
+    <xsl:variable name="street-type">
+      <xsl:call-template name="look-up">
+        <xsl:with-param name="table" select="$street-types"/>
+        <xsl:with-param name="code" select="string(street-type/@code)"/>
+      </xsl:call-template>
+    </xsl:variable>
+    <xsl:variable name="street"
+                  select="normalize-space(concat($unit, substring('/', 1, string-length($unit)),
+                                                 street-number, ' ', property, ' ', street-name, ' ',
+                                                 $street-type))"/>
+    <xsl:variable name="place" select="normalize-space(concat(suburb, ' ', state, ' ', postcode))"/>
+    <xsl:value-of select="$street"/>
+    <xsl:if test="$street and $place"><xsl:text>&#10;</xsl:text></xsl:if>
+    <xsl:value-of select="$place"/>
+  </xsl:template>
+
+  <xsl:template match="employment" mode="row">
+    <xsl:call-template name="cell">
+      <xsl:with-param name="label">Employer</xsl:with-param>
+      <xsl:with-param name="value" select="employer"/>
+      <xsl:with-param name="head" select="true()"/>
+    </xsl:call-template>
+    <xsl:call-template name="cell">
+      <xsl:with-param name="label">Occupation</xsl:with-param>
+      <xsl:with-param name="value" select="occupation"/>
+    </xsl:call-template>
+    <xsl:call-template name="cell">
+      <xsl:with-param name="label">Recorded</xsl:with-param>
+      <xsl:with-param name="value" select="@create-date"/>
+      <xsl:with-param name="as">date</xsl:with-param>
+    </xsl:call-template>
+  </xsl:template>
+
+  <!-- A section whose records are rows of one table. Nothing when there are none. -->
+  <xsl:template name="table-section">
+    <xsl:param name="level"/>
+    <xsl:param name="title"/>
+    <xsl:param name="records"/>
+    <xsl:param name="columns"/>
+    <xsl:if test="$records">
+      <xsl:call-template name="heading">
+        <xsl:with-param name="level" select="$level"/>
+        <xsl:with-param name="text" select="$title"/>
+      </xsl:call-template>
+      <table class="wide" role="table">
+        <caption class="unseen"><xsl:value-of select="concat($title, ' (', count($records), ')')"/></caption>
+        <xsl:call-template name="table-head"><xsl:with-param name="columns" select="$columns"/></xsl:call-template>
+        <tbody role="rowgroup">
+          <xsl:for-each select="$records">
+            <tr role="row"><xsl:apply-templates select="." mode="row"/></tr>
+          </xsl:for-each>
+        </tbody>
+      </table>
+    </xsl:if>
+  </xsl:template>
+
+  <!-- A section whose records have a box each, numbered. Nothing when there are none. -->
+  <xsl:template name="record-section">
+    <xsl:param name="level"/>
+    <xsl:param name="title"/>
+    <xsl:param name="noun"/>
+    <xsl:param name="records"/>
+    <xsl:if test="$records">
+      <xsl:call-template name="heading">
+        <xsl:with-param name="level" select="$level"/>
+        <xsl:with-param name="text" select="$title"/>
+      </xsl:call-template>
+      <xsl:for-each select="$records">
+        <xsl:variable name="name" select="concat($noun, ' ', position())"/>
+        <xsl:variable name="tag"><xsl:apply-templates select="." mode="tag"/></xsl:variable>
+        <xsl:variable name="facts">
+          <xsl:apply-templates select="." mode="facts"><xsl:with-param name="name" select="$name"/></xsl:apply-templates>
+        </xsl:variable>
+        <article>
+          <xsl:attribute name="class">
+            <xsl:text>record</xsl:text>
+            <xsl:if test="string($tag)"> bad</xsl:if>
+          </xsl:attribute>
+          <xsl:call-template name="heading">
+            <xsl:with-param name="level" select="$level + 1"/>
+            <xsl:with-param name="text"><xsl:value-of select="$name"/><xsl:copy-of select="$tag"/></xsl:with-param>
+          </xsl:call-template>
+          <xsl:copy-of select="$facts"/>
+          <xsl:if test="not(string($facts))"><p class="none">No details given.</p></xsl:if>
+        </article>
+      </xsl:for-each>
+    </xsl:if>
+  </xsl:template>
+
+  <!-- What marks a record as still open: not paid, undischarged. -->
+  <xsl:template match="*" mode="tag"/>
+  <xsl:template name="tag">
+    <xsl:param name="text"/>
+    <xsl:text> </xsl:text>
+    <span class="tag bad"><xsl:value-of select="$text"/></span>
+  </xsl:template>
+
+  <xsl:template name="message-section">
+    <xsl:param name="level"/>
+    <xsl:param name="title"/>
+    <xsl:if test="file-message[normalize-space()]">
+      <xsl:call-template name="heading">
+        <xsl:with-param name="level" select="$level"/>
+        <xsl:with-param name="text" select="$title"/>
+      </xsl:call-template>
+      <ul class="messages">
+        <xsl:for-each select="file-message[normalize-space()]">
+          <li><xsl:value-of select="normalize-space()"/></li>
+        </xsl:for-each>
+      </ul>
+    </xsl:if>
+  </xsl:template>
+
+</xsl:stylesheet>
