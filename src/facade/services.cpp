@@ -2,6 +2,7 @@
 
 #include "platform/convert.h"
 #include "services/vedaxml_au/service_vedaxml_au.h"
+#include "services/vedaxml_nz/service_vedaxml_nz.h"
 
 namespace zr {
 namespace {
@@ -19,6 +20,7 @@ constexpr struct {
     ServiceMaker make;
 } kServices[] = {
     {"AU", make<ServiceVedaXMLAU>},
+    {"NZ", make<ServiceVedaXMLNZ>},
 };
 
 }  // namespace

@@ -56,7 +56,7 @@ class ZRCreditBureau final : private ServiceContext {
                        const std::string& response_xml);
 
     /// The reason of the most recent failure, "" when there was none. Success does not clear it.
-    const std::string& ErrorMessage() const { return error_message_; }
+    const std::string& ErrorMessage() const override { return error_message_; }
 
     /// The country's services; an empty registry before Initialise and after Dispose.
     const zr::Services& Services() const { return *services_; }

@@ -123,6 +123,8 @@ double to_number(std::string_view text, int decimals) {
     return decimal->negative && value != 0 ? -value : value;
 }
 
+bool is_number(std::string_view text) { return read_decimal(text).has_value(); }
+
 std::string to_text(double value) {
     if (!std::isfinite(value)) {
         return std::isnan(value) ? "NaN" : value < 0 ? "-Infinity" : "Infinity";

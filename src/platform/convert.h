@@ -20,6 +20,9 @@ Currency to_currency(std::string_view text);
 /// syntax; 0 for other text; a number too large stays at the largest value.
 double to_number(std::string_view text, int decimals);
 
+/// Whether the text is a number in that syntax.
+bool is_number(std::string_view text);
+
 /// Text in the form "yyyy-mm-dd" to a date. Surrounding blanks allowed; none for other text, and
 /// for days that do not exist or are before the year 100, where the hosts' dates begin.
 std::optional<DateTime> to_date(std::string_view text);

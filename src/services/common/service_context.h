@@ -43,6 +43,8 @@ class ServiceContext {
     virtual const std::string& CurrencyFormatSymbol() const = 0;
     virtual const std::string& DateFormat() const = 0;
     virtual Region region() const = 0;
+    /// The reason of the most recent failure.
+    virtual const std::string& ErrorMessage() const = 0;
     virtual void SetErrorMessage(std::string message) = 0;
     virtual zr::Runtime& Runtime() = 0;
     /// The facade itself, for hosts.

@@ -1,5 +1,6 @@
 #include "services/common/vedaxml_service.h"
 
+#include <iterator>
 #include <utility>
 
 #include "services/common/shared_procedures.h"
@@ -56,6 +57,14 @@ HttpProxy proxy(const VedaXmlService& service) {
 bool VedaXmlService::fail(std::string message) {
     context().SetErrorMessage(std::move(message));
     return false;
+}
+
+BcaSender VedaXmlService::bca_sender() const {
+    return {.user_id = UserId(),
+            .user_password = UserPassword(),
+            .client_reference = ClientReference(),
+            .test_mode = context().TestMode(),
+            .now = context().Runtime().now()};
 }
 
 std::string VedaXmlService::address() const {
@@ -118,6 +127,22 @@ bool VedaXmlService::CreditEnquiry(Request& request) {
                           RequestInternals::Response(request).ResponseXML(), std::move(document));
 }
 
+bool VedaXmlService::GetList(Request& request) {
+    if (request.CompanyName().empty() && request.CompanyNumber().empty()) {
+        return fail(std::string(missing_company()));
+    }
+    if (!BuildGetListXML(request)) {
+        return false;
+    }
+    const std::optional<XmlDocument> document = ExecuteRequest(request);
+    if (!document) {
+        return false;
+    }
+    RequestInternals::Dirty(request, false);
+    add_company_selections(RequestInternals::Response(request).selections(), document->root());
+    return true;
+}
+
 bool VedaXmlService::BuildResponse(Request& request, const DateTime& response_date,
                                    const std::string& response_xml) {
     return build_response(request, response_date, response_xml, std::nullopt);
@@ -168,6 +193,10 @@ constexpr Property<Service> kSettings[] = {
 
 }  // namespace
 
-std::span<const Property<Service>> vedaxml_settings() { return kSettings; }
+std::vector<Property<Service>> vedaxml_settings(std::initializer_list<Property<Service>> own) {
+    std::vector<Property<Service>> rows(std::begin(kSettings), std::end(kSettings));
+    rows.insert(rows.end(), own);
+    return rows;
+}
 
 }  // namespace zr

@@ -3,13 +3,17 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <initializer_list>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <variant>
+#include <vector>
 
 #include "platform/http.h"
 #include "platform/text.h"
 #include "platform/xml_document.h"
+#include "services/common/bca_message.h"
 #include "services/common/reply_checks.h"
 #include "services/common/service.h"
 
@@ -51,6 +55,7 @@ class VedaXmlService : public Service {
     // Component-internal: the facade calls these.
 
     bool CreditEnquiry(Request& request) override;
+    bool GetList(Request& request) override;
     bool BuildResponse(Request& request, const DateTime& response_date,
                        const std::string& response_xml) override;
 
@@ -65,6 +70,22 @@ class VedaXmlService : public Service {
     /// Fills the response, whose document fields are set already, from a checked reply.
     virtual void translate(Request& request, XmlNode root) = 0;
 
+    /// The message for a company search that names no company.
+    virtual std::string_view missing_company() const = 0;
+
+    /// Composes the company search into the request's RequestXML; false after storing the reason
+    /// where the request cannot be sent.
+    virtual bool BuildGetListXML(Request& request) = 0;
+
+    /// Adds a selection for each candidate of a checked reply to a company search.
+    virtual void add_company_selections(CompanySelections& selections, XmlNode root) const = 0;
+
+    /// The sender of a document that is composed now.
+    BcaSender bca_sender() const;
+
+    /// Stores the reason and answers false.
+    bool fail(std::string message);
+
     /// Parses and checks a reply: the document, or nothing after storing the reason.
     std::optional<XmlDocument> LoadResponseXML(std::string_view response_xml);
 
@@ -77,8 +98,6 @@ class VedaXmlService : public Service {
     static constexpr std::int16_t kShortestTimeOut = 30;
     static constexpr std::int16_t kLongestTimeOut = 300;
 
-    /// Stores the reason and answers false.
-    bool fail(std::string message);
     /// BuildResponse for a reply that may have been parsed already.
     bool build_response(Request& request, const DateTime& response_date, std::string response_xml,
                         std::optional<XmlDocument> document);
@@ -94,7 +113,31 @@ class VedaXmlService : public Service {
 #undef ZR_SETTING
 };
 
-/// Rows of the settings that every VedaXML service has, for the services' own settings().
-std::span<const Property<Service>> vedaxml_settings();
+/// A row for a service's own text setting.
+template <class S, const std::string& (S::*read)() const, void (S::*write)(std::string_view)>
+constexpr Property<Service> text_setting(std::string_view name, std::string_view meaning) {
+    return {name, ValueType::kText, meaning,
+            [](const Service& service) {
+                return property_detail::to_value((static_cast<const S&>(service).*read)());
+            },
+            [](Service& service, const Value& value) {
+                (static_cast<S&>(service).*write)(text_of(value));
+            }};
+}
+
+/// A row for a service's own flag.
+template <class S, bool (S::*read)() const, void (S::*write)(bool)>
+constexpr Property<Service> flag_setting(std::string_view name, std::string_view meaning) {
+    return {name, ValueType::kBoolean, meaning,
+            [](const Service& service) {
+                return property_detail::to_value((static_cast<const S&>(service).*read)());
+            },
+            [](Service& service, const Value& value) {
+                (static_cast<S&>(service).*write)(std::get<bool>(value));
+            }};
+}
+
+/// Rows of the settings that every VedaXML service has, then those of its own.
+std::vector<Property<Service>> vedaxml_settings(std::initializer_list<Property<Service>> own);
 
 }  // namespace zr

@@ -3,6 +3,7 @@
 #include <span>
 #include <string_view>
 
+#include "services/common/catalogue_rows.h"
 #include "services/vedaxml_au/street_types.h"
 
 namespace zr {
@@ -75,28 +76,17 @@ constexpr CodeRow kOrganisationTypes[] = {
 };
 
 /// The service's code tables in their order.
-constexpr struct {
-    std::string_view name;
-    std::span<const CodeRow> rows;
-} kServiceTables[] = {
+constexpr CodeTableRow kServiceTables[] = {
     {"MaritalStatus", kMaritalStatus},
     {"OrganisationTypes", kOrganisationTypes},
     {"StreetTypes", kAustralianStreetTypes},
 };
 
-struct OptionRow {
-    std::string_view id;
-    std::string_view description;
-    zreOptionType type;
-};
-
-constexpr OptionRow kEnquiryInformation{"EnquiryInformation", "",
-                                        zreOptionType::zreOptionTypeGeneral};
-constexpr OptionRow kScore{"score", "Include Bureau Score?", zreOptionType::zreOptionTypeBoolean};
-constexpr OptionRow kScoreAlr{"scorealr",
-                              "Include Bureau Score (enhanced by geographical location)?",
-                              zreOptionType::zreOptionTypeBoolean};
-constexpr OptionRow kSummary{"summary", "Include Summary?", zreOptionType::zreOptionTypeBoolean};
+constexpr OptionRow kEnquiryInformation = general_option("EnquiryInformation");
+constexpr OptionRow kScore = boolean_option("score", "Include Bureau Score?");
+constexpr OptionRow kScoreAlr =
+    boolean_option("scorealr", "Include Bureau Score (enhanced by geographical location)?");
+constexpr OptionRow kSummary = boolean_option("summary", "Include Summary?");
 
 constexpr OptionRow kConsumerOptions[] = {kEnquiryInformation, kScore, kScoreAlr, kSummary};
 constexpr OptionRow kConsumerPlusCommercialOptions[] = {kEnquiryInformation, kSummary};
@@ -138,14 +128,10 @@ void build_australian_catalogue(Products& products, CodeTableCollection& code_ta
             products.AddProduct(row.id, true, zreProductType::zreProductTypeEnquiry, true);
         product.RequestOptions(row.request_options);
         product.Chargeable(true);
-        for (const OptionRow& option : row.options) {
-            product.options().AddOption(option.id, option.description, option.type);
-        }
+        add_options(product, row.options);
         add_code_table(product.code_tables(), "AccountTypes", row.account_types);
     }
-    for (const auto& table : kServiceTables) {
-        add_code_table(code_tables, table.name, table.rows);
-    }
+    add_code_tables(code_tables, kServiceTables);
 }
 
 }  // namespace zr

@@ -1,18 +1,17 @@
 #include "services/vedaxml_au/request_documents.h"
 
-#include <array>
-#include <functional>
 #include <string_view>
+#include <type_traits>
 
-#include "platform/regional_format.h"
+#include "platform/error.h"
 #include "platform/text.h"
+#include "services/common/address_writing.h"
 #include "services/common/message_writing.h"
 #include "xml/zr_xml_builder.h"
 
 namespace zr {
 namespace {
 
-constexpr std::size_t kTransactionReferenceLength = 13;
 constexpr std::size_t kBureauReferenceLength = 10;
 constexpr std::size_t kEnquiryReferenceLength = 15;
 constexpr std::size_t kMiddleNameLength = 15;
@@ -57,17 +56,8 @@ bool is_commercial(std::string_view product_id) {
            text::equal_ignoring_case(product_id, "commercial-plus-consumer-enquiry");
 }
 
-using TextProperty = const std::string& (Request::*)() const;
-
-/// The elements of an address in their order: where the current and the previous address have the
-/// value, the bureau's field width, and whether a blank value is left out.
-constexpr struct {
-    std::string_view element;
-    TextProperty current;
-    TextProperty previous;
-    std::size_t width;  ///< 0: a street type, sent as its code
-    bool omitted_when_blank;
-} kAddressFields[] = {
+/// The elements of an address in their order.
+constexpr AddressField kAddressFields[] = {
     {"unit-number", &Request::UnitNumber, &Request::PrevUnitNumber, 5, true},
     {"street-number", &Request::StreetNumber, &Request::PrevStreetNumber, 8, false},
     {"property", &Request::PropertyName, &Request::PrevPropertyName, 15, true},
@@ -80,68 +70,15 @@ constexpr struct {
     {"country", &Request::Country, &Request::PrevCountry, 2, true},
 };
 
-std::string transaction_reference(const AustralianSender& sender, const Request& request) {
-    const std::string_view own =
-        text::cut(request.TransactionReference(), kTransactionReferenceLength);
-    return own.empty() ? RegionalFormat("yyyymmddhhnn").format(sender.now) : std::string(own);
-}
-
-std::string_view mode(const AustralianSender& sender) {
-    return sender.test_mode ? "test" : "production";
-}
-
-/// Writes the envelope around what `write_request` writes, and gives the document.
-template <class WriteRequest>
-std::string bca_message(const AustralianSender& sender, std::string_view service_code,
-                        WriteRequest write_request) {
-    ZRXMLBuilder builder;
-    builder.EncodeOptions(zreXMLBuilderEncodeOptions::zreXMLBuilderEncodeOptionsNonASCII);
-    {
-        const XmlElement message(builder, "BCAmessage");
-        builder.WriteAttribute("type", "REQUEST");
-        {
-            const XmlElement access(builder, "BCAaccess");
-            builder.WriteTagWithText("BCAaccess-code", sender.user_id);
-            builder.WriteTagWithText("BCAaccess-pwd", sender.user_password);
-        }
-        const XmlElement service(builder, "BCAservice");
-        builder.WriteTagWithText("BCAservice-client-ref", sender.client_reference);
-        builder.WriteTagWithText("BCAservice-code", service_code);
-        builder.WriteTagWithText("BCAservice-code-version", "V00");
-        const XmlElement data(builder, "BCAservice-data");
-        const XmlElement request(builder, "request");
-        write_request(builder);
-    }
-    return builder.XML(true);
-}
-
-void write_request_attributes(ZRXMLBuilder& builder, const AustralianSender& sender,
-                              const Request& request, std::string_view version) {
-    builder.WriteAttribute("version", version);
-    builder.WriteAttribute("mode", mode(sender));
-    builder.WriteAttribute("transaction-reference", transaction_reference(sender, request));
-}
+constexpr BcaEnvelope kEnvelope{
+    .client_reference = BcaEnvelope::ClientReference::kBeforeServiceCode,
+    .transaction_reference_length = 13,
+    .time_stamp = "yyyymmddhhnn"};
 
 void write_subscriber(ZRXMLBuilder& builder, const AustralianSender& sender) {
     const XmlElement details(builder, "subscriber-details");
     builder.WriteTagWithText("subscriber-identifier", sender.subscriber_id);
     builder.WriteTagWithText("security", sender.subscriber_security_code);
-}
-
-void write_address(ZRXMLBuilder& builder, const Request& request, bool previous,
-                   const CodeTableItems& street_types) {
-    const XmlElement address(builder, "address");
-    builder.WriteAttribute("type", previous ? "residential-previous" : "residential-current");
-    for (const auto& field : kAddressFields) {
-        const std::string& value = std::invoke(previous ? field.previous : field.current, request);
-        if (field.width == 0) {
-            write_attribute_element(builder, field.element, "code",
-                                    street_types.GetCodeFromDescription(value));
-        } else {
-            builder.WriteTagWithText(field.element, text::cut(value, field.width),
-                                     field.omitted_when_blank);
-        }
-    }
 }
 
 void write_name(ZRXMLBuilder& builder, const Request& request) {
@@ -169,9 +106,11 @@ void write_individual(ZRXMLBuilder& builder, const Request& request,
     builder.WriteAttribute("role", "principal");
     write_name(builder, request);
     write_employment(builder, request);
-    write_address(builder, request, false, street_types);
+    write_address(builder, request, RequestAddress::kCurrent, "residential-current", kAddressFields,
+                  street_types);
     if (!request.PrevStreetName().empty()) {
-        write_address(builder, request, true, street_types);
+        write_address(builder, request, RequestAddress::kPrevious, "residential-previous",
+                      kAddressFields, street_types);
     }
     builder.WriteTagWithText("drivers-licence-number", text::cut(request.DriverLicenceNumber(), 9),
                              true);
@@ -223,8 +162,8 @@ void write_organisation(ZRXMLBuilder& builder, const Request& request) {
 std::string australian_credit_enquiry(const AustralianSender& sender, const Request& request,
                                       const Product& product, const CodeTableItems& street_types) {
     const Enquiry& enquiry = enquiry_of(request, product);
-    return bca_message(sender, enquiry.service_code, [&](ZRXMLBuilder& builder) {
-        write_request_attributes(builder, sender, request, "1.0");
+    return bca_message(sender.bca, kEnvelope, enquiry.service_code, [&](ZRXMLBuilder& builder) {
+        write_request_attributes(builder, sender.bca, kEnvelope, request, "1.0");
         write_subscriber(builder, sender);
         if (!product.Individual()) {
             return;
@@ -241,8 +180,8 @@ std::string australian_credit_enquiry(const AustralianSender& sender, const Requ
 }
 
 std::string australian_organisation_search(const AustralianSender& sender, const Request& request) {
-    return bca_message(sender, "BCA020", [&](ZRXMLBuilder& builder) {
-        write_request_attributes(builder, sender, request, "2.0");
+    return bca_message(sender.bca, kEnvelope, "BCA020", [&](ZRXMLBuilder& builder) {
+        write_request_attributes(builder, sender.bca, kEnvelope, request, "2.0");
         write_subscriber(builder, sender);
         write_product(builder, "organisation-identification", false);
         const XmlElement search(builder, "working-with-organisation");
@@ -252,9 +191,8 @@ std::string australian_organisation_search(const AustralianSender& sender, const
 }
 
 std::string australian_ping(const AustralianSender& sender) {
-    return bca_message(sender, "PING", [&](ZRXMLBuilder& builder) {
-        builder.WriteAttribute("mode", mode(sender));
-    });
+    return bca_message(sender.bca, kEnvelope, "PING",
+                       [&](ZRXMLBuilder& builder) { write_mode(builder, sender.bca); });
 }
 
 }  // namespace zr

@@ -2,22 +2,19 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
-#include "platform/date_time.h"
 #include "records/products.h"
 #include "records/request.h"
+#include "services/common/bca_message.h"
 
 namespace zr {
 
 /// What a document says about the sender.
 struct AustralianSender {
-    std::string_view user_id;
-    std::string_view user_password;
-    std::string_view client_reference;
+    BcaSender bca;
     std::string_view subscriber_id;
     std::string_view subscriber_security_code;
-    bool test_mode;
-    DateTime now;  ///< stamps a document whose request has no transaction reference
 };
 
 /// The credit enquiry for a request on one of the catalogue's products.

@@ -1,7 +1,5 @@
 #include "services/vedaxml_au/service_vedaxml_au.h"
 
-#include <vector>
-
 #include "services/vedaxml_au/catalogue.h"
 #include "services/vedaxml_au/company_search.h"
 #include "services/vedaxml_au/reply.h"
@@ -19,13 +17,9 @@ bool ServiceVedaXMLAU::build_catalogue() {
 }
 
 AustralianSender ServiceVedaXMLAU::sender() const {
-    return {.user_id = UserId(),
-            .user_password = UserPassword(),
-            .client_reference = ClientReference(),
+    return {.bca = bca_sender(),
             .subscriber_id = SubscriberId(),
-            .subscriber_security_code = SubscriberSecurityCode(),
-            .test_mode = context().TestMode(),
-            .now = context().Runtime().now()};
+            .subscriber_security_code = SubscriberSecurityCode()};
 }
 
 bool ServiceVedaXMLAU::BuildCreditEnquiryXML(Request& request) {
@@ -44,22 +38,18 @@ void ServiceVedaXMLAU::translate(Request& request, XmlNode root) {
     australia::translate(context(), *this, RequestInternals::Response(request), root);
 }
 
-bool ServiceVedaXMLAU::GetList(Request& request) {
-    if (request.CompanyName().empty() && request.CompanyNumber().empty()) {
-        context().SetErrorMessage(
-            "You must supply either a Company Name or Company (ABN, ACN or Bureau Reference) "
-            "Number.");
-        return false;
-    }
+std::string_view ServiceVedaXMLAU::missing_company() const {
+    return "You must supply either a Company Name or Company (ABN, ACN or Bureau Reference) "
+           "Number.";
+}
+
+bool ServiceVedaXMLAU::BuildGetListXML(Request& request) {
     RequestInternals::RequestXML(request, australian_organisation_search(sender(), request));
-    const std::optional<XmlDocument> document = ExecuteRequest(request);
-    if (!document) {
-        return false;
-    }
-    RequestInternals::Dirty(request, false);
-    australia::add_company_selections(RequestInternals::Response(request).selections(),
-                                      document->root());
     return true;
+}
+
+void ServiceVedaXMLAU::add_company_selections(CompanySelections& selections, XmlNode root) const {
+    australia::add_company_selections(selections, root);
 }
 
 bool ServiceVedaXMLAU::VerifyConnection() {
@@ -70,28 +60,13 @@ bool ServiceVedaXMLAU::VerifyConnection() {
 }
 
 std::span<const Property<Service>> ServiceVedaXMLAU::settings() const {
-    static const std::vector<Property<Service>> rows = [] {
-        const auto shared = vedaxml_settings();
-        std::vector<Property<Service>> all(shared.begin(), shared.end());
-        all.push_back({"SubscriberId", ValueType::kText, "the subscriber's identifier",
-                       [](const Service& service) {
-                           return property_detail::to_value(
-                               static_cast<const ServiceVedaXMLAU&>(service).SubscriberId());
-                       },
-                       [](Service& service, const Value& value) {
-                           static_cast<ServiceVedaXMLAU&>(service).SubscriberId(text_of(value));
-                       }});
-        all.push_back(
-            {"SubscriberSecurityCode", ValueType::kText, "the subscriber's security code",
-             [](const Service& service) {
-                 return property_detail::to_value(
-                     static_cast<const ServiceVedaXMLAU&>(service).SubscriberSecurityCode());
-             },
-             [](Service& service, const Value& value) {
-                 static_cast<ServiceVedaXMLAU&>(service).SubscriberSecurityCode(text_of(value));
-             }});
-        return all;
-    }();
+    using S = ServiceVedaXMLAU;
+    static const auto rows = vedaxml_settings({
+        text_setting<S, &S::SubscriberId, &S::SubscriberId>("SubscriberId",
+                                                            "the subscriber's identifier"),
+        text_setting<S, &S::SubscriberSecurityCode, &S::SubscriberSecurityCode>(
+            "SubscriberSecurityCode", "the subscriber's security code"),
+    });
     return rows;
 }
 

@@ -33,7 +33,6 @@ class ServiceVedaXMLAU final : public VedaXmlService {
     std::span<const Property<Service>> settings() const override;
 
     // Component-internal: the facade calls these.
-    bool GetList(Request& request) override;
     bool VerifyConnection() override;
 
   protected:
@@ -41,6 +40,9 @@ class ServiceVedaXMLAU final : public VedaXmlService {
     bool BuildCreditEnquiryXML(Request& request) override;
     CheckedReply check(std::string_view response_xml) const override;
     void translate(Request& request, XmlNode root) override;
+    std::string_view missing_company() const override;
+    bool BuildGetListXML(Request& request) override;
+    void add_company_selections(CompanySelections& selections, XmlNode root) const override;
 
   private:
     AustralianSender sender() const;

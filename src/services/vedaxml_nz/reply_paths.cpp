@@ -2,7 +2,7 @@
 
 namespace zr::new_zealand {
 
-ReplyPaths::ReplyPaths() : checks(names) {}
+ReplyPaths::ReplyPaths() : checks(names), search(names) {}
 
 const ReplyPaths& reply_paths() {
     static const ReplyPaths paths;

@@ -3,6 +3,7 @@
 
 #include "platform/xml_document.h"
 #include "services/common/reply_checks.h"
+#include "services/vedaxml_nz/company_search.h"
 
 namespace zr::new_zealand {
 
@@ -13,6 +14,7 @@ struct ReplyPaths {
     XmlNames names;
 
     ReplyCheckPaths checks;
+    NewZealandSearchPaths search;
 };
 
 /// The one instance, made at first use.

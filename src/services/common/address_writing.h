@@ -1,0 +1,38 @@
+// The addresses of request documents.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "records/code_tables.h"
+#include "records/request.h"
+#include "xml/zr_xml_builder.h"
+
+namespace zr {
+
+/// Which of a request's two addresses.
+enum class RequestAddress : std::uint8_t { kCurrent, kPrevious };
+
+using TextProperty = const std::string& (Request::*)() const;
+
+/// An element of an address: where the current and the previous address have the value, the
+/// bureau's field width, and whether a blank value is left out.
+struct AddressField {
+    std::string_view element;
+    TextProperty current;
+    TextProperty previous;
+    std::size_t width;  ///< 0: a street type, sent as its code
+    bool omitted_when_blank;
+    /// Makes the text of an element that no single property holds; null for all others.
+    std::string (*compose)(const Request& request, RequestAddress which) = nullptr;
+};
+
+/// Writes one of the request's addresses under a type, with these fields in this order.
+void write_address(ZRXMLBuilder& builder, const Request& request, RequestAddress which,
+                   std::string_view type, std::span<const AddressField> fields,
+                   const CodeTableItems& street_types);
+
+}  // namespace zr

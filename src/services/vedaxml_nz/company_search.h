@@ -1,0 +1,25 @@
+// The candidates of a New Zealand company search.
+#pragma once
+
+#include "platform/xml_document.h"
+#include "records/company_selections.h"
+
+namespace zr::new_zealand {
+
+/// The paths of a company search's candidates, and of what is under each.
+struct NewZealandSearchPaths {
+    explicit NewZealandSearchPaths(XmlNames& names);
+
+    XmlPath candidate;
+    XmlPath company_name;
+    XmlPath registration_number;
+    XmlPath company_status;
+    XmlPath company_name_type;
+    XmlPath registration_area;
+};
+
+/// Adds a selection for each candidate of the reply, in document order.
+void add_company_selections(const NewZealandSearchPaths& paths, CompanySelections& selections,
+                            XmlNode root);
+
+}  // namespace zr::new_zealand

@@ -1,0 +1,256 @@
+#include "services/vedaxml_nz/request_documents.h"
+
+#include "platform/convert.h"
+#include "platform/digits.h"
+#include "platform/text.h"
+#include "services/common/address_writing.h"
+#include "services/common/message_writing.h"
+
+namespace zr {
+namespace {
+
+constexpr std::string_view kIndividual = "enquiry_individual";
+constexpr std::size_t kGivenNameLength = 13;
+constexpr std::size_t kStreetNumberLength = 8;
+constexpr std::size_t kEmploymentLength = 30;
+constexpr std::size_t kEnquiryReferenceLength = 16;
+constexpr std::size_t kRegistrationNumberLength = 7;
+constexpr std::size_t kCompanyNameLength = 125;
+
+constexpr BcaEnvelope kEnvelope{.client_reference = BcaEnvelope::ClientReference::kAfterVersion,
+                                .transaction_reference_length = 20,
+                                .time_stamp = "yyyy-mm-ddThh:nn:ss"};
+
+bool asks_for_licence(const Request& request) {
+    return request.OptionChecked("driver-licence") || request.OptionChecked("licencecheck");
+}
+
+/// What an enquiry about a person must have, in the order of checking.
+constexpr struct {
+    bool (*missing)(const Request& request);
+    std::string_view message;
+} kIndividualChecks[] = {
+    {[](const Request& request) { return request.StreetName().empty(); },
+     "Street Name must be supplied."},
+    {[](const Request& request) { return request.Suburb().empty() && request.City().empty(); },
+     "Suburb or City must be supplied."},
+    {[](const Request& request) {
+         return request.OptionChecked("ewp") && request.PhoneNumber().empty();
+     },
+     "Electronic White Pages verification requires a Phone Number to be supplied."},
+    {[](const Request& request) {
+         return asks_for_licence(request) && request.DriverLicenceNumber().empty();
+     },
+     "Driver's Licence verification requires a Driver's Licence Number to be supplied."},
+    {[](const Request& request) {
+         return asks_for_licence(request) && !held_date(request.DateOfBirth());
+     },
+     "Driver's Licence verification requires a Date of Birth to be supplied."},
+    {[](const Request& request) {
+         return request.OptionChecked("driver-licence") && request.EnquiryReference().empty();
+     },
+     "Driver's Licence verification requires an Enquiry Reference to be supplied."},
+};
+
+/// The options that are attributes of an individual enquiry's product, in the bureau's order.
+constexpr std::string_view kOptionAttributes[] = {
+    "score", "ewp", "driver-licence", "property-ownership", "summary", "licencecheck", "moj-fines"};
+
+/// The unit joined to the street number; a result that is too long for the bureau loses the unit.
+std::string joined_street_number(const std::string& unit, const std::string& number,
+                                 std::string_view separator) {
+    std::string joined;
+    if (convert::is_number(unit)) {
+        joined.append(unit).append("/").append(number);
+    } else if (!unit.empty()) {
+        joined.append(number)
+            .append(digits::is_digit(unit.front()) ? "/" : separator)
+            .append(text::trim(unit));
+    }
+    const bool fits = !unit.empty() && text::length(joined) <= kStreetNumberLength;
+    return fits ? joined : std::string(text::cut(number, kStreetNumberLength));
+}
+
+std::string street_number(const Request& request, RequestAddress which) {
+    return which == RequestAddress::kCurrent
+               ? joined_street_number(request.UnitNumber(), request.StreetNumber(), "")
+               : joined_street_number(request.PrevUnitNumber(), request.PrevStreetNumber(), " ");
+}
+
+/// The elements of an address in their order.
+constexpr AddressField kAddressFields[] = {
+    {"street-number", nullptr, nullptr, 0, false, street_number},
+    {"street-name", &Request::StreetName, &Request::PrevStreetName, 20, false},
+    {"street-type", &Request::StreetType, &Request::PrevStreetType, 0, false},
+    {"suburb", &Request::Suburb, &Request::PrevSuburb, 20, true},
+    {"city", &Request::City, &Request::PrevCity, 20, true},
+};
+
+void write_name(ZRXMLBuilder& builder, const Request& request) {
+    const XmlElement name(builder, "individual-name");
+    builder.WriteTagWithText("family-name", text::cut(request.LastName(), 25));
+    builder.WriteTagWithText("first-given-name", first_word(request.FirstName(), kGivenNameLength));
+    builder.WriteTagWithText("other-given-name",
+                             first_word(request.MiddleNames(), kGivenNameLength));
+}
+
+void write_employment(ZRXMLBuilder& builder, const Request& request) {
+    if (request.Employer().empty() && request.Occupation().empty()) {
+        return;
+    }
+    const XmlElement employment(builder, "employment");
+    builder.WriteTagWithText("employer", text::cut(request.Employer(), kEmploymentLength));
+    builder.WriteTagWithText("occupation", text::cut(request.Occupation(), kEmploymentLength));
+}
+
+/// The text at a fixed width: filled with zeros from the left, or its last characters.
+std::string zero_filled(std::string_view text, std::size_t width) {
+    const std::string filled = std::string(width, '0').append(text);
+    return filled.substr(text::first(filled, text::length(filled) - width).size());
+}
+
+void write_phone(ZRXMLBuilder& builder, const Request& request) {
+    if (request.PhoneNumber().empty()) {
+        return;
+    }
+    const XmlElement details(builder, "phone-details");
+    builder.WriteTagWithText("phone-area-code", zero_filled(request.PhoneAreaCode(), 4));
+    builder.WriteTagWithText("phone-number",
+                             zero_filled(text::replace_all(request.PhoneNumber(), " ", ""), 8));
+}
+
+/// The licence field holds the number and, behind a blank, perhaps its version.
+void write_licence(ZRXMLBuilder& builder, const Request& request) {
+    if (request.DriverLicenceNumber().empty()) {
+        return;
+    }
+    const std::string_view licence = text::trim(request.DriverLicenceNumber());
+    const std::size_t blank = licence.find(' ');
+    const XmlElement details(builder, "driver-licence-details");
+    builder.WriteTagWithText("licence-number", licence.substr(0, blank));
+    if (blank != std::string_view::npos) {
+        builder.WriteTagWithText("licence-version-number", text::trim(licence.substr(blank)));
+    }
+}
+
+void write_individual(ZRXMLBuilder& builder, const Request& request,
+                      const CodeTableItems& street_types) {
+    const XmlElement individual(builder, "individual");
+    write_name(builder, request);
+    write_attribute_element(builder, "gender", "type", text::lower(request.Gender()));
+    builder.WriteTagWithDate("date-of-birth", request.DateOfBirth(), true);
+    write_address(builder, request, RequestAddress::kCurrent, "current", kAddressFields,
+                  street_types);
+    if (!request.PrevStreetName().empty()) {
+        write_address(builder, request, RequestAddress::kPrevious, "previous", kAddressFields,
+                      street_types);
+    }
+    write_employment(builder, request);
+    write_phone(builder, request);
+    write_licence(builder, request);
+}
+
+void write_enquiry(ZRXMLBuilder& builder, const Request& request, const Product& product) {
+    const XmlElement enquiry(builder, "enquiry");
+    builder.WriteAttribute("consent", "yes");
+    write_attribute_element(
+        builder, "account-type", "code",
+        product.CodeTables().Item("AccountTypes").GetCodeFromDescription(request.AccountType()));
+    builder.WriteTagWithText("enquiry-amount", whole_amount(request.EnquiryAmount()));
+    builder.WriteTagWithText("client-reference",
+                             text::cut(request.EnquiryReference(), kEnquiryReferenceLength));
+}
+
+void write_individual_body(ZRXMLBuilder& builder, const Request& request, const Product& product,
+                           const CodeTableItems& street_types) {
+    {
+        const XmlElement element(builder, "product");
+        builder.WriteAttribute("name", "consumer-enquiry-nz");
+        for (const std::string_view option : kOptionAttributes) {
+            builder.WriteAttribute(option, request.OptionChecked(option) ? "yes" : "", true);
+        }
+    }
+    write_individual(builder, request, street_types);
+    write_enquiry(builder, request, product);
+}
+
+void write_company_body(ZRXMLBuilder& builder, const Request& request, std::string_view name,
+                        bool consent) {
+    {
+        const XmlElement element(builder, "product");
+        builder.WriteAttribute("name", name);
+        builder.WriteAttribute("consent", consent ? "yes" : "", true);
+        builder.WriteAttribute("summary", "yes");
+    }
+    builder.WriteTagWithText("registration-number",
+                             text::cut(request.CompanyNumber(), kRegistrationNumberLength));
+}
+
+void write_request_head(ZRXMLBuilder& builder, const NewZealandSender& sender,
+                        const Request& request, const Product& product) {
+    write_request_attributes(builder, sender.bca, kEnvelope, request, "V2.0");
+    if (product.ProductOptions().Exists("Purpose")) {
+        write_attribute_element(
+            builder, "access-purpose", "code",
+            product.CodeTables().Item("Purposes").GetCodeFromDescription(request.Purpose()));
+    }
+    const XmlElement details(builder, "client-details");
+    builder.WriteTagWithText("client-identifier", sender.client_id);
+    builder.WriteTagWithText("operator-id", sender.operator_id);
+}
+
+/// The envelope with the bureau's head around what `write_body` writes.
+template <class WriteBody>
+std::string message(const NewZealandSender& sender, const Request& request, const Product& product,
+                    WriteBody write_body) {
+    return bca_message(sender.bca, kEnvelope, "BCA011", [&](ZRXMLBuilder& builder) {
+        write_request_head(builder, sender, request, product);
+        write_body(builder);
+    });
+}
+
+}  // namespace
+
+std::string_view new_zealand_enquiry_fault(const Request& request) {
+    if (request.ProductId() == kIndividual) {
+        for (const auto& check : kIndividualChecks) {
+            if (check.missing(request)) {
+                return check.message;
+            }
+        }
+    }
+    return {};
+}
+
+std::string new_zealand_credit_enquiry(const NewZealandSender& sender, const Request& request,
+                                       const Product& product, const CodeTableItems& street_types) {
+    return message(sender, request, product, [&](ZRXMLBuilder& builder) {
+        if (request.ProductId() == kIndividual) {
+            write_individual_body(builder, request, product, street_types);
+        } else if (request.ProductId() == "enquiry_company") {
+            write_company_body(builder, request, "company-enquiry", false);
+        } else if (request.ProductId() == "enquiry_company_with_directors") {
+            write_company_body(builder, request, "company-plus-enquiry-with-director-checks", true);
+        }
+    });
+}
+
+std::string new_zealand_company_search(const NewZealandSender& sender, const Request& request,
+                                       const Product& product) {
+    return message(sender, request, product, [&](ZRXMLBuilder& builder) {
+        write_attribute_element(builder, "product", "name", "company-selection-list");
+        if (request.CompanyNumber().empty()) {
+            builder.WriteTagWithText("company-name",
+                                     text::cut(request.CompanyName(), kCompanyNameLength));
+        } else {
+            builder.WriteTagWithText("registration-number",
+                                     text::cut(request.CompanyNumber(), kRegistrationNumberLength));
+        }
+    });
+}
+
+std::string new_zealand_ping(const NewZealandSender& sender) {
+    return bca_message(sender.bca, kEnvelope, "PING", nullptr);
+}
+
+}  // namespace zr
