@@ -23,18 +23,30 @@ enum class Form : std::uint8_t {
     kNumber,       ///< a number (0 when missing) in the platform's default form
     kLookup,       ///< the description that a code table gives for the code
     kPersonName,   ///< the names of the person at the path, joined by blanks
-    kTyped,        ///< as the record's attribute `type` says: an amount, months, years, or a text
+    kId,           ///< an identifier without its leading zeros
+    kCount,        ///< an amount (0 when missing) as a grouped whole number
+    kPercent,      ///< a fraction (0 when missing) as a percentage with two decimals
+    kPosition,     ///< the record's 1-based position in its section
+    kAll,          ///< the pieces of `parts`, one after the other
+    kEach,         ///< the pieces of `parts` for each node at the path, `other` between them
+    kRun,          ///< the same for each record of the run, in a section that merges runs
+    kChoice,       ///< the piece of `cases` for the value at the path
 };
 
 /// When a piece is written at all.
 enum class When : std::uint8_t {
     kAlways,
     kIfValue,        ///< its value is not empty
+    kIfAmount,       ///< its amount is not 0
+    kIfOtherBirth,   ///< its date is one, and not the subject's date of birth
     kIfNode,         ///< the node at `condition` is present
+    kIfEqual,        ///< the upper-cased value at `condition` is `other`
     kUnless,         ///< the upper-cased value at `condition` is not `other`
     kUnlessExactly,  ///< the value at `condition` is not `other`, letter case included
     kJoined,         ///< its value is not empty; `before` stands only behind an earlier piece
 };
+
+struct Case;
 
 struct Piece {
     Form form = Form::kConstant;
@@ -42,9 +54,13 @@ struct Piece {
     std::string_view before{};  ///< constant text before the value
     std::string_view after{};   ///< and after it
     When when = When::kAlways;
-    std::string_view condition{};  ///< path of kIfNode and kUnless
-    std::string_view other{};      ///< of kUnless; the name of the code table of kLookup
+    std::string_view condition{};  ///< path of kIfNode, kIfEqual and kUnless
+    /// Of kIfEqual and kUnless; the code table of kLookup; the separator of kEach and kRun.
+    std::string_view other{};
+    std::span<const Piece> parts{};
+    std::span<const Case> cases{};
 
+    constexpr bool is_constant() const { return form == Form::kConstant && when == When::kAlways; }
     constexpr bool used() const { return form != Form::kConstant || !before.empty(); }
 
     /// The piece with text before and after it.
@@ -58,6 +74,26 @@ struct Piece {
     constexpr Piece if_value() const {
         Piece piece = *this;
         piece.when = When::kIfValue;
+        return piece;
+    }
+    /// The piece, written only when its amount is not 0.
+    constexpr Piece if_amount() const {
+        Piece piece = *this;
+        piece.when = When::kIfAmount;
+        return piece;
+    }
+    /// The piece, written only when it is a date and not the subject's date of birth.
+    constexpr Piece if_other_birth() const {
+        Piece piece = *this;
+        piece.when = When::kIfOtherBirth;
+        return piece;
+    }
+    /// The piece, written only when the value at this path is this one in any letter case.
+    constexpr Piece if_equal(std::string_view path_of_value, std::string_view value) const {
+        Piece piece = *this;
+        piece.when = When::kIfEqual;
+        piece.condition = path_of_value;
+        piece.other = value;
         return piece;
     }
     /// The piece, written only when there is a node at this path.
@@ -103,7 +139,37 @@ constexpr Piece general_date_at(std::string_view path) {
 constexpr Piece lookup_at(std::string_view table, std::string_view path) {
     return {.form = Form::kLookup, .path = path, .other = table};
 }
+constexpr Piece id_at(std::string_view path) { return {.form = Form::kId, .path = path}; }
 constexpr Piece of(Form form, std::string_view path) { return {.form = form, .path = path}; }
+inline constexpr Piece kRecordPosition{.form = Form::kPosition};
+
+/// Several pieces as one.
+constexpr Piece all(std::span<const Piece> parts) { return {.form = Form::kAll, .parts = parts}; }
+
+/// The pieces once for each node at the path; nothing of a node whose pieces are empty.
+constexpr Piece each_at(std::string_view path, std::span<const Piece> parts,
+                        std::string_view separator) {
+    return {.form = Form::kEach, .path = path, .other = separator, .parts = parts};
+}
+
+/// One piece of a choice. A code of the reply is compared as it stands.
+struct Case {
+    std::string_view code;
+    Piece piece;
+    bool otherwise = false;  ///< for every code that no case before it names
+};
+
+constexpr Case otherwise(const Piece& piece) { return {{}, piece, true}; }
+
+/// The piece for the value at the path, "" when it is missing; nothing when no case is for it.
+constexpr Piece choice_at(std::string_view path, std::span<const Case> cases) {
+    return {.form = Form::kChoice, .path = path, .cases = cases};
+}
+
+inline constexpr Piece kOwnText[] = {text_at(".")};
+
+/// The texts of the nodes at the path on lines of their own, empty ones left out.
+constexpr Piece lines_at(std::string_view path) { return each_at(path, kOwnText, "\r\n"); }
 
 /// Pieces written one after the other: a few of its own, or a named array of them.
 struct Pieces {
@@ -162,7 +228,9 @@ enum class Group : std::uint8_t {
 /// What follows the words of a sub-group.
 enum class Numbering : std::uint8_t {
     kNone,
-    kPosition,  ///< a blank and the record's 1-based position in the section
+    kPosition,   ///< a blank and the record's 1-based position in the section
+    kId,         ///< a blank and the identifier at the section's `id`, without leading zeros
+    kTrimmedId,  ///< the same, with no blank at the end when there is no identifier
 };
 
 /// A section of a report.
@@ -174,6 +242,9 @@ struct Section {
     std::uint8_t source;       ///< which of the writer's source nodes `records` starts from
     std::string_view records;  ///< the records, in document order
     std::span<const Line> lines;
+    std::string_view id{};       ///< where a record's identifier is
+    bool merges_runs = false;    ///< records that follow each other with one identifier are one
+    std::string_view without{};  ///< no section where the source has a node here
 };
 
 }  // namespace zr::layout

@@ -4,18 +4,30 @@
 
 #include "platform/text.h"
 #include "services/common/shared_procedures.h"
+#include "services/common/unique_id.h"
 #include "xml/zr_xml_utilities.h"
 
 namespace zr::layout {
 
+namespace {
+
+XmlPath path_of(std::string_view expression, XmlNames& names) {
+    return expression.empty() ? XmlPath() : XmlPath(expression, names);
+}
+
+}  // namespace
+
 CompiledLayout::CompiledLayout(std::span<const Section> sections, XmlNames& names)
-    : type_("@type", names),
-      first_given_name_("individual-name/first-given-name", names),
+    : first_given_name_("individual-name/first-given-name", names),
       other_given_name_("individual-name/other-given-name", names),
       family_name_("individual-name/family-name", names) {
     sections_.reserve(sections.size());
     for (const Section& section : sections) {
-        CompiledSection compiled{&section, XmlPath(section.records, names), {}};
+        CompiledSection compiled{&section,
+                                 XmlPath(section.records, names),
+                                 path_of(section.id, names),
+                                 path_of(section.without, names),
+                                 {}};
         for (const Line& line : section.lines) {
             compiled.lines.push_back(
                 {compile(line.label, names), compile(line.value, names),
@@ -32,16 +44,23 @@ CompiledLayout::CompiledText CompiledLayout::compile(const Pieces& pieces, XmlNa
             text.pieces.push_back(compile(piece, names));
         }
     }
-    text.constant = text.pieces.size() == 1 && text.pieces[0].piece->form == Form::kConstant;
+    text.constant = text.pieces.size() == 1 && text.pieces[0].piece->is_constant();
     return text;
 }
 
 CompiledLayout::CompiledPiece CompiledLayout::compile(const Piece& piece, XmlNames& names) {
-    const auto path = [&names](std::string_view expression) {
-        return expression.empty() ? XmlPath() : XmlPath(expression, names);
-    };
-    return {&piece, path(piece.path), path(piece.condition),
-            piece.form == Form::kLookup ? table_index(piece.other) : 0};
+    CompiledPiece compiled{&piece,
+                           path_of(piece.path, names),
+                           path_of(piece.condition, names),
+                           piece.form == Form::kLookup ? table_index(piece.other) : 0,
+                           {}};
+    for (const Piece& part : piece.parts) {
+        compiled.parts.push_back(compile(part, names));
+    }
+    for (const Case& row : piece.cases) {
+        compiled.parts.push_back(compile(row.piece, names));
+    }
+    return compiled;
 }
 
 std::size_t CompiledLayout::table_index(std::string_view name) {
@@ -58,11 +77,14 @@ ReportFormats::ReportFormats(const ServiceContext& context)
       general_date("general date", context.region()),
       money(context.CurrencyFormat(), context.region()),
       money_symbol(context.CurrencyFormatSymbol(), context.region()),
-      number("", context.region()) {}
+      number("", context.region()),
+      count("#,###,###,###,##0", context.region()),
+      percent("##0.00%", context.region()) {}
 
 ReportWriter::ReportWriter(const CompiledLayout& layout, const ReportFormats& formats,
-                           const TableFinder& find_table, ResponseElements& lines)
-    : layout_(layout), formats_(formats), lines_(lines) {
+                           const TableFinder& find_table, ResponseElements& lines,
+                           const std::optional<DateTime>& date_of_birth)
+    : layout_(layout), formats_(formats), lines_(lines), date_of_birth_(date_of_birth) {
     tables_.reserve(layout.tables_.size());
     for (const std::string_view name : layout.tables_) {
         tables_.push_back(find_table(name));
@@ -75,41 +97,47 @@ void ReportWriter::write(std::span<const XmlNode> sources, std::string_view pref
     }
 }
 
-void ReportWriter::write_section(const CompiledLayout::CompiledSection& section, XmlNode source,
+void ReportWriter::write_section(const CompiledSection& section, XmlNode source,
                                  std::string_view prefix) {
     source.select(section.records, records_);
-    if (records_.empty()) {
+    if (records_.empty() || source.value(section.without)) {
         return;
     }
-    section_ = section.section;
-    group_ = section_->word;
-    if (!prefix.empty() && section_->group == Group::kPerson) {
+    section_ = &section;
+    const Section& layout = *section.section;
+    group_ = layout.word;
+    if (!prefix.empty() && layout.group == Group::kPerson) {
         group_ = lines_.keep(prefix);
-    } else if (!prefix.empty() && section_->group == Group::kPrefixed) {
-        group_ = lines_.keep(std::string(prefix).append(": ").append(section_->word));
+    } else if (!prefix.empty() && layout.group == Group::kPrefixed) {
+        group_ = lines_.keep(std::string(prefix).append(": ").append(layout.word));
     }
+    const std::span<const XmlNode> records = records_;
     position_ = 0;
-    for (const XmlNode record : records_) {
+    for (std::size_t next = 0; next < records.size();) {
+        const std::size_t end =
+            layout.merges_runs ? end_of_run(records, next, section.id) : next + 1;
         ++position_;
-        sub_group_ = {};
-        for (const auto& line : section.lines) {
-            write_line(line, record);
+        run_ = records.subspan(next, end - next);
+        write_record(section);
+        next = end;
+    }
+}
+
+void ReportWriter::write_record(const CompiledSection& section) {
+    sub_group_ = {};
+    for (const CompiledLine& line : section.lines) {
+        if (!line.each) {
+            add_line(line, run_.front());
+            continue;
+        }
+        run_.front().select(*line.each, nested_);
+        for (const XmlNode nested : nested_) {
+            add_line(line, nested);
         }
     }
 }
 
-void ReportWriter::write_line(const CompiledLayout::CompiledLine& line, XmlNode record) {
-    if (!line.each) {
-        add_line(line, record);
-        return;
-    }
-    record.select(*line.each, nested_);
-    for (const XmlNode nested : nested_) {
-        add_line(line, nested);
-    }
-}
-
-void ReportWriter::add_line(const CompiledLayout::CompiledLine& line, XmlNode record) {
+void ReportWriter::add_line(const CompiledLine& line, XmlNode record) {
     const std::string_view value = kept(line.value, record);
     if (!value.empty()) {
         lines_.add_kept(group_, sub_group(), kept(line.label, record), value);
@@ -117,14 +145,21 @@ void ReportWriter::add_line(const CompiledLayout::CompiledLine& line, XmlNode re
 }
 
 std::string_view ReportWriter::sub_group() {
-    if (section_->numbering == Numbering::kNone) {
-        return section_->sub_group;
+    const Section& layout = *section_->section;
+    if (layout.numbering == Numbering::kNone) {
+        return layout.sub_group;
     }
     if (sub_group_.empty()) {
-        std::string numbered(section_->sub_group);
+        std::string numbered(layout.sub_group);
         numbered += ' ';
-        numbered += std::to_string(position_);
-        sub_group_ = lines_.keep(numbered);
+        if (layout.numbering == Numbering::kPosition) {
+            numbered += std::to_string(position_);
+        } else {
+            numbered += unique_id(run_.front(), section_->id);
+        }
+        sub_group_ =
+            lines_.keep(layout.numbering == Numbering::kTrimmedId ? text::trim_right(numbered)
+                                                                  : std::string_view(numbered));
     }
     return sub_group_;
 }
@@ -134,13 +169,20 @@ std::string_view ReportWriter::kept(const CompiledText& text, XmlNode record) {
         return text.pieces.front().piece->before;
     }
     text_.clear();
-    for (const CompiledPiece& piece : text.pieces) {
-        append(text_, piece, record);
-    }
+    append(text_, text.pieces, record);
     return lines_.keep(text_);
 }
 
-void ReportWriter::append(std::string& target, const CompiledPiece& compiled, XmlNode record) {
+void ReportWriter::append(std::string& target, std::span<const CompiledPiece> pieces,
+                          XmlNode record) {
+    const std::size_t start = target.size();
+    for (const CompiledPiece& piece : pieces) {
+        append(target, start, piece, record);
+    }
+}
+
+void ReportWriter::append(std::string& target, std::size_t start, const CompiledPiece& compiled,
+                          XmlNode record) {
     const Piece& piece = *compiled.piece;
     if (piece.when == When::kAlways && piece.before.empty()) {
         append_value(target, compiled, record);
@@ -150,29 +192,42 @@ void ReportWriter::append(std::string& target, const CompiledPiece& compiled, Xm
     if (!condition_holds(compiled, record)) {
         return;
     }
-    value_.clear();
-    append_value(value_, compiled, record);
-    const bool first = target.empty();
-    const bool needs_value = piece.when == When::kIfValue || piece.when == When::kJoined ||
-                             (piece.when == When::kUnless && first);
-    if (value_.empty() && needs_value) {
-        return;
-    }
+    // Written in place and taken back when it turns out to be empty.
+    const std::size_t piece_begin = target.size();
+    const bool first = piece_begin == start;
     if (piece.when != When::kJoined || !first) {
         target += piece.before;
     }
-    target += value_;
+    const std::size_t value_begin = target.size();
+    append_value(target, compiled, record);
+    const bool needs_value = piece.when == When::kIfValue || piece.when == When::kJoined ||
+                             (piece.when == When::kUnless && first);
+    if (target.size() == value_begin && needs_value) {
+        target.resize(piece_begin);
+        return;
+    }
     target += piece.after;
 }
 
-bool ReportWriter::condition_holds(const CompiledPiece& compiled, XmlNode record) {
+bool ReportWriter::condition_holds(const CompiledPiece& compiled, XmlNode record) const {
     const Piece& piece = *compiled.piece;
+    const auto is_other = [&] {
+        return text::equal_ignoring_case(record.value(compiled.condition).value_or(""),
+                                         piece.other);
+    };
     switch (piece.when) {
+        case When::kIfAmount:
+            return !ZRXMLUtilities::GetSubNodeCurrency(record, compiled.path, Currency()).is_zero();
+        case When::kIfOtherBirth: {
+            const auto date = ZRXMLUtilities::GetSubNodeDate(record, compiled.path);
+            return date && date != date_of_birth_;
+        }
         case When::kIfNode:
             return record.value(compiled.condition).has_value();
+        case When::kIfEqual:
+            return is_other();
         case When::kUnless:
-            return !text::equal_ignoring_case(record.value(compiled.condition).value_or(""),
-                                              piece.other);
+            return !is_other();
         case When::kUnlessExactly:
             return record.value(compiled.condition).value_or("") != piece.other;
         default:
@@ -185,42 +240,44 @@ void ReportWriter::append_value(std::string& target, const CompiledPiece& compil
     const auto amount = [&] {
         return ZRXMLUtilities::GetSubNodeCurrency(record, compiled.path, Currency());
     };
+    const auto number = [&] { return ZRXMLUtilities::GetSubNodeDouble(record, compiled.path, 0); };
     switch (compiled.piece->form) {
         case Form::kConstant:
             return;
         case Form::kText:
-            append_host_text(target, record.value(compiled.path).value_or(""));
-            return;
+            return append_host_text(target, record.value(compiled.path).value_or(""));
         case Form::kDate:
-            append_date(target, formats_.date, record.value(compiled.path));
-            return;
+            return append_date(target, formats_.date, record.value(compiled.path));
         case Form::kGeneralDate:
-            append_date(target, formats_.general_date, record.value(compiled.path));
-            return;
+            return append_date(target, formats_.general_date, record.value(compiled.path));
         case Form::kMoney:
-            formats_.money.append(target, amount());
-            return;
+            return formats_.money.append(target, amount());
         case Form::kMoneySymbol:
-            formats_.money_symbol.append(target, amount());
-            return;
+            return formats_.money_symbol.append(target, amount());
         case Form::kNumber:
-            formats_.number.append(target,
-                                   ZRXMLUtilities::GetSubNodeDouble(record, compiled.path, 0));
-            return;
-        case Form::kLookup: {
-            const CodeTableItems* table = tables_[compiled.table];
-            const auto code = record.value(compiled.path);
-            if (table != nullptr && code) {
-                target += table->GetDescriptionFromCode(*code);
-            }
-            return;
-        }
+            return formats_.number.append(target, number());
+        case Form::kLookup:
+            return append_description(target, compiled, record);
         case Form::kPersonName:
-            append_person_name(target, record.first(compiled.path));
+            return append_person_name(target, record.first(compiled.path));
+        case Form::kId:
+            target += unique_id(record, compiled.path);
             return;
-        case Form::kTyped:
-            append_typed_value(target, record);
+        case Form::kCount:
+            return formats_.count.append(target, amount());
+        case Form::kPercent:
+            return formats_.percent.append(target, number());
+        case Form::kPosition:
+            target += std::to_string(position_);
             return;
+        case Form::kAll:
+            return append(target, compiled.parts, record);
+        case Form::kEach:
+            return append_each(target, compiled, record.select(compiled.path));
+        case Form::kRun:
+            return append_each(target, compiled, run_);
+        case Form::kChoice:
+            return append_choice(target, compiled, record);
     }
 }
 
@@ -231,17 +288,40 @@ void ReportWriter::append_date(std::string& target, const RegionalFormat& format
     }
 }
 
-void ReportWriter::append_typed_value(std::string& target, XmlNode record) {
-    const std::string_view type = record.value(layout_.type_).value_or("");
-    if (type == "amount") {
-        formats_.money_symbol.append(target, ZRXMLUtilities::GetNodeCurrency(record, Currency()));
-        return;
+void ReportWriter::append_description(std::string& target, const CompiledPiece& compiled,
+                                      XmlNode record) const {
+    const CodeTableItems* table = tables_[compiled.table];
+    const auto code = record.value(compiled.path);
+    if (table != nullptr && code) {
+        target += table->GetDescriptionFromCode(*code);
     }
-    const std::string_view text = record.text();
-    append_host_text(target, text);
-    if (!text.empty() && (type == "months" || type == "years")) {
-        target += ' ';
-        target += type;
+}
+
+void ReportWriter::append_each(std::string& target, const CompiledPiece& compiled,
+                               std::span<const XmlNode> records) {
+    const std::size_t start = target.size();
+    for (const XmlNode record : records) {
+        const std::size_t separator_begin = target.size();
+        if (separator_begin != start) {
+            target += compiled.piece->other;
+        }
+        const std::size_t begin = target.size();
+        append(target, compiled.parts, record);
+        if (target.size() == begin) {
+            target.resize(separator_begin);
+        }
+    }
+}
+
+void ReportWriter::append_choice(std::string& target, const CompiledPiece& compiled,
+                                 XmlNode record) {
+    const std::string_view code = record.value(compiled.path).value_or("");
+    const std::span<const Case> cases = compiled.piece->cases;
+    for (std::size_t index = 0; index < cases.size(); ++index) {
+        if (cases[index].otherwise || cases[index].code == code) {
+            append(target, target.size(), compiled.parts[index], record);
+            return;
+        }
     }
 }
 

@@ -29,7 +29,8 @@ class CompiledLayout {
         const Piece* piece;
         XmlPath path;
         XmlPath condition;
-        std::size_t table = 0;  ///< index into tables_
+        std::size_t table = 0;             ///< index into tables_
+        std::vector<CompiledPiece> parts;  ///< of the piece's parts or cases
     };
     struct CompiledText {
         std::vector<CompiledPiece> pieces;
@@ -43,6 +44,8 @@ class CompiledLayout {
     struct CompiledSection {
         const Section* section;
         XmlPath records;
+        XmlPath id;
+        XmlPath without;
         std::vector<CompiledLine> lines;
     };
 
@@ -52,7 +55,6 @@ class CompiledLayout {
 
     std::vector<CompiledSection> sections_;
     std::vector<std::string_view> tables_;
-    XmlPath type_;
     XmlPath first_given_name_;
     XmlPath other_given_name_;
     XmlPath family_name_;
@@ -67,6 +69,8 @@ struct ReportFormats {
     RegionalFormat money;
     RegionalFormat money_symbol;
     RegionalFormat number;
+    RegionalFormat count;
+    RegionalFormat percent;
 };
 
 /// Finds a code table by name; null for one that the service does not have.
@@ -75,8 +79,10 @@ using TableFinder = std::function<const CodeTableItems*(std::string_view name)>;
 /// Writes a layout's lines into a response.
 class ReportWriter {
   public:
+    /// `date_of_birth` is the subject's, for pieces that show another one only.
     ReportWriter(const CompiledLayout& layout, const ReportFormats& formats,
-                 const TableFinder& find_table, ResponseElements& lines);
+                 const TableFinder& find_table, ResponseElements& lines,
+                 const std::optional<DateTime>& date_of_birth = {});
 
     /// Writes every section. `sources` are the nodes that sections start from; an absent one leaves
     /// its sections out. The prefix is "" for the subject itself.
@@ -86,19 +92,26 @@ class ReportWriter {
     using CompiledText = CompiledLayout::CompiledText;
     using CompiledPiece = CompiledLayout::CompiledPiece;
 
-    void write_section(const CompiledLayout::CompiledSection& section, XmlNode source,
-                       std::string_view prefix);
-    void write_line(const CompiledLayout::CompiledLine& line, XmlNode record);
-    void add_line(const CompiledLayout::CompiledLine& line, XmlNode record);
+    using CompiledSection = CompiledLayout::CompiledSection;
+    using CompiledLine = CompiledLayout::CompiledLine;
+
+    void write_section(const CompiledSection& section, XmlNode source, std::string_view prefix);
+    void write_record(const CompiledSection& section);
+    void add_line(const CompiledLine& line, XmlNode record);
 
     /// The text of the pieces, kept as long as the lines.
     std::string_view kept(const CompiledText& text, XmlNode record);
-    void append(std::string& target, const CompiledPiece& piece, XmlNode record);
-    static bool condition_holds(const CompiledPiece& piece, XmlNode record);
+    void append(std::string& target, std::span<const CompiledPiece> pieces, XmlNode record);
+    /// `start` is where the text that the piece belongs to begins in the target.
+    void append(std::string& target, std::size_t start, const CompiledPiece& piece, XmlNode record);
+    bool condition_holds(const CompiledPiece& piece, XmlNode record) const;
     void append_value(std::string& target, const CompiledPiece& piece, XmlNode record);
     static void append_date(std::string& target, const RegionalFormat& format,
                             std::optional<std::string_view> value);
-    void append_typed_value(std::string& target, XmlNode record);
+    void append_description(std::string& target, const CompiledPiece& piece, XmlNode record) const;
+    void append_each(std::string& target, const CompiledPiece& piece,
+                     std::span<const XmlNode> records);
+    void append_choice(std::string& target, const CompiledPiece& piece, XmlNode record);
     void append_person_name(std::string& target, XmlNode person);
     std::string_view sub_group();
 
@@ -108,14 +121,15 @@ class ReportWriter {
     std::vector<const CodeTableItems*> tables_;
     std::vector<XmlNode> records_;
     std::vector<XmlNode> nested_;
-    std::string text_;   ///< of the label or value being made
-    std::string value_;  ///< of the piece being made
+    std::string text_;  ///< of the label or value being made
+    std::optional<DateTime> date_of_birth_;
 
     // Where the writer stands.
-    const Section* section_ = nullptr;
+    const CompiledSection* section_ = nullptr;
     std::string_view group_;
     std::size_t position_ = 0;
-    std::string_view sub_group_;  ///< of the record, once it has a line
+    std::span<const XmlNode> run_;  ///< the record, and those merged into it
+    std::string_view sub_group_;    ///< of the record, once it has a line
 };
 
 }  // namespace zr::layout

@@ -155,8 +155,15 @@ constexpr Line kCourtActionLines[] = {
             date_at("court-action-status/@date").within(" (", ")").if_node("court-action-status")}),
 };
 
+constexpr Case kSummaryValue[] = {
+    {"amount", of(Form::kMoneySymbol, ".")},
+    {"months", text_at(".").within("", " months").if_value()},
+    {"years", text_at(".").within("", " years").if_value()},
+    otherwise(text_at(".")),
+};
+
 constexpr Line kSummaryLines[] = {
-    line(text_at("@name"), of(Form::kTyped, ".")),
+    line(text_at("@name"), choice_at("@type", kSummaryValue)),
 };
 
 constexpr Line kScoreLines[] = {
