@@ -8,9 +8,9 @@
   --brand: #1f3d63; --bad: #8f1d1d; --bad-wash: #fcf1f0; --good: #1a5a38; --good-wash: #eef7f1;
   --warn: #6f4700; --warn-wash: #fff7e6; }
 * { box-sizing: border-box; }
-html { -webkit-text-size-adjust: 100%; text-size-adjust: 100%; }
+html { font-size: 93.75%; -webkit-text-size-adjust: 100%; text-size-adjust: 100%; }
 body { margin: 0; background: var(--wash); color: var(--ink);
-  font: 15px/1.5 "Segoe UI", Roboto, "Helvetica Neue", Arial, "DejaVu Sans", sans-serif; }
+  font: 1rem/1.5 "Segoe UI", Roboto, "Helvetica Neue", Arial, "DejaVu Sans", sans-serif; }
 main, .masthead, .foot { max-width: 62rem; margin: 0 auto; padding: 0 1.5rem; }
 h1, h2, h3, h4, h5, p, dl, dd, ul, table { margin: 0; padding: 0; }
 h1, h2, h3, h4, h5 { line-height: 1.25; overflow-wrap: anywhere; }
@@ -30,7 +30,7 @@ time { white-space: nowrap; }
 
 .panel { background: #fff; border: 1px solid var(--line); border-radius: 6px;
   padding: 1.25rem 1.5rem 1.5rem; margin-bottom: 1.25rem; }
-.panel > h3:first-of-type { margin-top: .75rem; }
+.panel > h2 + h3 { margin-top: .75rem; }
 .overview { border-top: 4px solid var(--brand); }
 .other { border-left: 4px solid var(--warn); }
 .part { border-top: 1px solid var(--line); margin-top: 1.5rem; padding-top: 1.25rem; }
@@ -48,7 +48,7 @@ time { white-space: nowrap; }
   border: 1px solid currentColor; font-size: .8rem; font-weight: 600; }
 .tag.bad { color: var(--bad); } .tag.good { color: var(--good); }
 
-.facts { display: grid; grid-template-columns: repeat(auto-fill, minmax(13rem, 1fr));
+.facts { display: grid; grid-template-columns: repeat(auto-fill, minmax(12rem, 1fr));
   gap: .7rem 1.5rem; }
 .facts .long { grid-column: 1 / -1; }
 dt { color: var(--soft); font-size: .85rem; }
@@ -60,13 +60,18 @@ dd { overflow-wrap: anywhere; white-space: pre-line; }
 .record { border: 1px solid var(--line); border-radius: 4px; padding: .9rem 1.1rem 1rem;
   margin-bottom: .8rem; }
 .record.bad { border-left: 4px solid var(--bad); }
-.record .facts + table { margin-top: .9rem; }
+.record .facts { grid-template-columns: repeat(auto-fit, minmax(12rem, 1fr)); }
+.record .facts + table { margin-top: .9rem; table-layout: fixed; }
+.record th:nth-child(1) { width: 14%; } .record th:nth-child(2) { width: 16%; }
+.record th:nth-child(5) { width: 15%; }
+table + .facts { margin-top: 1rem; }
+main > p { margin-bottom: 1.25rem; }
 .none { color: var(--soft); }
 
 table { width: 100%; border-collapse: collapse; }
 caption { text-align: left; color: var(--soft); font-size: .85rem; padding-bottom: .35rem; }
 th, td { text-align: left; vertical-align: top; padding: .4rem .9rem .4rem 0;
-  border-bottom: 1px solid var(--line); overflow-wrap: anywhere; }
+  border-bottom: 1px solid var(--line); overflow-wrap: break-word; }
 th:last-child, td:last-child { padding-right: 0; }
 thead th { color: var(--soft); font-size: .85rem; font-weight: 600; }
 tbody th { font-weight: 600; }
@@ -74,6 +79,7 @@ tbody tr:last-child > * { border-bottom: 0; }
 .record thead th { border-bottom: 1px solid var(--line); }
 th.amount, td.amount { text-align: right; white-space: nowrap; font-variant-numeric: tabular-nums; }
 td.address { white-space: pre-line; }
+td.prose { overflow-wrap: anywhere; }
 tr.quiet > * { color: var(--soft); font-weight: 400; }
 .messages { padding-left: 1.2rem; }
 .messages li { margin-bottom: .3rem; overflow-wrap: anywhere; }
@@ -92,6 +98,7 @@ tr.quiet > * { color: var(--soft); font-weight: 400; }
   .wide tr:last-child { border-bottom: 0; }
   .wide td, .wide tbody th { display: grid; grid-template-columns: 8rem 1fr; gap: .5rem;
     padding: .1rem 0; border: 0; text-align: left; white-space: pre-line; }
+  .record tbody th { width: auto; }
   .wide td:empty { display: none; }
   .wide [data-label]::before { content: attr(data-label); color: var(--soft); font-size: .85rem;
     font-weight: 400; }
@@ -100,7 +107,8 @@ tr.quiet > * { color: var(--soft); font-weight: 400; }
 @page { size: A4; margin: 16mm 15mm 18mm; @bottom-right { content: counter(page) " of " counter(pages);
   font: 9pt Arial, sans-serif; color: #4f5d6b; } }
 @media print {
-  body { background: #fff; font-size: 9.5pt; line-height: 1.4; }
+  html { font-size: 9.5pt; }
+  body { background: #fff; line-height: 1.4; }
   main, .masthead, .foot { max-width: none; padding: 0; }
   .masthead { margin-bottom: 4mm; }
   .contents { display: none; }
@@ -108,7 +116,7 @@ tr.quiet > * { color: var(--soft); font-weight: 400; }
   .overview, .other { border: 1px solid var(--line); border-top: 3px solid var(--brand);
     padding: 4mm; }
   .other { border-top-color: var(--warn); }
-  .facts { grid-template-columns: repeat(4, 1fr); gap: 2mm 5mm; }
+  .facts, .record .facts { grid-template-columns: repeat(auto-fill, minmax(11rem, 1fr)); gap: 2mm 5mm; }
   .say, .tag, .record { -webkit-print-color-adjust: exact; print-color-adjust: exact; }
   .record, .say, .facts > div, tr, li, .overview { break-inside: avoid; }
   h2, h3, h4, h5, caption, thead { break-after: avoid; }

@@ -90,6 +90,7 @@
     </xsl:call-template>
     <xsl:call-template name="cell">
       <xsl:with-param name="label">Note</xsl:with-param>
+      <xsl:with-param name="class">prose</xsl:with-param>
       <xsl:with-param name="value" select="."/>
     </xsl:call-template>
   </xsl:template>

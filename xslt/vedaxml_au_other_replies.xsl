@@ -56,7 +56,7 @@
     </xsl:call-template>
     <xsl:call-template name="cell">
       <xsl:with-param name="label">Code</xsl:with-param>
-      <xsl:with-param name="value" select="@code"/>
+      <xsl:with-param name="value" select="error-description/@code"/>
     </xsl:call-template>
     <xsl:call-template name="cell">
       <xsl:with-param name="label">Type</xsl:with-param>

@@ -6,10 +6,20 @@
   <xsl:template name="overview">
     <xsl:param name="match"/>
     <xsl:param name="other"/>
+    <xsl:variable name="credit" select="$match/individual-consumer-credit-file
+                                        | $match/individual-commercial-credit-file"/>
+    <xsl:variable name="public" select="$match/individual-public-data-file"/>
+    <xsl:variable name="adverse"
+                  select="count($credit/default | $public/bankruptcy | $public/court-action
+                                | $public/disqualified-directorship)"/>
     <section class="panel overview" aria-labelledby="overview">
       <h2 id="overview">Overview</h2>
       <xsl:if test="$match">
-        <xsl:call-template name="verdict"><xsl:with-param name="match" select="$match"/></xsl:call-template>
+        <xsl:call-template name="verdict">
+          <xsl:with-param name="credit" select="$credit"/>
+          <xsl:with-param name="public" select="$public"/>
+          <xsl:with-param name="adverse" select="$adverse"/>
+        </xsl:call-template>
       </xsl:if>
       <xsl:if test="not($match)">
         <p class="say">The bureau's reply has no matching file.</p>
@@ -31,6 +41,12 @@
           <xsl:with-param name="label">Bureau file number</xsl:with-param>
           <xsl:with-param name="value" select="$match/bureau-reference"/>
         </xsl:call-template>
+        <xsl:if test="$credit">
+          <xsl:call-template name="fact">
+            <xsl:with-param name="label">Credit enquiries on file</xsl:with-param>
+            <xsl:with-param name="value" select="count($credit/credit-enquiry)"/>
+          </xsl:call-template>
+        </xsl:if>
         <xsl:for-each select="$match/individual-public-data-file/disqualified-directorship
                               /date-disqualified-until[normalize-space()]">
           <xsl:sort select="normalize-space()" order="descending"/>
@@ -44,8 +60,11 @@
         </xsl:for-each>
         <xsl:apply-templates select="score-data[1]/score[1]" mode="tile"/>
       </dl>
-      <xsl:if test="$match">
-        <xsl:call-template name="adverse-table"><xsl:with-param name="match" select="$match"/></xsl:call-template>
+      <xsl:if test="$adverse">
+        <xsl:call-template name="adverse-table">
+          <xsl:with-param name="credit" select="$credit"/>
+          <xsl:with-param name="public" select="$public"/>
+        </xsl:call-template>
       </xsl:if>
     </section>
   </xsl:template>
@@ -68,13 +87,9 @@
   <!-- "No adverse records" is said of a file that is there and holds none, and never against the
        bureau's own totals. -->
   <xsl:template name="verdict">
-    <xsl:param name="match"/>
-    <xsl:variable name="credit" select="$match/individual-consumer-credit-file
-                                        | $match/individual-commercial-credit-file"/>
-    <xsl:variable name="public" select="$match/individual-public-data-file"/>
-    <xsl:variable name="adverse"
-                  select="count($credit/default | $public/bankruptcy | $public/court-action
-                                | $public/disqualified-directorship)"/>
+    <xsl:param name="credit"/>
+    <xsl:param name="public"/>
+    <xsl:param name="adverse"/>
     <xsl:variable name="totals"><xsl:apply-templates select="summary-data/summary" mode="adverse"/></xsl:variable>
     <xsl:choose>
       <xsl:when test="$adverse">
@@ -126,58 +141,49 @@
   </xsl:template>
 
   <xsl:template name="adverse-table">
-    <xsl:param name="match"/>
-    <xsl:variable name="credit" select="$match/individual-consumer-credit-file
-                                        | $match/individual-commercial-credit-file"/>
-    <xsl:variable name="public" select="$match/individual-public-data-file"/>
-    <xsl:if test="$credit or $public">
-      <table class="wide" role="table">
-        <caption>Records of the matched file; open are those not paid or not discharged</caption>
-        <xsl:call-template name="table-head">
-          <xsl:with-param name="columns">Records|$On file|$Open|$Listed|$Outstanding|</xsl:with-param>
-        </xsl:call-template>
-        <tbody role="rowgroup">
-          <xsl:if test="$credit">
-            <xsl:call-template name="money-row">
-              <xsl:with-param name="label">Defaults</xsl:with-param>
-              <xsl:with-param name="records" select="$credit/default"/>
-              <xsl:with-param name="listed" select="$credit/default/original-default/default-amount"/>
-              <xsl:with-param name="owed"
-                              select="$credit/default[not(account-details/default-status[@code = 'P' or @code = 'S'])]
-                                      /current-default/default-amount[number() &gt; 0]"/>
-            </xsl:call-template>
-          </xsl:if>
-          <xsl:if test="$public">
-            <xsl:call-template name="court-row">
-              <xsl:with-param name="label">Judgements</xsl:with-param>
-              <xsl:with-param name="records" select="$public/court-action[@type = 'default-judgement']"/>
-            </xsl:call-template>
-            <xsl:call-template name="court-row">
-              <xsl:with-param name="label">Court writs and summonses</xsl:with-param>
-              <xsl:with-param name="records" select="$public/court-action[not(@type = 'default-judgement')]"/>
-            </xsl:call-template>
-            <xsl:call-template name="count-row">
-              <xsl:with-param name="label">Bankruptcies</xsl:with-param>
-              <xsl:with-param name="records" select="$public/bankruptcy"/>
-              <xsl:with-param name="open"
-                              select="count($public/bankruptcy) - count($public/bankruptcy[
-                                      translate(discharge-status/@type, $small, $capital) = 'DISCHARGED'
-                                      or translate(discharge-status/@type, $small, $capital) = 'COMPLETED'])"/>
-            </xsl:call-template>
-            <xsl:call-template name="count-row">
-              <xsl:with-param name="label">Disqualified directorships</xsl:with-param>
-              <xsl:with-param name="records" select="$public/disqualified-directorship"/>
-            </xsl:call-template>
-          </xsl:if>
-          <xsl:if test="$credit">
-            <xsl:call-template name="count-row">
-              <xsl:with-param name="label">Credit enquiries</xsl:with-param>
-              <xsl:with-param name="records" select="$credit/credit-enquiry"/>
-            </xsl:call-template>
-          </xsl:if>
-        </tbody>
-      </table>
-    </xsl:if>
+    <xsl:param name="credit"/>
+    <xsl:param name="public"/>
+    <table class="wide" role="table">
+      <caption>Adverse records of the matched file; open are those not paid or not discharged</caption>
+      <xsl:call-template name="table-head">
+        <xsl:with-param name="columns">Records|$On file|$Open|$Listed|$Outstanding|</xsl:with-param>
+      </xsl:call-template>
+      <tbody role="rowgroup">
+        <xsl:if test="$credit">
+          <xsl:call-template name="money-row">
+            <xsl:with-param name="label">Defaults</xsl:with-param>
+            <xsl:with-param name="records" select="$credit/default"/>
+            <xsl:with-param name="listed" select="$credit/default/original-default/default-amount"/>
+            <xsl:with-param name="owed"
+                            select="$credit/default[not(account-details/default-status[@code = 'P'
+                                                                                       or @code = 'S'])]
+                                    /current-default/default-amount[number() &gt; 0]"/>
+          </xsl:call-template>
+        </xsl:if>
+        <xsl:if test="$public">
+          <xsl:call-template name="court-row">
+            <xsl:with-param name="label">Judgements</xsl:with-param>
+            <xsl:with-param name="records" select="$public/court-action[@type = 'default-judgement']"/>
+          </xsl:call-template>
+          <xsl:call-template name="court-row">
+            <xsl:with-param name="label">Court writs and summonses</xsl:with-param>
+            <xsl:with-param name="records"
+                            select="$public/court-action[not(@type = 'default-judgement')]"/>
+          </xsl:call-template>
+          <xsl:call-template name="count-row">
+            <xsl:with-param name="label">Bankruptcies</xsl:with-param>
+            <xsl:with-param name="records" select="$public/bankruptcy"/>
+            <xsl:with-param name="open" select="count($public/bankruptcy[not(
+                contains('|DISCHARGED|COMPLETED|',
+                         concat('|', translate(discharge-status/@type, $small, $capital), '|')))])"/>
+          </xsl:call-template>
+          <xsl:call-template name="count-row">
+            <xsl:with-param name="label">Disqualified directorships</xsl:with-param>
+            <xsl:with-param name="records" select="$public/disqualified-directorship"/>
+          </xsl:call-template>
+        </xsl:if>
+      </tbody>
+    </table>
   </xsl:template>
 
   <xsl:template name="court-row">
