@@ -1,9 +1,11 @@
 #include "bureau_gateway/options.h"
 
 #include <CLI/CLI.hpp>
-#include <map>
+#include <algorithm>
+#include <iostream>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "bureau_gateway/dates.h"
@@ -50,6 +52,13 @@ std::string faults_help() {
     return text + "  * of the whole server; not for a surname\n";
 }
 
+HttpAuth http_auth_of(std::string_view name) {
+    if (name == "basic") {
+        return HttpAuth::kBasic;
+    }
+    return name == "digest" ? HttpAuth::kDigest : HttpAuth::kNone;
+}
+
 void require_date(const std::string& text, Settings& settings) {
     settings.today = parse_date(text);
     if (!settings.today) {
@@ -64,6 +73,7 @@ std::variant<Options, int> parse_options(int argc, char** argv) {
     Settings& settings = options.settings;
     std::vector<std::string> faults;
     std::string today;
+    std::string http_auth = "none";
     long seconds = 0;
 
     CLI::App app(kAbout, "bureau_gateway");
@@ -80,13 +90,9 @@ std::variant<Options, int> parse_options(int argc, char** argv) {
         ->capture_default_str();
     app.add_option("--password", settings.password, "password that is accepted [demo-secret]")
         ->envname("BUREAU_GATEWAY_PASSWORD");
-    app.add_option("--http-auth", settings.http_auth, "none, basic or digest: challenge in HTTP")
-        ->transform(
-            CLI::CheckedTransformer(std::map<std::string, HttpAuth>{{"none", HttpAuth::kNone},
-                                                                    {"basic", HttpAuth::kBasic},
-                                                                    {"digest", HttpAuth::kDigest}},
-                                    CLI::ignore_case))
-        ->default_str("none");
+    app.add_option("--http-auth", http_auth, "challenge in HTTP itself")
+        ->check(CLI::IsMember({"none", "basic", "digest"}))
+        ->capture_default_str();
     app.add_option("--today", today, "yyyy-mm-dd: day that reports are dated back from");
     app.add_option("--fault", faults, "a deliberate failure (below); may be repeated")
         ->allow_extra_args(false);
@@ -103,6 +109,7 @@ std::variant<Options, int> parse_options(int argc, char** argv) {
         if (!today.empty()) {
             require_date(today, settings);
         }
+        settings.http_auth = http_auth_of(http_auth);
     } catch (const CLI::ParseError& error) {
         return app.exit(error);
     } catch (const std::invalid_argument& error) {

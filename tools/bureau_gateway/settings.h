@@ -31,12 +31,12 @@ struct Settings {
     std::string user = "demo";
     std::string password = "demo-secret";
     HttpAuth http_auth = HttpAuth::kNone;
-    std::vector<Fault> faults;
+    std::vector<Fault> faults{};
     /// The day that reports are dated back from; none: the current date of each exchange.
-    std::optional<std::chrono::year_month_day> today;
-    std::filesystem::path certificate_file;  ///< where the authority is written; empty: nowhere
-    std::filesystem::path log_file;          ///< empty: no log
-    Limits limits;
+    std::optional<std::chrono::year_month_day> today{};
+    std::filesystem::path certificate_file{};  ///< where the authority is written; empty: nowhere
+    std::filesystem::path log_file{};          ///< empty: no log
+    Limits limits{};
 };
 
 }  // namespace zr::gateway

@@ -56,6 +56,14 @@ void insert_at_end(std::string& document, std::string_view text) {
     document.insert(end == std::string::npos ? document.size() : end, text);
 }
 
+/// Names the encoding in the document's declaration.
+void declare_encoding(std::string& document, std::string_view name) {
+    constexpr std::string_view kUsual = "\"UTF-8\"";
+    if (const auto at = document.find(kUsual); at != std::string::npos) {
+        document.replace(at + 1, kUsual.size() - 2, name);
+    }
+}
+
 std::string with_many_attributes() {
     std::string element = "<many";
     for (int i = 0; i < kManyAttributes; ++i) {
@@ -100,6 +108,7 @@ void change_reply(HttpReply& reply, const Fault& fault) {
             break;
         case FaultKind::kCharset:
             reply.charset = fault.text;
+            declare_encoding(reply.body, fault.text);
             reply.body = encode(reply.body, fault.text);
             break;
         case FaultKind::kBom:

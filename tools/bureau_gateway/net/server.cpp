@@ -366,12 +366,27 @@ class Server::Impl {
 
     void accept_until_stopped() {
         while (wait_for_slot()) {
-            if (const auto delay = shared_.faults.take(FaultKind::kDelayAccept);
-                delay && !shared_.stop.wait(milliseconds(delay->number))) {
-                return;
+            if (wait_for_client() && delay_accept()) {
+                accept_one();
             }
-            accept_one();
         }
+    }
+
+    /// Waits until somebody wants to connect; false when that failed, after a little while.
+    bool wait_for_client() {
+        ErrorCode error = asio::error::operation_aborted;
+        acceptor_.async_wait(Tcp::acceptor::wait_read, [&](ErrorCode result) { error = result; });
+        context_.restart();
+        context_.run();
+        if (error) {
+            shared_.stop.wait(milliseconds(10));
+        }
+        return !error;
+    }
+
+    bool delay_accept() {
+        const auto delay = shared_.faults.take(FaultKind::kDelayAccept);
+        return !delay || shared_.stop.wait(milliseconds(delay->number));
     }
 
     /// Forgets the connections that have ended and waits until there is room for one more.
