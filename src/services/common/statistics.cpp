@@ -4,6 +4,7 @@
 #include <cstddef>
 
 #include "platform/text.h"
+#include "services/common/unique_id.h"
 #include "xml/zr_xml_utilities.h"
 
 namespace zr {
@@ -20,12 +21,12 @@ bool is_one_of(std::span<const std::string_view> values, std::string_view value)
 constexpr std::string_view kPeriodLabels[] = {"In last year", "In last 2 years", "In last 3 years",
                                               "In last 4 years"};
 
-void write_open_count(ResponseElements& lines, std::string_view group, const SummaryBlock& block,
-                      std::int16_t count) {
-    if (!block.open_label.empty()) {
+void write_open_count(Response& response, std::string_view group, const SummaryBlock& block) {
+    const std::int16_t count = response.statistics(block.family).open;
+    if (!block.open_label.empty() && (response.Company() || !block.open_of_companies)) {
         const bool none = block.none_when_zero && count == 0;
-        lines.AddElement(group, block.sub_group, block.open_label,
-                         none ? "None" : std::to_string(count));
+        response.elements().AddElement(group, block.sub_group, block.open_label,
+                                       none ? "None" : std::to_string(count));
     }
 }
 
@@ -48,12 +49,14 @@ StatisticsTable::StatisticsTable(std::span<const StatisticsCategory> categories,
     for (const StatisticsCategory& category : categories) {
         rows_.push_back({.category = &category,
                          .records = compile(category.records, names),
+                         .instead_of = compile(category.instead_of, names),
                          .only = compile(category.only_path, names),
+                         .run_id = compile(category.run_id, names),
                          .event_date = compile(category.event_date, names),
                          .loaded = compile(category.loaded, names),
                          .outstanding = compile(category.outstanding, names),
                          .settled = compile(category.settled_path, names),
-                         .closed = compile(category.closed_path, names)});
+                         .status = compile(category.status_path, names)});
     }
 }
 
@@ -61,48 +64,71 @@ void StatisticsTable::update(Response& response, XmlNode node,
                              const StatisticsPeriods& periods) const {
     std::vector<XmlNode> records;
     for (const Compiled& row : rows_) {
+        if (node.first(row.instead_of)) {
+            continue;
+        }
         FamilyStatistics& statistics = response.statistics(row.category->family);
+        const bool merges_runs = !row.category->run_id.empty();
         node.select(row.records, records);
-        for (const XmlNode record : records) {
-            if (counts(row, record)) {
-                count_record(row, record, periods, statistics);
+        for (std::size_t index = 0; index < records.size();
+             index = merges_runs ? end_of_run(records, index, row.run_id) : index + 1) {
+            if (counts(row, records[index])) {
+                count_record(row, records[index], periods, statistics);
             }
         }
     }
 }
 
 bool StatisticsTable::counts(const Compiled& row, XmlNode record) {
-    if (row.category->only_path.empty()) {
+    const StatisticsCategory& category = *row.category;
+    if (category.only_path.empty()) {
         return true;
     }
-    const bool equal = record.value(row.only).value_or("") == row.category->only_value;
-    return equal != row.category->only_others;
+    const std::string_view value = record.value(row.only).value_or("");
+    if (!category.only_codes.empty()) {
+        return is_one_of(category.only_codes, text::upper(value));
+    }
+    return (value == category.only_value) != category.only_others;
+}
+
+Currency StatisticsTable::outstanding(const Compiled& row, XmlNode record) {
+    const std::string_view code = record.value(row.settled).value_or("");
+    const bool settled = row.category->settled_by_any_code
+                             ? !code.empty()
+                             : is_one_of(row.category->settled_codes, code);
+    return settled ? Currency()
+                   : ZRXMLUtilities::GetSubNodeCurrency(record, row.outstanding, Currency());
+}
+
+bool StatisticsTable::is_open(const Compiled& row, XmlNode record, Currency outstanding) {
+    const auto has_status = [&] {
+        return is_one_of(row.category->statuses,
+                         text::upper(record.value(row.status).value_or("")));
+    };
+    switch (row.category->open) {
+        case Open::kUnlessStatus:
+            return !has_status();
+        case Open::kIfStatus:
+            return has_status();
+        case Open::kUnlessNode:
+            return !record.value(row.status);
+        case Open::kOwing:
+            return outstanding > Currency();
+    }
+    return false;
 }
 
 void StatisticsTable::count_record(const Compiled& row, XmlNode record,
                                    const StatisticsPeriods& periods, FamilyStatistics& statistics) {
-    const StatisticsCategory& category = *row.category;
+    const Currency owed = outstanding(row, record);
     increment(statistics.total);
     if (const auto event = ZRXMLUtilities::GetSubNodeDate(record, row.event_date)) {
         periods.count(statistics, *event);
     }
-    if (!category.closed_path.empty()) {
-        const std::string status = text::upper(record.value(row.closed).value_or(""));
-        if (!is_one_of(category.closed_statuses, status)) {
-            increment(statistics.open);
-        }
-    }
-    if (category.loaded.empty()) {
-        return;
-    }
-    const bool settled = is_one_of(category.settled_codes, record.value(row.settled).value_or(""));
-    const Currency outstanding =
-        settled ? Currency()
-                : ZRXMLUtilities::GetSubNodeCurrency(record, row.outstanding, Currency());
-    if (outstanding > Currency()) {
+    if (is_open(row, record, owed)) {
         increment(statistics.open);
     }
-    statistics.loaded_balance += outstanding;
+    statistics.loaded_balance += owed;
     statistics.loaded_value += ZRXMLUtilities::GetSubNodeCurrency(record, row.loaded, Currency());
 }
 
@@ -113,7 +139,7 @@ void write_quick_summary(Response& response, std::span<const SummaryBlock> block
         if (counted.total > 0) {
             response.elements().AddElement(kGroup, block.sub_group, "Total",
                                            std::to_string(counted.total));
-            write_open_count(response.elements(), kGroup, block, counted.open);
+            write_open_count(response, kGroup, block);
         }
     }
 }
@@ -133,7 +159,7 @@ void write_statistics(Response& response, std::span<const SummaryBlock> blocks) 
             }
         }
         lines.AddElement(kGroup, block.sub_group, "Total", std::to_string(counted.total));
-        write_open_count(lines, kGroup, block, counted.open);
+        write_open_count(response, kGroup, block);
     }
 }
 

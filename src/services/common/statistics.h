@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
@@ -14,16 +15,31 @@
 
 namespace zr {
 
+/// What makes a record open: unpaid, undischarged or adverse.
+enum class Open : std::uint8_t {
+    kOwing,         ///< its outstanding amount is above 0
+    kUnlessStatus,  ///< its upper-cased status is none of the category's
+    kIfStatus,      ///< its upper-cased status is one of the category's
+    kUnlessNode,    ///< it has no node at the status path
+};
+
 /// How the records of one family are found and counted. Paths are relative to a record but for
-/// `records` itself; "" where the family has no such rule.
+/// `records` and `instead_of`; "" where the family has no such rule.
 struct StatisticsCategory {
     RecordFamily family;
     std::string_view records{};  ///< relative to the node counted under
+    std::string_view
+        instead_of{};  ///< nothing counts where the node counted under has one of these
 
     /// Only records whose value at `only_path` is (or, negated, is not) `only_value` count.
     std::string_view only_path{};
     std::string_view only_value{};
     bool only_others = false;
+    /// In place of `only_value`: only records whose upper-cased value there is one of these count.
+    std::span<const std::string_view> only_codes{};
+
+    /// Records that follow each other with the same identifier here count once, by the first.
+    std::string_view run_id{};
 
     /// The date by which a record counts in the periods; without one it counts in the total only.
     std::string_view event_date{};
@@ -31,13 +47,15 @@ struct StatisticsCategory {
     std::string_view loaded{};       ///< amount as first lodged, 0 when missing
     std::string_view outstanding{};  ///< amount still owed, 0 when missing
 
-    /// A record whose code at this path is one of these owes nothing.
+    /// A record whose code at this path is one of these, or with `settled_by_any_code` any code,
+    /// owes nothing.
     std::string_view settled_path{};
     std::array<std::string_view, 3> settled_codes{};
+    bool settled_by_any_code = false;
 
-    /// A record is open unless its upper-cased status at this path is one of these.
-    std::string_view closed_path{};
-    std::array<std::string_view, 2> closed_statuses{};
+    Open open = Open::kOwing;
+    std::string_view status_path{};
+    std::array<std::string_view, 2> statuses{};
 };
 
 /// The start dates of the one-to-four-year periods of a translation.
@@ -64,14 +82,18 @@ class StatisticsTable {
     struct Compiled {
         const StatisticsCategory* category;
         XmlPath records;
+        XmlPath instead_of;
         XmlPath only;
+        XmlPath run_id;
         XmlPath event_date;
         XmlPath loaded;
         XmlPath outstanding;
         XmlPath settled;
-        XmlPath closed;
+        XmlPath status;
     };
     static bool counts(const Compiled& row, XmlNode record);
+    static bool is_open(const Compiled& row, XmlNode record, Currency outstanding);
+    static Currency outstanding(const Compiled& row, XmlNode record);
     static void count_record(const Compiled& row, XmlNode record, const StatisticsPeriods& periods,
                              FamilyStatistics& statistics);
 
@@ -82,8 +104,9 @@ class StatisticsTable {
 struct SummaryBlock {
     RecordFamily family;
     std::string_view sub_group;
-    std::string_view open_label;  ///< label of the open count; "" for no such line
-    bool none_when_zero = false;  ///< the open count reads "None" when it is 0
+    std::string_view open_label;     ///< label of the open count; "" for no such line
+    bool none_when_zero = false;     ///< the open count reads "None" when it is 0
+    bool open_of_companies = false;  ///< the open count is shown in a company's response only
 };
 
 /// Writes ("Quick Summary", sub-group, "Total") and the open count of each block whose total is
