@@ -105,7 +105,11 @@
     <xsl:param name="text"/>
     <xsl:variable name="number" select="number($text)"/>
     <xsl:choose>
-      <xsl:when test="string($number) = 'NaN'"><xsl:value-of select="$text"/></xsl:when>
+      <!-- Some processors read 1e5, and none is exact beyond 15 digits. -->
+      <xsl:when test="string($number) = 'NaN' or translate($text, '0123456789.-', '') != ''
+                      or string-length($text) &gt; 16">
+        <xsl:value-of select="$text"/>
+      </xsl:when>
       <xsl:otherwise>
         <xsl:variable name="size" select="$number * (1 - 2 * ($number &lt; 0))"/>
         <xsl:if test="$number &lt; 0">-</xsl:if>

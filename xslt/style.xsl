@@ -11,7 +11,7 @@
 html { font-size: 93.75%; -webkit-text-size-adjust: 100%; text-size-adjust: 100%; }
 body { margin: 0; background: var(--wash); color: var(--ink);
   font: 1rem/1.5 "Segoe UI", Roboto, "Helvetica Neue", Arial, "DejaVu Sans", sans-serif; }
-main, .masthead, .foot { max-width: 62rem; margin: 0 auto; padding: 0 1.5rem; }
+main, .masthead, .foot { max-width: 66rem; margin: 0 auto; padding: 0 1.5rem; }
 h1, h2, h3, h4, h5, p, dl, dd, ul, table { margin: 0; padding: 0; }
 h1, h2, h3, h4, h5 { line-height: 1.25; overflow-wrap: anywhere; }
 h1 { font-size: 1.75rem; }
