@@ -118,7 +118,7 @@ tr.quiet > * { color: var(--soft); font-weight: 400; }
   .other { border-top-color: var(--warn); }
   .facts, .record .facts { grid-template-columns: repeat(auto-fill, minmax(11rem, 1fr)); gap: 2mm 5mm; }
   .say, .tag, .record { -webkit-print-color-adjust: exact; print-color-adjust: exact; }
-  .record, .say, .facts > div, tr, li, .overview { break-inside: avoid; }
+  .record, .say, .facts, tr, li, .overview { break-inside: avoid; }
   h2, h3, h4, h5, caption, thead { break-after: avoid; }
   thead { display: table-header-group; }
   p, dd { orphans: 3; widows: 3; }

@@ -114,11 +114,11 @@
       <xsl:with-param name="label">Number</xsl:with-param>
       <xsl:with-param name="value"><xsl:choose>
         <xsl:when test="normalize-space(organisation-number-heading) = 'ACN'">
-          <xsl:value-of select="concat('ACN ', normalize-space(organisation-number))"/>
+          <xsl:value-of select="concat('ACN&#160;', normalize-space(organisation-number))"/>
         </xsl:when>
         <xsl:when test="not(normalize-space(organisation-number-heading))
                         and normalize-space(australian-business-number)">
-          <xsl:value-of select="concat('ABN ', normalize-space(australian-business-number))"/>
+          <xsl:value-of select="concat('ABN&#160;', normalize-space(australian-business-number))"/>
         </xsl:when>
       </xsl:choose></xsl:with-param>
     </xsl:call-template>
