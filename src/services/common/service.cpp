@@ -1,9 +1,18 @@
 #include "services/common/service.h"
 
+#include "platform/error.h"
+
 namespace zr {
 
 ZRCreditBureau* Service::Application() const {
     return context_ != nullptr ? &context_->facade() : nullptr;
+}
+
+ServiceContext& Service::context() const {
+    if (context_ == nullptr) {
+        throw PlatformError(error_number::kMessageOnly, "The service has been disposed of.");
+    }
+    return *context_;
 }
 
 bool Service::Initialise(ServiceContext& context) {

@@ -61,7 +61,8 @@ class Service {
     /// Fills the catalogue and the code tables.
     virtual bool build_catalogue() = 0;
 
-    ServiceContext& context() const { return *context_; }
+    /// The facade as services see it; raises an error once the service is disposed of.
+    ServiceContext& context() const;
     zr::Products& products() { return products_; }
     CodeTableCollection& code_tables() { return code_tables_; }
 
