@@ -152,6 +152,12 @@ constexpr Piece each_at(std::string_view path, std::span<const Piece> parts,
     return {.form = Form::kEach, .path = path, .other = separator, .parts = parts};
 }
 
+/// The pieces once for each record of the run that the section merged; nothing of a record whose
+/// pieces are empty.
+constexpr Piece each_of_run(std::span<const Piece> parts, std::string_view separator) {
+    return {.form = Form::kRun, .other = separator, .parts = parts};
+}
+
 /// One piece of a choice. A code of the reply is compared as it stands.
 struct Case {
     std::string_view code;

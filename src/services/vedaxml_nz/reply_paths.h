@@ -2,7 +2,10 @@
 #pragma once
 
 #include "platform/xml_document.h"
+#include "services/common/new_zealand_summary.h"
 #include "services/common/reply_checks.h"
+#include "services/common/report_writer.h"
+#include "services/common/statistics.h"
 #include "services/vedaxml_nz/company_search.h"
 
 namespace zr::new_zealand {
@@ -15,6 +18,24 @@ struct ReplyPaths {
 
     ReplyCheckPaths checks;
     NewZealandSearchPaths search;
+    SummaryPaths summary;
+    StatisticsTable individual_statistics;
+    StatisticsTable company_statistics;
+    layout::CompiledLayout individual_layout;
+    layout::CompiledLayout company_layout;
+
+    XmlPath licence_report;
+    XmlPath fines_report;
+    XmlPath general_message;
+    // Under an individual's report.
+    XmlPath file_age;
+    // Under the fines report.
+    XmlPath fines_balance;
+    XmlPath fines_amount;
+    // Under the company.
+    XmlPath company;
+    XmlPath company_name;
+    XmlPath company_number;
 };
 
 /// The one instance, made at first use.
