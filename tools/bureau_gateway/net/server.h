@@ -1,5 +1,4 @@
-// The HTTPS server: connections, TLS, and HTTP messages as bytes. Boost.Asio and Boost.Beast are
-// named in the source file only.
+// The HTTPS server: connections, TLS, and HTTP messages as bytes.
 #pragma once
 
 #include <cstdint>
