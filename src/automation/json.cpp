@@ -1,6 +1,8 @@
 // Reads and writes JSON with RapidJSON, which no other file includes.
 #include "automation/json.h"
 
+#include <algorithm>
+
 #include "platform/text.h"
 
 // The vector instructions read whole aligned blocks, which the address sanitizer cannot tell from
@@ -175,6 +177,7 @@ JsonValue parse_json(std::string_view text) {
 struct JsonWriter::Output {
     rapidjson::StringBuffer buffer;
     rapidjson::Writer<rapidjson::StringBuffer> writer{buffer};
+    std::string repaired;
 };
 
 JsonWriter::JsonWriter() : output_(std::make_unique<Output>()) {}
@@ -196,7 +199,15 @@ const char* data_of(std::string_view text) { return text.empty() ? "" : text.dat
 
 }  // namespace
 
-void JsonWriter::name(std::string_view name) { output_->writer.Key(data_of(name), size_of(name)); }
+void JsonWriter::name(std::string_view name) {
+    // A report has thousands of names, all of them plain: an empty raw value makes the writer set
+    // its comma, and the name is copied behind it in one go.
+    output_->writer.RawValue("", 0, rapidjson::kStringType);
+    char* target = output_->buffer.Push(name.size() + 2);
+    *target++ = '"';
+    target = std::copy(name.begin(), name.end(), target);
+    *target = '"';
+}
 
 void JsonWriter::null() { output_->writer.Null(); }
 
@@ -225,13 +236,17 @@ void JsonWriter::value(const Value& value) {
     }
 }
 
-std::string JsonWriter::take() {
+std::string_view JsonWriter::view() {
     const std::string_view written(output_->buffer.GetString(), output_->buffer.GetSize());
-    std::string result =
-        text::is_valid_utf8(written) ? std::string(written) : text::to_valid_utf8(written);
+    if (text::is_valid_utf8(written)) {
+        return written;
+    }
+    return output_->repaired = text::to_valid_utf8(written);
+}
+
+void JsonWriter::clear() {
     output_->buffer.Clear();
     output_->writer.Reset(output_->buffer);
-    return result;
 }
 
 }  // namespace zr::automation

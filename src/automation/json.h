@@ -66,7 +66,7 @@ inline constexpr int kDeepestJson = 64;
 /// for nesting past kDeepestJson.
 JsonValue parse_json(std::string_view text);
 
-/// Writes one JSON text without line breaks, in document order.
+/// Writes one JSON text after another, each without line breaks, in document order.
 class JsonWriter {
   public:
     JsonWriter();
@@ -78,6 +78,7 @@ class JsonWriter {
     void end_object();
     void begin_array();
     void end_array();
+    /// The name of the member that follows: a property's name, which needs no escaping.
     void name(std::string_view name);
 
     void null();
@@ -87,8 +88,10 @@ class JsonWriter {
     /// Money as a number with four decimals, a date as text in the ISO form, and so on.
     void value(const Value& value);
 
-    /// The text written; anything in it that is not valid UTF-8 as U+FFFD. Empties the writer.
-    std::string take();
+    /// The text written, anything in it that is not valid UTF-8 as U+FFFD, until the next change.
+    std::string_view view();
+    /// Forgets the text and keeps the room that it took.
+    void clear();
 
   private:
     struct Output;

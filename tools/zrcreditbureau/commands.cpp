@@ -51,7 +51,8 @@ void write_document(Output& output, std::string document) {
 std::string outcome_text(Operation operation, const Outcome& outcome) {
     switch (operation) {
         case Operation::kCompose:
-            return outcome.request_xml;
+            // The document's line breaks are carriage returns, which XML reads as line feeds.
+            return text::replace_all(outcome.request_xml, "\r", "\n");
         case Operation::kVerify:
             return "The connection works.";
         case Operation::kList:
@@ -66,8 +67,11 @@ std::string outcome_text(Operation operation, const Outcome& outcome) {
 std::string outcome_document(const Invocation& invocation, const Outcome& outcome) {
     const Operation operation = *invocation.command->operation;
     switch (invocation.format) {
-        case Format::kJson:
-            return result_json(operation, outcome);
+        case Format::kJson: {
+            automation::JsonWriter json;
+            write_result(json, operation, outcome);
+            return std::string(json.view());
+        }
         case Format::kHtml:
             if (!outcome.response->ResponseHTML().empty()) {
                 return outcome.response->ResponseHTML();
@@ -100,7 +104,7 @@ int run_catalogue(const Invocation& invocation) {
     } else {
         automation::JsonWriter json;
         automation::write_catalogue(json, bureau);
-        write_document(output, json.take());
+        write_document(output, std::string(json.view()));
     }
     return kDone;
 }
@@ -112,6 +116,10 @@ int run_one(const Invocation& invocation) {
     const Outcome outcome = performer.perform(invocation.job);
     if (outcome.result || invocation.format == Format::kJson) {
         write_document(output, outcome_document(invocation, outcome));
+    }
+    if (outcome.result && performer.operation() == Operation::kCompose &&
+        outcome.request_xml.empty()) {
+        std::cerr << "Nothing was composed: the request has not been filled in.\n";
     }
     if (!outcome.result) {
         std::cerr << printable(outcome.error_message) << '\n';

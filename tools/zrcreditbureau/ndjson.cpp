@@ -39,6 +39,7 @@ Outcome answer(Performer& performer, const Job& base, std::string_view line, boo
 
 void run_ndjson(Performer& performer, const Job& base, Output& output) {
     LineReader lines(STDIN_FILENO, [&] { output.flush(); });
+    automation::JsonWriter json;
     std::string_view line;
     for (bool first = true; lines.next(line); first = false) {
         constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
@@ -46,7 +47,10 @@ void run_ndjson(Performer& performer, const Job& base, Output& output) {
             line.remove_prefix(kByteOrderMark.size());
         }
         const Outcome outcome = answer(performer, base, line, lines.too_long());
-        output.write(result_json(performer.operation(), outcome) + "\n");
+        write_result(json, performer.operation(), outcome);
+        output.write(json.view());
+        output.write("\n");
+        json.clear();
     }
 }
 

@@ -165,8 +165,7 @@ Outcome Performer::perform(Job job) {
     return outcome;
 }
 
-std::string result_json(Operation operation, const Outcome& outcome) {
-    automation::JsonWriter json;
+void write_result(automation::JsonWriter& json, Operation operation, const Outcome& outcome) {
     json.begin_object();
     json.name("Result");
     json.boolean(outcome.result);
@@ -184,7 +183,6 @@ std::string result_json(Operation operation, const Outcome& outcome) {
         }
     }
     json.end_object();
-    return json.take();
 }
 
 }  // namespace zr::cli

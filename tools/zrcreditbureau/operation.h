@@ -54,7 +54,7 @@ class Performer {
     BureauPool bureaus_;
 };
 
-/// The outcome as the JSON result of a job.
-std::string result_json(Operation operation, const Outcome& outcome);
+/// Writes the outcome as the JSON result of a job.
+void write_result(automation::JsonWriter& json, Operation operation, const Outcome& outcome);
 
 }  // namespace zr::cli

@@ -24,7 +24,7 @@ JsonValue number_value(const std::string& text, const std::string& option) {
     } catch (const JsonError&) {
         // Not a number either: the reason that follows is the clearer one.
     }
-    throw MisuseError(option + " must be a number in plain digits, for example 15000.99.");
+    throw MisuseError(option + " must be a number in plain digits.");
 }
 
 JsonValue boolean_value(const std::string& text, const std::string& option) {

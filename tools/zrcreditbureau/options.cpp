@@ -21,7 +21,7 @@ namespace {
 
 using automation::JsonValue;
 
-/// What the options of a command say, before files are read.
+/// What the options of a command say, before the files that they name are read.
 struct Given {
     std::string country;
     bool production = false;
@@ -127,9 +127,15 @@ void add_request_options(CLI::App& app, const Command& command, Given& given) {
     }
 }
 
+/// A setting that is called as a request property is stands behind "setting".
+std::string setting_option_name(const CLI::App& app, std::string_view setting) {
+    const std::string name = "--" + option_name(setting);
+    return app.get_option_no_throw(name) == nullptr ? name : "--setting-" + option_name(setting);
+}
+
 void add_settings_options(CLI::App& app, const std::vector<KnownSetting>& settings, Given& given) {
     for (const KnownSetting& setting : settings) {
-        add_value_option(app, "--" + option_name(setting.name), setting.type, setting.name,
+        add_value_option(app, setting_option_name(app, setting.name), setting.type, setting.name,
                          setting.meaning, given.settings)
             ->envname(environment_name(setting.name))
             ->group(kSettingsGroup);
@@ -289,16 +295,35 @@ void complete(Invocation& invocation, Given& given) {
 }
 
 /// A message about the command line that shows no value: one may be a password.
-[[noreturn]] void refuse(const CLI::ParseError& error, const std::vector<std::string>& extras) {
-    if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::ExtrasError)) {
-        for (const std::string& extra : extras) {
+[[noreturn]] void refuse(const CLI::App& app, const CLI::ParseError& error) {
+    if (dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr) {
+        for (const std::string& extra : app.remaining(true)) {
             if (extra.starts_with("--")) {
                 throw MisuseError("Unknown option " + extra.substr(0, extra.find('=')) + ".");
             }
         }
-        throw MisuseError("An argument was not expected.");
+        throw MisuseError(app.get_subcommands().empty()
+                              ? "The first argument is no command; --help lists them."
+                              : "An argument was not expected.");
+    }
+    if (dynamic_cast<const CLI::ConversionError*>(&error) != nullptr) {
+        throw MisuseError("A value was given to an option that takes none.");
     }
     throw MisuseError(error.what());
+}
+
+/// The arguments last first, as CLI11 takes them, with "--name=" as an empty value.
+std::vector<std::string> reversed_arguments(int argc, const char* const* argv) {
+    std::vector<std::string> arguments;
+    for (int at = argc - 1; at > 0; --at) {
+        std::string argument = argv[at];
+        if (argument.starts_with("--") && argument.find('=') == argument.size() - 1) {
+            argument.pop_back();
+            arguments.emplace_back();
+        }
+        arguments.push_back(std::move(argument));
+    }
+    return arguments;
 }
 
 }  // namespace
@@ -328,12 +353,12 @@ std::optional<Invocation> read_command_line(int argc, const char* const* argv, i
     app.footer(examples + "Every command explains itself: zrcreditbureau COMMAND --help\n" +
                "Exit status: 0 for success, 1 when the operation fails, 2 for misuse.");
     try {
-        app.parse(argc, argv);
+        app.parse(reversed_arguments(argc, argv));
     } catch (const CLI::Success& help) {
         status = app.exit(help);
         return std::nullopt;
     } catch (const CLI::ParseError& error) {
-        refuse(error, app.remaining(true));
+        refuse(app, error);
     }
     for (std::size_t at = 0; at < parts.size(); ++at) {
         if (parts[at].first->parsed()) {
