@@ -54,11 +54,6 @@ HttpProxy proxy(const VedaXmlService& service) {
 
 }  // namespace
 
-bool VedaXmlService::fail(std::string message) {
-    context().SetErrorMessage(std::move(message));
-    return false;
-}
-
 BcaSender VedaXmlService::bca_sender() const {
     return {.user_id = UserId(),
             .user_password = UserPassword(),
@@ -85,14 +80,6 @@ HttpRequest VedaXmlService::http_request(const Request& request) const {
     http.proxy = proxy(*this);
     http.timeouts = {limit, limit, limit, limit};
     return http;
-}
-
-std::optional<XmlDocument> VedaXmlService::LoadResponseXML(std::string_view response_xml) {
-    CheckedReply reply = check(response_xml);
-    if (!reply.document) {
-        fail(std::move(reply.message));
-    }
-    return std::move(reply.document);
 }
 
 std::optional<XmlDocument> VedaXmlService::ExecuteRequest(Request& request) {
@@ -143,30 +130,6 @@ bool VedaXmlService::GetList(Request& request) {
     return true;
 }
 
-bool VedaXmlService::BuildResponse(Request& request, const DateTime& response_date,
-                                   const std::string& response_xml) {
-    return build_response(request, response_date, response_xml, std::nullopt);
-}
-
-bool VedaXmlService::build_response(Request& request, const DateTime& response_date,
-                                    std::string response_xml, std::optional<XmlDocument> document) {
-    Response& response = RequestInternals::Response(request);
-    response.Clear();
-    response.ResponseDate(response_date);
-    // The rendering is made even of a reply that turns out to be faulty.
-    response.ResponseHTML(
-        TransformToHTML(context().Runtime().style_sheets(), response_xml, XSLTFileName()));
-    response.ResponseXML(std::move(response_xml));
-    if (!document) {
-        document = LoadResponseXML(response.ResponseXML());
-    }
-    if (!document) {
-        return false;
-    }
-    translate(request, document->root());
-    return true;
-}
-
 namespace {
 
 #define ZR_TYPE_Text ValueType::kText
@@ -195,6 +158,7 @@ constexpr Property<Service> kSettings[] = {
 
 std::vector<Property<Service>> vedaxml_settings(std::initializer_list<Property<Service>> own) {
     std::vector<Property<Service>> rows(std::begin(kSettings), std::end(kSettings));
+    rows.push_back(kXsltFileNameSetting);
     rows.insert(rows.end(), own);
     return rows;
 }

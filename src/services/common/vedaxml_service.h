@@ -14,13 +14,13 @@
 #include "platform/text.h"
 #include "platform/xml_document.h"
 #include "services/common/bca_message.h"
-#include "services/common/reply_checks.h"
-#include "services/common/service.h"
+#include "services/common/reply_service.h"
+#include "services/common/service_settings.h"
 
 namespace zr {
 
 /// A service that talks to a VedaXML gateway.
-class VedaXmlService : public Service {
+class VedaXmlService : public ReplyService {
   public:
     // Name() reads and Name(value) writes each setting of the list.
 #define ZR_SETTING_READ_Text(Name) \
@@ -56,19 +56,11 @@ class VedaXmlService : public Service {
 
     bool CreditEnquiry(Request& request) override;
     bool GetList(Request& request) override;
-    bool BuildResponse(Request& request, const DateTime& response_date,
-                       const std::string& response_xml) override;
 
   protected:
     /// Composes the credit enquiry into the request's RequestXML; false after storing the reason
     /// where the request cannot be sent.
     virtual bool BuildCreditEnquiryXML(Request& request) = 0;
-
-    /// Parses a reply and checks it for the bureau's errors.
-    virtual CheckedReply check(std::string_view response_xml) const = 0;
-
-    /// Fills the response, whose document fields are set already, from a checked reply.
-    virtual void translate(Request& request, XmlNode root) = 0;
 
     /// The message for a company search that names no company.
     virtual std::string_view missing_company() const = 0;
@@ -83,12 +75,6 @@ class VedaXmlService : public Service {
     /// The sender of a document that is composed now.
     BcaSender bca_sender() const;
 
-    /// Stores the reason and answers false.
-    bool fail(std::string message);
-
-    /// Parses and checks a reply: the document, or nothing after storing the reason.
-    std::optional<XmlDocument> LoadResponseXML(std::string_view response_xml);
-
     /// Sends the request's document and checks the reply, whose text is left in the response: the
     /// parsed reply, or nothing after storing the reason.
     std::optional<XmlDocument> ExecuteRequest(Request& request);
@@ -98,9 +84,6 @@ class VedaXmlService : public Service {
     static constexpr std::int16_t kShortestTimeOut = 30;
     static constexpr std::int16_t kLongestTimeOut = 300;
 
-    /// BuildResponse for a reply that may have been parsed already.
-    bool build_response(Request& request, const DateTime& response_date, std::string response_xml,
-                        std::optional<XmlDocument> document);
     std::string address() const;
     HttpRequest http_request(const Request& request) const;
 
@@ -112,30 +95,6 @@ class VedaXmlService : public Service {
 #include "services/common/vedaxml_settings.inc"
 #undef ZR_SETTING
 };
-
-/// A row for a service's own text setting.
-template <class S, const std::string& (S::*read)() const, void (S::*write)(std::string_view)>
-constexpr Property<Service> text_setting(std::string_view name, std::string_view meaning) {
-    return {name, ValueType::kText, meaning,
-            [](const Service& service) {
-                return property_detail::to_value((static_cast<const S&>(service).*read)());
-            },
-            [](Service& service, const Value& value) {
-                (static_cast<S&>(service).*write)(text_of(value));
-            }};
-}
-
-/// A row for a service's own flag.
-template <class S, bool (S::*read)() const, void (S::*write)(bool)>
-constexpr Property<Service> flag_setting(std::string_view name, std::string_view meaning) {
-    return {name, ValueType::kBoolean, meaning,
-            [](const Service& service) {
-                return property_detail::to_value((static_cast<const S&>(service).*read)());
-            },
-            [](Service& service, const Value& value) {
-                (static_cast<S&>(service).*write)(std::get<bool>(value));
-            }};
-}
 
 /// Rows of the settings that every VedaXML service has, then those of its own.
 std::vector<Property<Service>> vedaxml_settings(std::initializer_list<Property<Service>> own);
