@@ -120,7 +120,7 @@ std::size_t read_statistics(xmlXPathContext* context, xmlNode* match) {
         for_each_node(context, match, records, [&](xmlNode* record) {
             for (const std::string_view path :
                  {category.only_path, category.event_date, category.loaded, category.outstanding,
-                  category.settled_path, category.closed_path}) {
+                  category.settled_path, category.status_path}) {
                 if (!path.empty()) {
                     values += read_value(context, record, path);
                 }
