@@ -1,0 +1,218 @@
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+#include "support/fake_bureau.h"
+
+namespace zr::test {
+namespace {
+
+TEST(Facade, StartsWithItsDefaults) {
+    ZRCreditBureau facade;
+    EXPECT_TRUE(facade.TestMode());
+    EXPECT_EQ(facade.CurrencyFormat(), "currency");
+    EXPECT_EQ(facade.CurrencyFormatSymbol(), "currency");
+    EXPECT_EQ(facade.DateFormat(), "medium date");
+    EXPECT_EQ(facade.ErrorMessage(), "");
+    EXPECT_EQ(facade.Country(), "");
+    EXPECT_EQ(ZRCreditBureau::Version(), "5.0.0");
+}
+
+TEST(Facade, IsInitialisedForACountry) {
+    const struct {
+        const char* given;
+        const char* country;  // null: refused
+    } cases[] = {{"AU", "AU"},   {"au", "AU"},     {"nz", "NZ"},    {"NZL", "NZ"},
+                 {"Auck", "AU"}, {"", nullptr},    {"UK", nullptr}, {" AU", nullptr},
+                 {"A", nullptr}, {"N Z", nullptr}, {"  ", nullptr}};
+    for (const auto& row : cases) {
+        ZRCreditBureau facade;
+        EXPECT_EQ(facade.Initialise(row.given), row.country != nullptr) << row.given;
+        EXPECT_EQ(facade.Country(), row.country != nullptr ? row.country : "");
+        EXPECT_EQ(facade.ErrorMessage(),
+                  row.country != nullptr ? "" : "This Country is not currently supported.");
+    }
+}
+
+TEST(Facade, KeepsItsServicesWhenTheRuntimeCannotBeMade) {
+    int made = 0;
+    ZRCreditBureau facade([&made]() -> std::unique_ptr<Runtime> {
+        if (made++ == 1) {
+            throw PlatformError(429, "Cannot create object\r\n", "Runtime");
+        }
+        return std::make_unique<Runtime>(make_http_transport());
+    });
+    EXPECT_TRUE(facade.Initialise("AU"));
+    EXPECT_FALSE(facade.Initialise("NZ"));
+    EXPECT_EQ(facade.ErrorMessage(),
+              "Error creating ZRRuntime8 object. Cannot create object (Runtime error 429).");
+    EXPECT_EQ(facade.Country(), "NZ");
+    EXPECT_TRUE(facade.Services().Exists("VedaXMLAU"));
+    EXPECT_TRUE(facade.Initialise("AU"));
+}
+
+TEST(Facade, RefusesEveryOperationOutsideItsLife) {
+    ZRCreditBureau facade;
+    const std::unique_ptr<Request> request = facade.CreateRequest();
+    const auto refuses_all = [&] {
+        return !facade.ExecuteCreditEnquiry(*request) && !facade.ExecuteGetList(*request) &&
+               !facade.ExecuteVerifyConnection("VedaXMLAU") &&
+               !facade.BuildResponse(*request, kClock, "<a/>") &&
+               facade.ErrorMessage() == "The credit bureau has not been initialised.";
+    };
+    EXPECT_TRUE(refuses_all());
+    EXPECT_TRUE(facade.Initialise("AU"));
+    facade.Dispose();
+    facade.Dispose();
+    EXPECT_TRUE(refuses_all());
+    EXPECT_EQ(facade.Services().Count(), 0);
+    EXPECT_EQ(facade.Country(), "AU");
+}
+
+/// A facade whose catalogue also has what no real one has.
+class Validation : public testing::Test {
+  protected:
+    Validation() {
+        auto& products = const_cast<Products&>(bureau.service().Products());
+        products.AddProduct("lodge", true, zreProductType::zreProductTypeDefault, true);
+        products.AddProduct("lodge-no-more", false, zreProductType::zreProductTypeDefault, true);
+        products.AddProduct("no-more", false, zreProductType::zreProductTypeEnquiry, true);
+        bureau.script().reply.body = "<BCAmessage/>";
+    }
+    FakeBureau bureau;
+};
+
+TEST_F(Validation, StopsAtTheFirstFailure) {
+    constexpr const char* kNoService = "Service Name not specified.";
+    constexpr const char* kNoProduct = "Product not specified.";
+    constexpr const char* kUnknown = "Service 'X' does not exist.";
+    constexpr const char* kNotHere = "Service 'VedaXMLNZ' does not exist.";
+    constexpr const char* kNoSuchProduct = "Product does not exist.";
+    constexpr const char* kWrongType = "Product type invalid for this request.";
+    constexpr const char* kNotAvailable = "Product is not available for this Service.";
+    const struct {
+        const char* service;
+        const char* product;
+        const char* enquiry;  // "": succeeds
+        const char* list;     // of a company whose name is given
+        const char* translate;
+    } cases[] = {
+        {"", "", kNoService, kNoService, kNoService},
+        {"", "x", kNoService, kNoService, kNoService},
+        {"X", "", kNoProduct, kUnknown, kNoProduct},
+        {"X", "x", kUnknown, kUnknown, kUnknown},
+        {"VedaXMLNZ", "x", kNotHere, kNotHere, kNotHere},
+        {" ", "x", "Service ' ' does not exist.", "Service ' ' does not exist.",
+         "Service ' ' does not exist."},
+        {"VedaXMLAU", "", kNoProduct, "", kNoProduct},
+        {"VedaXMLAU", "x", kNoSuchProduct, "", kNoSuchProduct},
+        {"VedaXMLAU", "lodge", kWrongType, "", ""},
+        {"VedaXMLAU", "lodge-no-more", kWrongType, "", kNotAvailable},
+        {"VedaXMLAU", "no-more", kNotAvailable, "", kNotAvailable},
+        {"VedaXMLAU", "consumer-enquiry", "", "", ""},
+        {"vedaxmlau", "CONSUMER-ENQUIRY", "", "", ""},
+    };
+    for (const auto& row : cases) {
+        const auto outcome = [&](auto operation) -> std::string {
+            bureau.request->Clear();
+            bureau.ask(row.product, row.service);
+            bureau.request->CompanyName("ACME");
+            return operation() ? "" : bureau.facade.ErrorMessage();
+        };
+        Request& request = *bureau.request;
+        EXPECT_EQ(outcome([&] { return bureau.facade.ExecuteCreditEnquiry(request); }), row.enquiry)
+            << row.service << "/" << row.product;
+        EXPECT_EQ(outcome([&] { return bureau.facade.ExecuteGetList(request); }), row.list)
+            << row.service << "/" << row.product;
+        EXPECT_EQ(outcome([&] { return bureau.facade.BuildResponse(request, kClock, "<a/>"); }),
+                  row.translate)
+            << row.service << "/" << row.product;
+    }
+    EXPECT_FALSE(bureau.facade.ExecuteVerifyConnection(""));
+    EXPECT_EQ(bureau.facade.ErrorMessage(), kNoService);
+    EXPECT_FALSE(bureau.facade.ExecuteVerifyConnection("X"));
+    EXPECT_EQ(bureau.facade.ErrorMessage(), kUnknown);
+    // A success leaves the last failure's text.
+    EXPECT_TRUE(bureau.facade.ExecuteVerifyConnection("VEDAXMLAU"));
+    EXPECT_EQ(bureau.facade.ErrorMessage(), kUnknown);
+}
+
+TEST_F(Validation, LeavesARefusedRequestAlone) {
+    bureau.ask("x");
+    const auto response = bureau.request->Response();
+    EXPECT_FALSE(bureau.facade.ExecuteCreditEnquiry(*bureau.request));
+    EXPECT_FALSE(bureau.facade.BuildResponse(*bureau.request, kClock, "<a/>"));
+    EXPECT_EQ(bureau.request->Response(), response);
+    EXPECT_EQ(response->ResponseXML(), "");
+    EXPECT_EQ(bureau.request->RequestXML(), "");
+    EXPECT_TRUE(bureau.request->Dirty());
+    EXPECT_TRUE(bureau.script().requests.empty());
+}
+
+TEST_F(Validation, PassesAnUnchangedRequest) {
+    const std::unique_ptr<Request> fresh = bureau.facade.CreateRequest();
+    EXPECT_TRUE(bureau.facade.ExecuteCreditEnquiry(*fresh));
+    EXPECT_TRUE(bureau.facade.ExecuteGetList(*fresh));
+    EXPECT_FALSE(bureau.facade.BuildResponse(*fresh, kClock, "<a/>"));
+    EXPECT_TRUE(bureau.script().requests.empty());
+}
+
+TEST(Services, AreThoseOfTheCountryInTheirOrder) {
+    FakeBureau bureau;
+    const Services& services = bureau.facade.Services();
+    EXPECT_EQ(services.Application(), &bureau.facade);
+    EXPECT_EQ(services.Item(1).ServiceName(), "VedaXMLAU");
+    EXPECT_EQ(services.Item(1).ServiceNameFriendly(), "Veda Advantage VedaXML (Australia)");
+    EXPECT_EQ(&services.Item("vedaxmlau"), &services.Item(1));
+    EXPECT_TRUE(services.Exists("VEDAXMLAU"));
+    EXPECT_FALSE(services.Exists(""));
+    EXPECT_FALSE(services.Exists("VedaXMLNZ"));
+    EXPECT_THROW((void)services.Item(0), PlatformError);
+    EXPECT_THROW((void)services.Item(services.Count() + 1), PlatformError);
+    EXPECT_THROW((void)services.Item("VedaXMLNZ"), PlatformError);
+    std::string all;
+    std::string current;
+    for (std::int32_t at = 1; at <= services.Count(); ++at) {
+        const std::string name(services.Item(at).ServiceName());
+        all += (all.empty() ? "" : ",") + name;
+        if (!services.Item(at).Obsolete()) {
+            current += (current.empty() ? "" : ",") + name;
+        }
+    }
+    EXPECT_EQ(services.List(true), all);
+    EXPECT_EQ(services.List(false), current);
+}
+
+TEST(Services, GiveTheirProducts) {
+    FakeBureau bureau;
+    EXPECT_EQ(bureau.facade.ServiceProducts("vedaxmlau"), &bureau.service().Products());
+    EXPECT_EQ(bureau.facade.ServiceProducts("Unknown"), nullptr);
+    EXPECT_EQ(bureau.facade.ServiceProducts(""), nullptr);
+    EXPECT_EQ(bureau.facade.ErrorMessage(), "");
+}
+
+TEST(Services, GiveUpTheirCatalogueWhenDisposedOf) {
+    FakeBureau bureau;
+    Service& service = bureau.service();
+    EXPECT_EQ(service.Application(), &bureau.facade);
+    service.Dispose();
+    EXPECT_EQ(service.Application(), nullptr);
+    EXPECT_EQ(service.Products().Count(), 0);
+    EXPECT_EQ(service.CodeTables().Count(), 0);
+    bureau.ask("consumer-enquiry");
+    EXPECT_FALSE(bureau.facade.ExecuteCreditEnquiry(*bureau.request));
+    EXPECT_EQ(bureau.facade.ErrorMessage(), "Product does not exist.");
+}
+
+TEST(Services, ThatAreDisposedOfRunNothing) {
+    FakeBureau bureau;
+    bureau.service().Dispose();
+    bureau.request->ServiceName("VedaXMLAU");
+    bureau.request->CompanyName("ACME");
+    EXPECT_FALSE(bureau.facade.ExecuteGetList(*bureau.request));
+    EXPECT_FALSE(bureau.facade.ExecuteVerifyConnection("VedaXMLAU"));
+    EXPECT_EQ(bureau.facade.ErrorMessage(), "The service has been disposed of.");
+}
+
+}  // namespace
+}  // namespace zr::test

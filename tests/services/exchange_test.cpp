@@ -1,0 +1,231 @@
+// What an exchange asks of the transport, what it leaves behind, and the checks of a reply that the
+// cases cannot show.
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+#include "platform/xml_document.h"
+#include "services/vedaxml_au/service_vedaxml_au.h"
+#include "support/fake_bureau.h"
+
+namespace zr::test {
+namespace {
+
+ServiceVedaXMLAU& australian(FakeBureau& bureau) {
+    return dynamic_cast<ServiceVedaXMLAU&>(bureau.service());
+}
+
+HttpRequest sent(FakeBureau& bureau) {
+    bureau.script().requests.clear();
+    bureau.facade.ExecuteVerifyConnection("VedaXMLAU");
+    return bureau.script().requests.at(0);
+}
+
+TEST(Exchange, GoesToTheAddressOfTheMode) {
+    constexpr const char* kDefault = "https://vedaxml-au.invalid/sys1";
+    constexpr const char* kDefaultTest = "https://vedaxml-au.invalid/cta/sys1";
+    const struct {
+        bool test_mode;
+        const char* own;
+        const char* own_test;
+        const char* expected;
+    } cases[] = {
+        {true, "", "", kDefaultTest},
+        {true, "http://p", "", kDefaultTest},
+        {true, "http://p", "http://t", "http://t"},
+        {false, "", "http://t", kDefault},
+        {false, "http://p", "http://t", "http://p"},
+    };
+    FakeBureau bureau;
+    for (const auto& row : cases) {
+        bureau.facade.TestMode(row.test_mode);
+        australian(bureau).RequestURL(row.own);
+        australian(bureau).RequestURLTest(row.own_test);
+        EXPECT_EQ(sent(bureau).url, row.expected);
+    }
+}
+
+TEST(Exchange, TakesTheProxySettings) {
+    using Mode = HttpProxy::Mode;
+    const struct {
+        const char* server;
+        const char* user;
+        Mode mode;
+        const char* expected_server;
+        const char* expected_password;
+    } cases[] = {
+        {"", "", Mode::kDirect, "", ""},
+        {"[PRECONFIG]", "me", Mode::kPreconfigured, "", "secret"},
+        {"[preconfig]", "", Mode::kNamed, "[preconfig]", ""},
+        {"proxy:8080", "", Mode::kNamed, "proxy:8080", ""},
+        {"proxy:8080", "me", Mode::kNamed, "proxy:8080", "secret"},
+    };
+    FakeBureau bureau;
+    australian(bureau).ProxyPassword("secret");
+    for (const auto& row : cases) {
+        australian(bureau).ProxyServer(row.server);
+        australian(bureau).ProxyUserName(row.user);
+        const HttpProxy proxy = sent(bureau).proxy;
+        EXPECT_EQ(proxy.mode, row.mode) << row.server;
+        EXPECT_EQ(proxy.server, row.expected_server);
+        EXPECT_EQ(proxy.user, row.user);
+        EXPECT_EQ(proxy.password, row.expected_password);
+    }
+}
+
+TEST(Exchange, CarriesDocumentCredentialsAndTimeOuts) {
+    using std::chrono::milliseconds;
+    FakeBureau bureau;
+    australian(bureau).UserId("user");
+    australian(bureau).UserPassword("password");
+    const HttpRequest request = sent(bureau);
+    EXPECT_EQ(request.method, "POST");
+    EXPECT_EQ(request.user, "user");
+    EXPECT_EQ(request.password, "password");
+    EXPECT_EQ(request.content_type, "text/xml");
+    EXPECT_EQ(request.body,
+              "<?xml version=\"1.0\"?><BCAmessage type=\"REQUEST\"><BCAaccess><BCAaccess-code>user"
+              "</BCAaccess-code><BCAaccess-pwd>password</BCAaccess-pwd></BCAaccess>\r<BCAservice>"
+              "<BCAservice-client-ref></BCAservice-client-ref><BCAservice-code>PING"
+              "</BCAservice-code><BCAservice-code-version>V00</BCAservice-code-version>"
+              "<BCAservice-data><request mode=\"test\"></request>\r</BCAservice-data>\r"
+              "</BCAservice>\r</BCAmessage>\r");
+    const struct {
+        std::int16_t given;
+        std::int16_t seconds;
+    } cases[] = {{5, 30}, {30, 30}, {120, 120}, {300, 300}, {1000, 300}, {-1, 30}};
+    for (const auto& row : cases) {
+        australian(bureau).TimeOutSeconds(row.given);
+        EXPECT_EQ(australian(bureau).TimeOutSeconds(), row.seconds);
+        const HttpTimeouts limits = sent(bureau).timeouts;
+        for (const milliseconds limit :
+             {limits.resolve, limits.connect, limits.send, limits.receive}) {
+            EXPECT_EQ(limit, milliseconds(1000 * row.seconds));
+        }
+    }
+}
+
+TEST(Exchange, CutsTheClientReference) {
+    FakeBureau bureau;
+    australian(bureau).ClientReference("ABCDEFGHIJKLMNOPQRST");
+    EXPECT_EQ(australian(bureau).ClientReference(), "ABCDEFGHIJKLMNOP");
+    australian(bureau).ClientReference("ABCDEFGHIJKLM    QRS");
+    EXPECT_EQ(australian(bureau).ClientReference(), "ABCDEFGHIJKLM");
+}
+
+TEST(Exchange, KeepsTheReplyOfAFailedEnquiryAndTheRequestDirty) {
+    FakeBureau bureau;
+    const auto fails = [&bureau](int status, const char* body) {
+        bureau.request->Clear();
+        bureau.ask("consumer-enquiry");
+        bureau.script().reply = {status, "Text", body};
+        EXPECT_FALSE(bureau.facade.ExecuteCreditEnquiry(*bureau.request));
+        EXPECT_EQ(bureau.request->Response()->ResponseXML(), body);
+        EXPECT_TRUE(bureau.request->Dirty());
+    };
+    fails(500, "<html>broken</html>");
+    fails(200, "not xml");
+    fails(200, "<BCAservice-data><BCAerror/></BCAservice-data>");
+}
+
+TEST(Exchange, FillsTheResponseOfASuccessfulEnquiry) {
+    FakeBureau bureau;
+    bureau.ask("consumer-enquiry");
+    bureau.script().reply.body = "<BCAmessage service-request-id='1'/>";
+    EXPECT_TRUE(bureau.facade.ExecuteCreditEnquiry(*bureau.request));
+    const Response& response = *bureau.request->Response();
+    EXPECT_FALSE(bureau.request->Dirty());
+    EXPECT_EQ(response.ResponseDate(), kClock.date_only());
+    EXPECT_EQ(response.ResponseXML(), bureau.script().reply.body);
+    EXPECT_EQ(response.ResponseHTML(), "");
+    EXPECT_EQ(response.RequestId(), "1");
+    // Nothing is sent again until the request changes.
+    EXPECT_TRUE(bureau.facade.ExecuteCreditEnquiry(*bureau.request));
+    EXPECT_TRUE(bureau.facade.ExecuteGetList(*bureau.request));
+    EXPECT_EQ(bureau.script().requests.size(), 1U);
+    bureau.request->LastName("SMITH");
+    EXPECT_TRUE(bureau.facade.ExecuteCreditEnquiry(*bureau.request));
+    EXPECT_EQ(bureau.script().requests.size(), 2U);
+}
+
+TEST(Exchange, ClearsTheRequestOfASuccessfulSearch) {
+    FakeBureau bureau;
+    bureau.ask("");
+    bureau.request->CompanyName("ACME");
+    bureau.script().reply.body = "<BCAmessage/>";
+    EXPECT_TRUE(bureau.facade.ExecuteGetList(*bureau.request));
+    EXPECT_FALSE(bureau.request->Dirty());
+    EXPECT_EQ(bureau.request->Response()->ResponseXML(), "<BCAmessage/>");
+}
+
+TEST(Reply, ThatDoesNotParseTellsWhatTheParserSays) {
+    const std::string replies[] = {"<html><br></html>", "<a>\n<b></a>", "", "Not XML at all"};
+    bool with_source = false;
+    bool without_source = false;
+    FakeBureau bureau;
+    for (const std::string& reply : replies) {
+        const auto parsed = XmlDocument::parse(reply, XmlNames());
+        const auto& error = std::get<XmlParseError>(parsed);
+        std::string expected =
+            "The response received was not a valid XML document.\r\n\r\nMessage\t: " +
+            error.reason + "Error\t: " + std::to_string(error.code);
+        if (!error.source_text.empty()) {
+            expected += "\r\nSource\t: " + error.source_text;
+            expected += error.line_position == 0
+                            ? ""
+                            : "\r\nPosition\t: " + std::to_string(error.line_position);
+        }
+        (error.source_text.empty() ? without_source : with_source) = true;
+        bureau.ask("consumer-enquiry");
+        EXPECT_FALSE(bureau.facade.BuildResponse(*bureau.request, kClock, reply));
+        EXPECT_EQ(bureau.facade.ErrorMessage(), expected);
+        EXPECT_EQ(bureau.request->Response()->ResponseXML(), reply);
+    }
+    EXPECT_TRUE(with_source);
+    EXPECT_TRUE(without_source);
+}
+
+TEST(Reply, TranslatedAgainGivesTheSame) {
+    FakeBureau bureau;
+    const std::string rich =
+        "<BCAmessage service-request-id='9'><BCAservices><BCAservice><BCAservice-data><response>"
+        "<enquiry-report><primary-match type='x'><individual-public-data-file><bankruptcy/>"
+        "</individual-public-data-file></primary-match></enquiry-report></response>"
+        "</BCAservice-data></BCAservice></BCAservices></BCAmessage>";
+    EXPECT_EQ(bureau.translated(rich).BankruptcyCount(), 1);
+    const std::int32_t lines = bureau.request->Response()->ResponseElements().Count();
+    EXPECT_EQ(bureau.translated(rich).BankruptcyCount(), 1);
+    EXPECT_EQ(bureau.request->Response()->ResponseElements().Count(), lines);
+    EXPECT_EQ(bureau.translated("<BCAmessage/>").BankruptcyCount(), 0);
+    EXPECT_EQ(bureau.request->Response()->MatchType(), "");
+    // A stored reply can be the response's own.
+    bureau.translated(rich);
+    EXPECT_EQ(bureau.translated(bureau.request->Response()->ResponseXML()).RequestId(), "9");
+}
+
+TEST(Reply, IsRenderedEvenWhenItIsFaulty) {
+    FakeBureau bureau;
+    const std::string sheet = testing::TempDir() + "rendering.xsl";
+    std::ofstream(sheet) << "<xsl:stylesheet version='1.0' "
+                            "xmlns:xsl='http://www.w3.org/1999/XSL/Transform'>"
+                            "<xsl:output method='text'/><xsl:template match='/'>"
+                            "[<xsl:value-of select='//BCAerror-code'/>]</xsl:template>"
+                            "</xsl:stylesheet>";
+    australian(bureau).XSLTFileName(sheet);
+    const std::string refused =
+        "<BCAservice-data><BCAerror><BCAerror-code>7</BCAerror-code></BCAerror></BCAservice-data>";
+    EXPECT_EQ(bureau.translated(refused).ResponseHTML(), "[7]");
+
+    const std::string missing = testing::TempDir() + "missing.xsl";
+    australian(bureau).XSLTFileName(missing);
+    const std::string page = bureau.translated("<BCAmessage/>").ResponseHTML();
+    const std::string opening =
+        "<html><body><span style='font:bold 10pt Verdana;color:red;'>Error transforming XML using "
+        "XSL file '" +
+        missing + "'.<BR><BR>";
+    EXPECT_EQ(page.substr(0, opening.size()), opening);
+    EXPECT_TRUE(page.ends_with(").</span></body></html>")) << page;
+}
+
+}  // namespace
+}  // namespace zr::test
