@@ -14,4 +14,10 @@ void add_code_tables(CodeTableCollection& tables, std::span<const CodeTableRow> 
     }
 }
 
+const CodeTableItems* find_code_table(const CodeTableCollection& service_tables,
+                                      const Product* product, std::string_view name) {
+    const CodeTableItems* found = service_tables.find(name);
+    return found != nullptr || product == nullptr ? found : product->CodeTables().find(name);
+}
+
 }  // namespace zr

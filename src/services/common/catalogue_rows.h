@@ -33,4 +33,9 @@ void add_options(Product& product, std::span<const OptionRow> options);
 
 void add_code_tables(CodeTableCollection& tables, std::span<const CodeTableRow> rows);
 
+/// A service's table by name, or else the product's; null where neither has it. There may be no
+/// product.
+const CodeTableItems* find_code_table(const CodeTableCollection& service_tables,
+                                      const Product* product, std::string_view name);
+
 }  // namespace zr

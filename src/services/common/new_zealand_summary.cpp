@@ -1,6 +1,9 @@
 #include "services/common/new_zealand_summary.h"
 
-#include <string_view>
+#include <algorithm>
+#include <cstdint>
+#include <limits>
+#include <utility>
 
 #include "services/common/new_zealand_statistics.h"
 #include "xml/zr_xml_utilities.h"
@@ -8,42 +11,22 @@
 namespace zr::new_zealand {
 namespace {
 
-struct FieldRow {
-    void (Response::*set)(std::string);
-    std::string_view path;
-};
-
-constexpr FieldRow kIndividualFields[] = {
+constexpr ResponseFieldRow kIndividualFields[] = {
     {&Response::LastName, "individual-name/family-name"},
     {&Response::FirstName, "individual-name/first-given-name"},
     {&Response::MiddleNames, "individual-name/other-given-name"},
     {&Response::Gender, "gender/@type"},
 };
 
-constexpr FieldRow kAddressFields[] = {
+constexpr ResponseFieldRow kAddressFields[] = {
     {&Response::StreetName, "street-name"},
     {&Response::Suburb, "suburb"},
     {&Response::City, "city"},
 };
 
-template <std::size_t n>
-std::vector<SummaryPaths::Field> compile(const FieldRow (&rows)[n], XmlNames& names) {
-    std::vector<SummaryPaths::Field> fields;
-    for (const FieldRow& row : rows) {
-        fields.push_back({row.set, XmlPath(row.path, names)});
-    }
-    return fields;
-}
-
-void fill(const std::vector<SummaryPaths::Field>& fields, XmlNode node, Response& response) {
-    for (const auto& field : fields) {
-        (response.*field.set)(ZRXMLUtilities::GetSubNodeString(node, field.path));
-    }
-}
-
 void fill_address(const SummaryPaths& paths, const CodeTableItems* street_types, XmlNode address,
                   Response& response) {
-    fill(paths.address_fields, address, response);
+    paths.address_fields.fill(response, address);
     std::string number = ZRXMLUtilities::GetSubNodeString(address, paths.street_number);
     if (const std::size_t slash = number.find('/'); slash != std::string::npos) {
         response.UnitNumber(number.substr(0, slash));
@@ -69,19 +52,12 @@ SummaryPaths::SummaryPaths(XmlNames& names)
       file_id("file-id", names),
       individual("individual", names),
       match_type("@match-type", names),
-      individual_fields(compile(kIndividualFields, names)),
+      individual_fields(kIndividualFields, names),
       date_of_birth("date-of-birth", names),
       current_address("address[@type='current']", names),
-      address_fields(compile(kAddressFields, names)),
+      address_fields(kAddressFields, names),
       street_number("street-number", names),
       street_type("street-type/@code", names) {}
-
-void write_service_lines(const SummaryPaths& paths, std::string_view service_name, XmlNode root,
-                         Response& response) {
-    response.RequestId(ZRXMLUtilities::GetSubNodeString(root, paths.request_id));
-    response.elements().AddElement("Response", "Service", "Service", service_name);
-    response.elements().AddElement("Response", "Service", "Request Id", response.RequestId());
-}
 
 void write_file_lines(const SummaryPaths& paths, const RegionalFormat& date_format, XmlNode report,
                       Response& response) {
@@ -104,7 +80,7 @@ void fill_individual(const SummaryPaths& paths, const CodeTableItems* street_typ
     if (!individual) {
         return;
     }
-    fill(paths.individual_fields, individual, response);
+    paths.individual_fields.fill(response, individual);
     if (const auto date = ZRXMLUtilities::GetSubNodeDate(individual, paths.date_of_birth)) {
         response.DateOfBirth(*date);
     } else {
@@ -113,6 +89,11 @@ void fill_individual(const SummaryPaths& paths, const CodeTableItems* street_typ
     if (const XmlNode address = individual.first(paths.current_address)) {
         fill_address(paths, street_types, address, response);
     }
+}
+
+void set_directors_count(Response& response, std::size_t count) {
+    constexpr std::size_t kHighest = std::numeric_limits<std::int16_t>::max();
+    response.DirectorsCount(static_cast<std::int16_t>(std::min(count, kHighest)));
 }
 
 void write_directors_quick_summary(Response& response) {

@@ -2,23 +2,19 @@
 // it is about, and the directors of a company.
 #pragma once
 
-#include <string>
-#include <vector>
+#include <cstddef>
+#include <string_view>
 
 #include "platform/regional_format.h"
 #include "platform/xml_document.h"
 #include "records/code_tables.h"
 #include "records/response.h"
+#include "services/common/response_fields.h"
 
 namespace zr::new_zealand {
 
 struct SummaryPaths {
     explicit SummaryPaths(XmlNames& names);
-
-    struct Field {
-        void (Response::*set)(std::string);
-        XmlPath path;
-    };
 
     XmlPath request_id;
     XmlPath enquiry_report;
@@ -31,18 +27,14 @@ struct SummaryPaths {
     XmlPath individual;
     // Under the file id and the individual.
     XmlPath match_type;
-    std::vector<Field> individual_fields;
+    ResponseFields individual_fields;
     XmlPath date_of_birth;
     XmlPath current_address;
     // Under the address.
-    std::vector<Field> address_fields;
+    ResponseFields address_fields;
     XmlPath street_number;
     XmlPath street_type;
 };
-
-/// Sets RequestId and writes the lines that name the service and the request.
-void write_service_lines(const SummaryPaths& paths, std::string_view service_name, XmlNode root,
-                         Response& response);
 
 /// The file's number and match type, with their lines, when the report has a file id.
 void write_file_lines(const SummaryPaths& paths, const RegionalFormat& date_format, XmlNode report,
@@ -52,6 +44,9 @@ void write_file_lines(const SummaryPaths& paths, const RegionalFormat& date_form
 /// with a "/" is a unit number and a street number.
 void fill_individual(const SummaryPaths& paths, const CodeTableItems* street_types, XmlNode report,
                      Response& response);
+
+/// Sets DirectorsCount, which stays at the highest count.
+void set_directors_count(Response& response, std::size_t count);
 
 /// ("Quick Summary", ...): the number of directors and the counts that may include theirs, when
 /// there are any.

@@ -13,14 +13,6 @@
 namespace zr::australia {
 namespace {
 
-std::string content_error(const ReplyCheckPaths& paths, XmlNode error) {
-    const auto text = [&](const XmlPath& path) {
-        return ZRXMLUtilities::GetSubNodeString(error, path);
-    };
-    return text(paths.error_description) + " (" + text(paths.error_code) + ")\r\nType of error '" +
-           text(paths.error_type) + "', in '" + text(paths.input_container) + "'";
-}
-
 /// One reply on its way into one response.
 class Translation {
   public:
@@ -30,10 +22,7 @@ class Translation {
     void run(XmlNode root);
 
   private:
-    void write_service_lines(XmlNode root);
-    void write_file_lines(XmlNode match, bool has_possible_match);
-    void fill_individual(XmlNode individual);
-    void fill_address(XmlNode address);
+    std::string shown_match_type(bool has_possible_match) const;
     void update_statistics(XmlNode match);
     void write_disqualification(std::string_view group);
     void write_report(XmlNode report, XmlNode match, std::string_view prefix);
@@ -49,14 +38,15 @@ class Translation {
 };
 
 void Translation::run(XmlNode root) {
-    const XmlNode report = root.first(paths_.enquiry_report);
-    const XmlNode match = report.first(paths_.primary_match);
+    const XmlNode report = root.first(paths_.summary.enquiry_report);
+    const XmlNode match = report.first(paths_.summary.primary_match);
     const XmlNode possible_match = report.first(paths_.possible_match);
 
-    write_service_lines(root);
+    write_service_lines(paths_.summary.request_id, service_.ServiceNameFriendly(), root, response_);
     response_.Individual(true);
-    write_file_lines(match, static_cast<bool>(possible_match));
-    fill_individual(match.first(paths_.individual));
+    fill_file(paths_.summary, match, response_);
+    write_file_lines(formats_.date, shown_match_type(static_cast<bool>(possible_match)), response_);
+    fill_individual(paths_.summary, table("StreetTypes"), match, response_);
     update_statistics(match);
     write_quick_summary(response_, quick_summary());
     write_disqualification("Quick Summary");
@@ -67,57 +57,17 @@ void Translation::run(XmlNode root) {
         constexpr std::string_view kPossibleMatch = "Possible Match";
         response_.elements().AddElement(
             kPossibleMatch, "Service", "File Id",
-            ZRXMLUtilities::GetSubNodeString(possible_match, paths_.bureau_reference));
+            ZRXMLUtilities::GetSubNodeString(possible_match, paths_.summary.bureau_reference));
         write_report(report, possible_match, kPossibleMatch);
     }
 }
 
-void Translation::write_service_lines(XmlNode root) {
-    response_.RequestId(ZRXMLUtilities::GetSubNodeString(root, paths_.request_id));
-    ResponseElements& lines = response_.elements();
-    lines.AddElement("Response", "Service", "Service", service_.ServiceNameFriendly());
-    lines.AddElement("Response", "Service", "Request Id", response_.RequestId());
-}
-
-void Translation::write_file_lines(XmlNode match, bool has_possible_match) {
-    response_.BureauFileId(ZRXMLUtilities::GetSubNodeString(match, paths_.bureau_reference));
-    response_.MatchType(ZRXMLUtilities::GetSubNodeString(match, paths_.match_type));
+std::string Translation::shown_match_type(bool has_possible_match) const {
     std::string match_type = text::upper(response_.MatchType());
     if (has_possible_match) {
         match_type += " - see also POSSIBLE MATCH below";
     }
-    ResponseElements& lines = response_.elements();
-    lines.AddElement("Response", "Service", "Date Created",
-                     formats_.date.format(response_.ResponseDate()));
-    lines.AddElement("Response", "Service", "File Id", response_.BureauFileId());
-    lines.AddElement("Response", "Service", "File Match Type", match_type);
-}
-
-void Translation::fill_individual(XmlNode individual) {
-    if (!individual) {
-        return;
-    }
-    for (const auto& field : paths_.individual_fields) {
-        (response_.*field.set)(ZRXMLUtilities::GetSubNodeString(individual, field.path));
-    }
-    if (const auto date = ZRXMLUtilities::GetSubNodeDate(individual, paths_.date_of_birth)) {
-        response_.DateOfBirth(*date);
-    } else {
-        response_.DateOfBirth(Null{});
-    }
-    fill_address(individual.first(paths_.current_address));
-}
-
-void Translation::fill_address(XmlNode address) {
-    if (!address) {
-        return;
-    }
-    for (const auto& field : paths_.address_fields) {
-        (response_.*field.set)(ZRXMLUtilities::GetSubNodeString(address, field.path));
-    }
-    response_.StreetType(
-        std::string(table("StreetTypes")
-                        ->GetDescriptionFromCode(address.value(paths_.street_type).value_or(""))));
+    return match_type;
 }
 
 void Translation::update_statistics(XmlNode match) {
@@ -147,6 +97,14 @@ void Translation::write_report(XmlNode report, XmlNode match, std::string_view p
 }
 
 }  // namespace
+
+std::string content_error(const ReplyCheckPaths& paths, XmlNode error) {
+    const auto text = [&](const XmlPath& path) {
+        return ZRXMLUtilities::GetSubNodeString(error, path);
+    };
+    return text(paths.error_description) + " (" + text(paths.error_code) + ")\r\nType of error '" +
+           text(paths.error_type) + "', in '" + text(paths.input_container) + "'";
+}
 
 CheckedReply check(std::string_view response_xml) {
     const ReplyPaths& paths = reply_paths();

@@ -1,6 +1,7 @@
 // How an Australian reply becomes a response.
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "records/response.h"
@@ -8,6 +9,9 @@
 #include "services/common/service.h"
 
 namespace zr::australia {
+
+/// A content error of a reply in the bureau's words.
+std::string content_error(const ReplyCheckPaths& paths, XmlNode error);
 
 /// Parses and checks a reply.
 CheckedReply check(std::string_view response_xml);

@@ -6,7 +6,7 @@
 
 #include "platform/xml_document.h"
 #include "records/company_selections.h"
-#include "records/response.h"
+#include "services/common/australian_summary.h"
 #include "services/common/reply_checks.h"
 #include "services/common/report_writer.h"
 #include "services/common/statistics.h"
@@ -30,23 +30,10 @@ struct ReplyPaths {
     StatisticsTable statistics;
     layout::CompiledLayout layout;
 
-    XmlPath enquiry_report;
-    XmlPath request_id;
-    // Under the enquiry report.
-    XmlPath primary_match;
-    XmlPath possible_match;
-    // Under a match.
-    XmlPath bureau_reference;
-    XmlPath match_type;
-    XmlPath individual;
-    XmlPath disqualified_until;
-    // Under the individual.
-    std::vector<Field<Response, std::string>> individual_fields;
-    XmlPath date_of_birth;
-    XmlPath current_address;
-    // Under the address.
-    std::vector<Field<Response, std::string>> address_fields;
-    XmlPath street_type;
+    SummaryPaths summary;
+
+    XmlPath possible_match;      // under the enquiry report
+    XmlPath disqualified_until;  // under a match
 
     // A company search's candidates, and what is under each.
     XmlPath candidate;

@@ -1,11 +1,10 @@
 #include "services/vedaxml_nz/reply.h"
 
-#include <algorithm>
 #include <array>
-#include <limits>
 #include <string>
 #include <vector>
 
+#include "services/common/catalogue_rows.h"
 #include "services/common/new_zealand_statistics.h"
 #include "services/common/report_writer.h"
 #include "services/vedaxml_nz/reply_paths.h"
@@ -14,16 +13,6 @@
 
 namespace zr::new_zealand {
 namespace {
-
-std::string content_error(const ReplyCheckPaths& paths, XmlNode error) {
-    return ZRXMLUtilities::GetSubNodeString(error, paths.error_code) + ": " +
-           ZRXMLUtilities::GetSubNodeString(error, paths.error_description);
-}
-
-std::int16_t to_count(std::size_t size) {
-    constexpr std::size_t kHighest = std::numeric_limits<std::int16_t>::max();
-    return static_cast<std::int16_t>(std::min(size, kHighest));
-}
 
 /// One reply on its way into the response of a request.
 class Translation {
@@ -65,7 +54,7 @@ class Translation {
 
 void Translation::run(XmlNode root) {
     const XmlNode report = root.first(paths_.summary.enquiry_report);
-    write_service_lines(paths_.summary, service_.ServiceNameFriendly(), root, response_);
+    write_service_lines(paths_.summary.request_id, service_.ServiceNameFriendly(), root, response_);
     response_.ResponseMessage(ZRXMLUtilities::GetSubNodeString(root, paths_.general_message));
     response_.elements().AddElement("Response", "Service", "MESSAGE", response_.ResponseMessage());
 
@@ -107,7 +96,7 @@ void Translation::translate_company(XmlNode report, XmlNode company) {
 }
 
 void Translation::add_directors() {
-    response_.DirectorsCount(to_count(directors_.size()));
+    set_directors_count(response_, directors_.size());
     if (add_directors_statistics_) {
         for (const XmlNode director : directors_) {
             paths_.individual_statistics.update(response_, director, periods_);
@@ -147,8 +136,7 @@ void Translation::write_company(XmlNode company) {
 }
 
 const CodeTableItems* Translation::table(std::string_view name) const {
-    const CodeTableItems* found = service_.CodeTables().find(name);
-    return found != nullptr || product_ == nullptr ? found : product_->CodeTables().find(name);
+    return find_code_table(service_.CodeTables(), product_, name);
 }
 
 layout::ReportWriter Translation::writer(const layout::CompiledLayout& layout) {
@@ -157,6 +145,11 @@ layout::ReportWriter Translation::writer(const layout::CompiledLayout& layout) {
 }
 
 }  // namespace
+
+std::string content_error(const ReplyCheckPaths& paths, XmlNode error) {
+    return ZRXMLUtilities::GetSubNodeString(error, paths.error_code) + ": " +
+           ZRXMLUtilities::GetSubNodeString(error, paths.error_description);
+}
 
 CheckedReply check(std::string_view response_xml) {
     const ReplyPaths& paths = reply_paths();

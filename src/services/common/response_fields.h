@@ -1,0 +1,41 @@
+// What every translation fills alike: text properties, by where a reply has them, and the first
+// lines of a report.
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/xml_document.h"
+#include "records/response.h"
+
+namespace zr {
+
+/// A property and its path as data.
+struct ResponseFieldRow {
+    void (Response::*set)(std::string);
+    std::string_view path;  ///< relative to the node that the properties are read from
+};
+
+/// Rows compiled against a service's names.
+class ResponseFields {
+  public:
+    ResponseFields(std::span<const ResponseFieldRow> rows, XmlNames& names);
+
+    /// Sets every property; one that the node does not have is "".
+    void fill(Response& response, XmlNode node) const;
+
+  private:
+    struct Field {
+        void (Response::*set)(std::string);
+        XmlPath path;
+    };
+    std::vector<Field> fields_;
+};
+
+/// Sets RequestId and writes the lines that name the service and the request.
+void write_service_lines(const XmlPath& request_id, std::string_view service_name, XmlNode root,
+                         Response& response);
+
+}  // namespace zr
