@@ -1,6 +1,7 @@
 // The bureau services as hosts see them: what all have in common, then each one's own settings.
 #include "automation/describe.h"
 #include "services/vedaxml_au/service_vedaxml_au.h"
+#include "services/vedaxml_nz/service_vedaxml_nz.h"
 
 namespace zr::automation {
 namespace {
@@ -31,6 +32,8 @@ Class service_class(std::string_view name, std::string_view meaning) {
 
 void describe_services(std::vector<Class>& classes) {
     classes.push_back(service_class<ServiceVedaXMLAU>("ServiceVedaXMLAU", "VedaXML in Australia"));
+    classes.push_back(
+        service_class<ServiceVedaXMLNZ>("ServiceVedaXMLNZ", "VedaXML in New Zealand"));
 }
 
 }  // namespace zr::automation
