@@ -72,14 +72,23 @@ std::size_t CompiledLayout::table_index(std::string_view name) {
     return tables_.size() - 1;
 }
 
+FixedFormats::FixedFormats(Region region)
+    : general_date("general date", region),
+      number("", region),
+      count("#,###,###,###,##0", region),
+      percent("##0.00%", region) {}
+
+const FixedFormats& FixedFormats::of(Region region) {
+    static const FixedFormats australian(Region::kAustralia);
+    static const FixedFormats new_zealand(Region::kNewZealand);
+    return region == Region::kNewZealand ? new_zealand : australian;
+}
+
 ReportFormats::ReportFormats(const ServiceContext& context)
     : date(context.DateFormat(), context.region()),
-      general_date("general date", context.region()),
       money(context.CurrencyFormat(), context.region()),
       money_symbol(context.CurrencyFormatSymbol(), context.region()),
-      number("", context.region()),
-      count("#,###,###,###,##0", context.region()),
-      percent("##0.00%", context.region()) {}
+      fixed(FixedFormats::of(context.region())) {}
 
 ReportWriter::ReportWriter(const CompiledLayout& layout, const ReportFormats& formats,
                            const TableFinder& find_table, ResponseElements& lines,
@@ -249,13 +258,13 @@ void ReportWriter::append_value(std::string& target, const CompiledPiece& compil
         case Form::kDate:
             return append_date(target, formats_.date, record.value(compiled.path));
         case Form::kGeneralDate:
-            return append_date(target, formats_.general_date, record.value(compiled.path));
+            return append_date(target, formats_.fixed.general_date, record.value(compiled.path));
         case Form::kMoney:
             return formats_.money.append(target, amount());
         case Form::kMoneySymbol:
             return formats_.money_symbol.append(target, amount());
         case Form::kNumber:
-            return formats_.number.append(target, number());
+            return formats_.fixed.number.append(target, number());
         case Form::kLookup:
             return append_description(target, compiled, record);
         case Form::kPersonName:
@@ -264,9 +273,9 @@ void ReportWriter::append_value(std::string& target, const CompiledPiece& compil
             target += unique_id(record, compiled.path);
             return;
         case Form::kCount:
-            return formats_.count.append(target, amount());
+            return formats_.fixed.count.append(target, amount());
         case Form::kPercent:
-            return formats_.percent.append(target, number());
+            return formats_.fixed.percent.append(target, number());
         case Form::kPosition:
             target += std::to_string(position_);
             return;

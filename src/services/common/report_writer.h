@@ -60,17 +60,25 @@ class CompiledLayout {
     XmlPath family_name_;
 };
 
+/// The formats that no setting of the facade changes, made once for each region.
+struct FixedFormats {
+    explicit FixedFormats(Region region);
+    static const FixedFormats& of(Region region);
+
+    RegionalFormat general_date;
+    RegionalFormat number;
+    RegionalFormat count;
+    RegionalFormat percent;
+};
+
 /// The formats of one translation, compiled once from the facade's settings.
 struct ReportFormats {
     explicit ReportFormats(const ServiceContext& context);
 
     RegionalFormat date;
-    RegionalFormat general_date;
     RegionalFormat money;
     RegionalFormat money_symbol;
-    RegionalFormat number;
-    RegionalFormat count;
-    RegionalFormat percent;
+    const FixedFormats& fixed;
 };
 
 /// Finds a code table by name; null for one that the service does not have.
