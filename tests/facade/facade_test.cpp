@@ -183,6 +183,37 @@ TEST(Services, AreThoseOfTheCountryInTheirOrder) {
     EXPECT_EQ(services.List(false), current);
 }
 
+TEST(Services, ThatAreObsoleteOnlyTranslate) {
+    constexpr const char* kObsolete = "Service is obsolete.";
+    int obsolete = 0;
+    for (const char* country : {"AU", "NZ"}) {
+        FakeBureau bureau(country);
+        ZRCreditBureau& facade = bureau.facade;
+        const Services& services = facade.Services();
+        for (std::int32_t at = 1; at <= services.Count(); ++at) {
+            const Service& service = services.Item(at);
+            if (!service.Obsolete()) {
+                continue;
+            }
+            ++obsolete;
+            const auto refused = [&](bool result) {
+                return !result && facade.ErrorMessage() == kObsolete;
+            };
+            bureau.ask("no such product", service.ServiceName());
+            EXPECT_TRUE(refused(facade.ExecuteCreditEnquiry(*bureau.request)));
+            EXPECT_TRUE(refused(facade.ExecuteGetList(*bureau.request)));
+            EXPECT_TRUE(refused(facade.ExecuteVerifyConnection(service.ServiceName())));
+            bureau.ask(service.Products().Item(1).ProductId(), service.ServiceName());
+            EXPECT_FALSE(facade.BuildResponse(*bureau.request, kClock, "not xml"));
+            EXPECT_EQ(bureau.request->Response()->ResponseXML(), "not xml");
+            EXPECT_TRUE(bureau.script().requests.empty());
+        }
+    }
+    if (obsolete == 0) {
+        GTEST_SKIP() << "no service of the registry is obsolete";
+    }
+}
+
 TEST(Services, GiveTheirProducts) {
     FakeBureau bureau;
     EXPECT_EQ(bureau.facade.ServiceProducts("vedaxmlau"), &bureau.service().Products());
