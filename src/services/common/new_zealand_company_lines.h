@@ -82,7 +82,7 @@ inline constexpr Line kEnquiryLines[] = {
 inline constexpr Line kDefaultLines[] = {
     date("Created date", "@create-date"),
     text("Credit Provider", "credit-provider"),
-    text("Date Account opened", "date-account-opened"),
+    date("Date Account opened", "date-account-opened"),
     text("Account Terms", "account-terms"),
     line("Default Status", Pieces{text_at("company-default-status"),
                                   date_at("company-default-status/@last-update-date")
