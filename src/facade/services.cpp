@@ -1,6 +1,9 @@
 #include "facade/services.h"
 
 #include "platform/convert.h"
+#include "services/b2bay/service_b2bay_au.h"
+#include "services/b2bay/service_b2bay_nz.h"
+#include "services/b2bay/service_b2bay_nz_v2.h"
 #include "services/vedaxml_au/service_vedaxml_au.h"
 #include "services/vedaxml_nz/service_vedaxml_nz.h"
 
@@ -19,8 +22,8 @@ constexpr struct {
     std::string_view country;
     ServiceMaker make;
 } kServices[] = {
-    {"AU", make<ServiceVedaXMLAU>},
-    {"NZ", make<ServiceVedaXMLNZ>},
+    {"AU", make<ServiceVedaXMLAU>},  {"AU", make<ServiceB2BayAU>}, {"NZ", make<ServiceVedaXMLNZ>},
+    {"NZ", make<ServiceB2BayNZ_V2>}, {"NZ", make<ServiceB2BayNZ>},
 };
 
 }  // namespace

@@ -23,11 +23,25 @@ constexpr OptionRow boolean_option(std::string_view id, std::string_view descrip
     return {id, description, zreOptionType::zreOptionTypeBoolean};
 }
 
-/// A code table without duplicate codes as data.
+/// A code table as data.
 struct CodeTableRow {
     std::string_view name;
     std::span<const CodeRow> rows;
+    bool allow_duplicate_codes = false;
 };
+
+/// An available, chargeable enquiry product as data. Hosts may look a company up before they
+/// enquire about it.
+struct ProductRow {
+    std::string_view id;
+    bool individual;
+    std::string_view request_options;
+    std::span<const OptionRow> options;
+    std::span<const CodeTableRow> tables;
+    std::string_view warning{};
+};
+
+void add_products(Products& products, std::span<const ProductRow> rows);
 
 void add_options(Product& product, std::span<const OptionRow> options);
 

@@ -52,6 +52,7 @@ inline constexpr StatisticsCategory kCompanyPublicNotices{
     .family = RecordFamily::kPublicNotice,
     .records = "company-public-notice-file/company-public-notice",
     .run_id = "@unique-id",
+    .runs = Runs::kById,
     .event_date = "@create-date",
     .open = Open::kIfStatus,
     .status_path = "adverse/@indicator",

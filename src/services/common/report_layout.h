@@ -10,6 +10,8 @@
 #include <span>
 #include <string_view>
 
+#include "services/common/unique_id.h"
+
 namespace zr::layout {
 
 /// The form in which a value of the reply is written.
@@ -20,6 +22,7 @@ enum class Form : std::uint8_t {
     kGeneralDate,  ///< a date in the platform's general form
     kMoney,        ///< an amount (0 when missing) in the facade's CurrencyFormat
     kMoneySymbol,  ///< an amount (0 when missing) in the facade's CurrencyFormatSymbol
+    kMoneyText,    ///< the same of a text that is a number; any other as it stands
     kNumber,       ///< a number (0 when missing) in the platform's default form
     kLookup,       ///< the description that a code table gives for the code
     kPersonName,   ///< the names of the person at the path, joined by blanks
@@ -231,11 +234,17 @@ enum class Group : std::uint8_t {
     kPrefixed,  ///< the prefix and ": ", then the section's word
 };
 
+/// What a line shows of an amount or a number that the record does not have.
+enum class MissingAmounts : std::uint8_t {
+    kZero,
+    kNoLine,
+};
+
 /// What follows the words of a sub-group.
 enum class Numbering : std::uint8_t {
     kNone,
     kPosition,   ///< a blank and the record's 1-based position in the section
-    kId,         ///< a blank and the identifier at the section's `id`, without leading zeros
+    kId,         ///< a blank and the identifier at the section's `id`, as unique_id reads it
     kTrimmedId,  ///< the same, with no blank at the end when there is no identifier
 };
 
@@ -249,7 +258,7 @@ struct Section {
     std::string_view records;  ///< the records, in document order
     std::span<const Line> lines;
     std::string_view id{};       ///< where a record's identifier is
-    bool merges_runs = false;    ///< records that follow each other with one identifier are one
+    Runs runs = Runs::kNone;     ///< the records that follow each other and are one
     std::string_view without{};  ///< no section where the source has a node here
 };
 

@@ -17,8 +17,10 @@ XmlPath path_of(std::string_view expression, XmlNames& names) {
 
 }  // namespace
 
-CompiledLayout::CompiledLayout(std::span<const Section> sections, XmlNames& names)
-    : first_given_name_("individual-name/first-given-name", names),
+CompiledLayout::CompiledLayout(std::span<const Section> sections, XmlNames& names,
+                               MissingAmounts missing)
+    : missing_(missing),
+      first_given_name_("individual-name/first-given-name", names),
       other_given_name_("individual-name/other-given-name", names),
       family_name_("individual-name/family-name", names) {
     sections_.reserve(sections.size());
@@ -123,8 +125,7 @@ void ReportWriter::write_section(const CompiledSection& section, XmlNode source,
     const std::span<const XmlNode> records = records_;
     position_ = 0;
     for (std::size_t next = 0; next < records.size();) {
-        const std::size_t end =
-            layout.merges_runs ? end_of_run(records, next, section.id) : next + 1;
+        const std::size_t end = end_of_run(records, next, section.id, layout.runs);
         ++position_;
         run_ = records.subspan(next, end - next);
         write_record(section);
@@ -164,7 +165,7 @@ std::string_view ReportWriter::sub_group() {
         if (layout.numbering == Numbering::kPosition) {
             numbered += std::to_string(position_);
         } else {
-            numbered += unique_id(run_.front(), section_->id);
+            numbered += unique_id(run_.front(), section_->id, layout.runs);
         }
         sub_group_ =
             lines_.keep(layout.numbering == Numbering::kTrimmedId ? text::trim_right(numbered)
@@ -246,10 +247,6 @@ bool ReportWriter::condition_holds(const CompiledPiece& compiled, XmlNode record
 
 void ReportWriter::append_value(std::string& target, const CompiledPiece& compiled,
                                 XmlNode record) {
-    const auto amount = [&] {
-        return ZRXMLUtilities::GetSubNodeCurrency(record, compiled.path, Currency());
-    };
-    const auto number = [&] { return ZRXMLUtilities::GetSubNodeDouble(record, compiled.path, 0); };
     switch (compiled.piece->form) {
         case Form::kConstant:
             return;
@@ -260,11 +257,12 @@ void ReportWriter::append_value(std::string& target, const CompiledPiece& compil
         case Form::kGeneralDate:
             return append_date(target, formats_.fixed.general_date, record.value(compiled.path));
         case Form::kMoney:
-            return formats_.money.append(target, amount());
         case Form::kMoneySymbol:
-            return formats_.money_symbol.append(target, amount());
+        case Form::kMoneyText:
         case Form::kNumber:
-            return formats_.fixed.number.append(target, number());
+        case Form::kCount:
+        case Form::kPercent:
+            return append_amount(target, compiled, record);
         case Form::kLookup:
             return append_description(target, compiled, record);
         case Form::kPersonName:
@@ -272,10 +270,6 @@ void ReportWriter::append_value(std::string& target, const CompiledPiece& compil
         case Form::kId:
             target += unique_id(record, compiled.path);
             return;
-        case Form::kCount:
-            return formats_.fixed.count.append(target, amount());
-        case Form::kPercent:
-            return formats_.fixed.percent.append(target, number());
         case Form::kPosition:
             target += std::to_string(position_);
             return;
@@ -287,6 +281,33 @@ void ReportWriter::append_value(std::string& target, const CompiledPiece& compil
             return append_each(target, compiled, run_);
         case Form::kChoice:
             return append_choice(target, compiled, record);
+    }
+}
+
+void ReportWriter::append_amount(std::string& target, const CompiledPiece& compiled,
+                                 XmlNode record) const {
+    const auto text = record.value(compiled.path);
+    if (!text && layout_.missing_ == MissingAmounts::kNoLine) {
+        return;
+    }
+    const auto amount = [&] { return convert::to_currency(text.value_or("")); };
+    const auto number = [&] { return ZRXMLUtilities::GetSubNodeDouble(record, compiled.path, 0); };
+    switch (compiled.piece->form) {
+        case Form::kMoney:
+            return formats_.money.append(target, amount());
+        case Form::kMoneyText:
+            if (!convert::is_number(text.value_or(""))) {
+                return append_host_text(target, text.value_or(""));
+            }
+            [[fallthrough]];
+        case Form::kMoneySymbol:
+            return formats_.money_symbol.append(target, amount());
+        case Form::kCount:
+            return formats_.fixed.count.append(target, amount());
+        case Form::kPercent:
+            return formats_.fixed.percent.append(target, number());
+        default:
+            return formats_.fixed.number.append(target, number());
     }
 }
 

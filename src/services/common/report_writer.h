@@ -20,7 +20,8 @@ namespace zr::layout {
 /// A layout whose paths are compiled against a service's names. Constant once made.
 class CompiledLayout {
   public:
-    CompiledLayout(std::span<const Section> sections, XmlNames& names);
+    CompiledLayout(std::span<const Section> sections, XmlNames& names,
+                   MissingAmounts missing = MissingAmounts::kZero);
 
   private:
     friend class ReportWriter;
@@ -55,6 +56,7 @@ class CompiledLayout {
 
     std::vector<CompiledSection> sections_;
     std::vector<std::string_view> tables_;
+    MissingAmounts missing_;
     XmlPath first_given_name_;
     XmlPath other_given_name_;
     XmlPath family_name_;
@@ -114,6 +116,7 @@ class ReportWriter {
     void append(std::string& target, std::size_t start, const CompiledPiece& piece, XmlNode record);
     bool condition_holds(const CompiledPiece& piece, XmlNode record) const;
     void append_value(std::string& target, const CompiledPiece& piece, XmlNode record);
+    void append_amount(std::string& target, const CompiledPiece& piece, XmlNode record) const;
     static void append_date(std::string& target, const RegionalFormat& format,
                             std::optional<std::string_view> value);
     void append_description(std::string& target, const CompiledPiece& piece, XmlNode record) const;

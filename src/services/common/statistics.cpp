@@ -68,10 +68,9 @@ void StatisticsTable::update(Response& response, XmlNode node,
             continue;
         }
         FamilyStatistics& statistics = response.statistics(row.category->family);
-        const bool merges_runs = !row.category->run_id.empty();
         node.select(row.records, records);
         for (std::size_t index = 0; index < records.size();
-             index = merges_runs ? end_of_run(records, index, row.run_id) : index + 1) {
+             index = end_of_run(records, index, row.run_id, row.category->runs)) {
             if (counts(row, records[index])) {
                 count_record(row, records[index], periods, statistics);
             }
@@ -93,9 +92,9 @@ bool StatisticsTable::counts(const Compiled& row, XmlNode record) {
 
 Currency StatisticsTable::outstanding(const Compiled& row, XmlNode record) {
     const std::string_view code = record.value(row.settled).value_or("");
-    const bool settled = row.category->settled_by_any_code
-                             ? !code.empty()
-                             : is_one_of(row.category->settled_codes, code);
+    const bool settled = code.empty() ? row.category->settled_without_code
+                                      : row.category->settled_by_any_code ||
+                                            is_one_of(row.category->settled_codes, code);
     return settled ? Currency()
                    : ZRXMLUtilities::GetSubNodeCurrency(record, row.outstanding, Currency());
 }
@@ -112,6 +111,8 @@ bool StatisticsTable::is_open(const Compiled& row, XmlNode record, Currency outs
             return has_status();
         case Open::kUnlessNode:
             return !record.value(row.status);
+        case Open::kNever:
+            return false;
         case Open::kOwing:
             return outstanding > Currency();
     }

@@ -12,6 +12,7 @@
 #include "platform/date_time.h"
 #include "platform/xml_document.h"
 #include "records/response.h"
+#include "services/common/unique_id.h"
 
 namespace zr {
 
@@ -21,6 +22,7 @@ enum class Open : std::uint8_t {
     kUnlessStatus,  ///< its upper-cased status is none of the category's
     kIfStatus,      ///< its upper-cased status is one of the category's
     kUnlessNode,    ///< it has no node at the status path
+    kNever,         ///< nothing: the family has no such count
 };
 
 /// How the records of one family are found and counted. Paths are relative to a record but for
@@ -38,8 +40,9 @@ struct StatisticsCategory {
     /// In place of `only_value`: only records whose upper-cased value there is one of these count.
     std::span<const std::string_view> only_codes{};
 
-    /// Records that follow each other with the same identifier here count once, by the first.
+    /// Records of one run, by the identifier here, count once, by the first.
     std::string_view run_id{};
+    Runs runs = Runs::kNone;
 
     /// The date by which a record counts in the periods; without one it counts in the total only.
     std::string_view event_date{};
@@ -47,11 +50,12 @@ struct StatisticsCategory {
     std::string_view loaded{};       ///< amount as first lodged, 0 when missing
     std::string_view outstanding{};  ///< amount still owed, 0 when missing
 
-    /// A record whose code at this path is one of these, or with `settled_by_any_code` any code,
-    /// owes nothing.
+    /// A record whose code at this path is one of these owes nothing; so does one with any code, or
+    /// one without, where the family has that rule.
     std::string_view settled_path{};
     std::array<std::string_view, 3> settled_codes{};
     bool settled_by_any_code = false;
+    bool settled_without_code = false;
 
     Open open = Open::kOwing;
     std::string_view status_path{};

@@ -1,0 +1,13 @@
+// The catalogues of the New Zealand B2Bay reports: products, their options, and code tables.
+#pragma once
+
+#include "records/code_tables.h"
+#include "records/products.h"
+
+namespace zr::b2bay {
+
+/// Each fills a service's catalogue.
+void build_catalogue(Products& products, CodeTableCollection& code_tables);
+void build_catalogue_of_version_2(Products& products, CodeTableCollection& code_tables);
+
+}  // namespace zr::b2bay

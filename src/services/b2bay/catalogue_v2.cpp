@@ -1,0 +1,66 @@
+#include <span>
+#include <string_view>
+
+#include "services/b2bay/catalogue.h"
+#include "services/b2bay/street_types.h"
+#include "services/common/catalogue_rows.h"
+#include "services/common/new_zealand_codes.h"
+
+namespace zr::b2bay {
+namespace {
+
+using namespace new_zealand::codes;
+
+constexpr auto kAccountTypes = account_types("Consumer Enquiry");
+
+/// The service's code tables in their order.
+constexpr CodeTableRow kServiceTables[] = {
+    {"MaritalStatus", kMaritalStatus},
+    {"StreetTypes", kStreetTypesOfVersion2},
+    {"NotesTypeCodes", kNotesTypes},
+    {"ConsumerDefaultRelationshipTypeCodes", kConsumerDefaultRelationships},
+    {"CorrectionStatus", kCorrectionStatus},
+};
+
+constexpr CodeTableRow kIndividualTables[] = {
+    {"Purposes", kPurposes},
+    {"AccountTypes", kAccountTypes},
+};
+constexpr CodeTableRow kDirectorsTables[] = {
+    {"Purposes", kPurposes},
+};
+
+constexpr OptionRow kIndividualOptions[] = {
+    general_option("Purpose"),
+    general_option("EnquiryInformation"),
+    boolean_option("ewp", "Include Electronic White Pages verification (requires phone number)?"),
+    boolean_option("driver-licence",
+                   "Include Driver's Licence verification (requires drivers licence number)?"),
+    boolean_option("property-ownership", "Include Property Ownership verification?"),
+    boolean_option("score", "Include Bureau Score?"),
+    boolean_option("summary", "Include Summary?"),
+};
+constexpr OptionRow kDirectorsOptions[] = {
+    general_option("Purpose"),
+};
+
+/// The request fields that an individual enquiry uses.
+constexpr std::string_view kIndividualFields =
+    "[Employer][Occupation][PhoneNumber][DriversLicenceNumber][UnitNumber][StreetNumber]"
+    "[StreetName][StreetType][Suburb][City][PrevUnitNumber][PrevStreetNumber][PrevStreetName]"
+    "[PrevStreetType][PrevSuburb][PrevCity]";
+
+constexpr ProductRow kProducts[] = {
+    {"enquiry_individual", true, kIndividualFields, kIndividualOptions, kIndividualTables},
+    {"enquiry_company", false, "", {}, {}},
+    {"enquiry_company_with_directors", false, "", kDirectorsOptions, kDirectorsTables},
+};
+
+}  // namespace
+
+void build_catalogue_of_version_2(Products& products, CodeTableCollection& code_tables) {
+    add_products(products, kProducts);
+    add_code_tables(code_tables, kServiceTables);
+}
+
+}  // namespace zr::b2bay

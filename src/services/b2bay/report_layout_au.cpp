@@ -1,0 +1,167 @@
+#include "services/b2bay/report_layout_au.h"
+
+#include <array>
+#include <cstddef>
+
+#include "services/b2bay/summary_lines.h"
+#include "services/common/australian_lines.h"
+#include "services/common/australian_statistics.h"
+
+namespace zr::b2bay {
+namespace {
+
+using namespace australia::lines;    // lines that the VedaXML reports have, too
+using namespace australia::counted;  // rows that the VedaXML statistics have, too
+
+// What the writer's sources are.
+constexpr std::uint8_t kMatch = 0;
+constexpr std::uint8_t kReport = 1;
+
+constexpr Line kB2BayEmploymentLines[] = {
+    text(Pieces{constant("Employer"), date_at("@create-date").within(" (", ")")}, "employer"),
+    text("Occupation", "occupation"),
+};
+
+// A role's words; its type where it has none.
+constexpr Case kRole[] = {
+    {"", text_at("role/@type")},
+    otherwise(text_at("role")),
+};
+constexpr Case kAccountRole[] = {
+    {"", text_at("account-details/role/@type")},
+    otherwise(text_at("account-details/role")),
+};
+
+/// The lines with another one in place of that with its label.
+template <std::size_t n>
+constexpr std::array<Line, n> with(const Line (&lines)[n], const Line& other) {
+    std::array<Line, n> changed = std::to_array(lines);
+    for (Line& line : changed) {
+        const Piece& label = line.label.all().front();
+        if (label.form == Form::kConstant && label.before == other.label.all().front().before) {
+            line = other;
+        }
+    }
+    return changed;
+}
+
+constexpr auto kB2BayDefaultLines =
+    with(kDefaultLines,
+         line("Account Type",
+              Pieces{text_at("account-details/account-type"),
+                     choice_at("account-details/role", kAccountRole).within(" as ").if_value()}));
+
+constexpr auto kB2BayConsumerEnquiryLines =
+    with(kConsumerEnquiryLines,
+         line("Account Type",
+              Pieces{text_at("account-type"), choice_at("role", kRole).within(" as ").if_value()}));
+
+constexpr Line kB2BayScoreLines[] = {
+    text("Type", "score/@type"),
+    text("Scorecard", "score/scorecard-name"),
+    number("Relative Risk", "score/relative-risk"),
+    number("Relative Risk Index", "score/relative-risk-index"),
+    number("Risk Odds", "score/risk-odds"),
+    line_for_each("score/risk-factor", text_at(".").within("", " risk"),
+                  Pieces{text_at("@impact-level"), text_at("@impact-effect").joined(" ")}),
+    text("Population", "score/population/@population-name | score/population/population-name"),
+    number("Population Odds",
+           "score/population/@population-odds | score/population/population-odds"),
+};
+
+// Group, word, sub-group, numbering, source, records, lines: in the order of the report. The file
+// messages' word begins with a blank of its own.
+constexpr Section kSections[] = {
+    {Group::kPerson, "Individual", "Details", Numbering::kNone, kMatch, "individual[1]",
+     kPersonLines},
+    {Group::kPerson, "Individual", "Addresses", Numbering::kNone, kMatch, "individual[1]/address",
+     kAddressLines},
+    {Group::kPerson, "Individual", "Employment", Numbering::kPosition, kMatch,
+     "individual[1]/employment", kB2BayEmploymentLines},
+
+    {Group::kPrefixed, "Consumer Cross References", "Cross Reference", Numbering::kPosition, kMatch,
+     "individual-consumer-credit-file/individual-cross-reference", kCrossReferenceLines},
+    {Group::kPrefixed, "Consumer Defaults", "Default", Numbering::kPosition, kMatch,
+     "individual-consumer-credit-file/default", kB2BayDefaultLines},
+    {Group::kPrefixed, "Consumer Notes", "Note", Numbering::kPosition, kMatch,
+     "individual-consumer-credit-file/file-note", kNoteLines},
+    {Group::kPrefixed, "Consumer Current Credit Providers", "Current Credit Provider",
+     Numbering::kPosition, kMatch, "individual-consumer-credit-file/current-credit-provider",
+     kCurrentProviderLines},
+    {Group::kPrefixed, "Consumer Enquiries", "Consumer Enquiry", Numbering::kPosition, kMatch,
+     "individual-consumer-credit-file/credit-enquiry", kB2BayConsumerEnquiryLines},
+    {Group::kPrefixed, "Consumer  File Messages", "Message", Numbering::kPosition, kMatch,
+     "individual-consumer-credit-file/file-message", kMessageLines},
+
+    {Group::kPrefixed, "Commercial Cross References", "Cross Reference", Numbering::kPosition,
+     kMatch, "individual-commercial-credit-file/individual-cross-reference", kCrossReferenceLines},
+    {Group::kPrefixed, "Commercial Defaults", "Default", Numbering::kPosition, kMatch,
+     "individual-commercial-credit-file/default", kB2BayDefaultLines},
+    {Group::kPrefixed, "Commercial Notes", "Note", Numbering::kPosition, kMatch,
+     "individual-commercial-credit-file/file-note", kNoteLines},
+    {Group::kPrefixed, "Commercial Current Credit Providers", "Current Credit Provider",
+     Numbering::kPosition, kMatch, "individual-commercial-credit-file/current-credit-provider",
+     kCurrentProviderLines},
+    {Group::kPrefixed, "Commercial Enquiries", "Enquiry", Numbering::kPosition, kMatch,
+     "individual-commercial-credit-file/credit-enquiry", kCommercialEnquiryLines},
+    {Group::kPrefixed, "Commercial  File Messages", "Message", Numbering::kPosition, kMatch,
+     "individual-commercial-credit-file/file-message", kMessageLines},
+
+    {Group::kPrefixed, "Directorships", "Directorship", Numbering::kPosition, kMatch,
+     "individual-public-data-file/directorship", kDirectorshipLines},
+    {Group::kPrefixed, "Disqualified Directorships", "Disqualified Directorship",
+     Numbering::kPosition, kMatch, "individual-public-data-file/disqualified-directorship",
+     kDisqualifiedDirectorshipLines},
+    {Group::kPrefixed, "Proprietorships", "Proprietorship", Numbering::kPosition, kMatch,
+     "individual-public-data-file/proprietorship", kProprietorshipLines},
+    {Group::kPrefixed, "Bankruptcies", "Bankruptcy", Numbering::kPosition, kMatch,
+     "individual-public-data-file/bankruptcy", kBankruptcyLines},
+    {Group::kPrefixed, "Court Actions", "Court Action", Numbering::kPosition, kMatch,
+     "individual-public-data-file/court-action", kCourtActionLines},
+    {Group::kPrefixed, "Public File Data Messages", "File Message", Numbering::kPosition, kMatch,
+     "individual-public-data-file/file-message", kMessageLines},
+
+    // These belong to the report rather than to the match; the score's group has no prefix.
+    {Group::kPrefixed, "Summary", "Summary Data", Numbering::kNone, kReport, "summary-data/summary",
+     b2bay::lines::kSummaryLines},
+    {Group::kPlain, "Score", "Score", Numbering::kNone, kReport, "score-data[1]", kB2BayScoreLines},
+    {Group::kPlain, "Score", "Score", Numbering::kNone, kReport,
+     "score-data[1]/area-level-risk[1] | area-level-risk[1]", kAreaLevelRiskLines},
+};
+
+constexpr StatisticsCategory kCategories[] = {
+    kBankruptcies,
+    kDefaults,
+    kEnquiries,
+    // Court actions of any other type are not counted; what is owed is not, either.
+    {.family = RecordFamily::kJudgement,
+     .records = "individual-public-data-file/court-action",
+     .only_path = "@type",
+     .only_value = "default-judgement",
+     .event_date = "action-date",
+     .loaded = "court-action-amount"},
+};
+
+// Family, sub-group, label of the open count, "None" when it is 0.
+constexpr SummaryBlock kQuickSummary[] = {
+    {RecordFamily::kEnquiry, "Enquiries", "", false},
+    {RecordFamily::kDefault, "Defaults", "Not Paid", true},
+    {RecordFamily::kJudgement, "Judgements", "", false},
+    {RecordFamily::kBankruptcy, "Bankruptcy", "Undischarged", true},
+};
+
+constexpr SummaryBlock kStatistics[] = {
+    {RecordFamily::kBankruptcy, "Bankruptcy", "Undischarged", true},
+    {RecordFamily::kJudgement, "Judgements", "", false},
+    {RecordFamily::kDefault, "Defaults", "Not Paid", true},
+    {RecordFamily::kEnquiry, "Enquiries", "", false},
+};
+
+}  // namespace
+
+std::span<const Section> australian_sections() { return kSections; }
+std::span<const StatisticsCategory> australian_categories() { return kCategories; }
+std::span<const SummaryBlock> australian_quick_summary() { return kQuickSummary; }
+std::span<const SummaryBlock> australian_statistics() { return kStatistics; }
+
+}  // namespace zr::b2bay

@@ -1,0 +1,22 @@
+// Imports stored New Zealand B2Bay reports.
+#pragma once
+
+#include <string_view>
+
+#include "services/b2bay/b2bay_service.h"
+
+namespace zr {
+
+/// Reports on a person, or on a company and perhaps its directors.
+class ServiceB2BayNZ final : public B2BayService {
+  public:
+    std::string_view ServiceName() const override { return "B2BayNZ"; }
+    std::string_view ServiceNameFriendly() const override { return "Baycorp B2Bay (New Zealand)"; }
+
+  protected:
+    bool build_catalogue() override;
+    CheckedReply check(std::string_view response_xml) const override;
+    void translate(Request& request, XmlNode root) override;
+};
+
+}  // namespace zr
