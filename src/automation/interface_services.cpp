@@ -1,5 +1,8 @@
 // The bureau services as hosts see them: what all have in common, then each one's own settings.
 #include "automation/describe.h"
+#include "services/b2bay/service_b2bay_au.h"
+#include "services/b2bay/service_b2bay_nz.h"
+#include "services/b2bay/service_b2bay_nz_v2.h"
 #include "services/vedaxml_au/service_vedaxml_au.h"
 #include "services/vedaxml_nz/service_vedaxml_nz.h"
 
@@ -34,6 +37,12 @@ void describe_services(std::vector<Class>& classes) {
     classes.push_back(service_class<ServiceVedaXMLAU>("ServiceVedaXMLAU", "VedaXML in Australia"));
     classes.push_back(
         service_class<ServiceVedaXMLNZ>("ServiceVedaXMLNZ", "VedaXML in New Zealand"));
+    classes.push_back(
+        service_class<ServiceB2BayAU>("ServiceB2BayAU", "stored B2Bay reports of Australia"));
+    classes.push_back(
+        service_class<ServiceB2BayNZ>("ServiceB2BayNZ", "stored B2Bay reports of New Zealand"));
+    classes.push_back(service_class<ServiceB2BayNZ_V2>(
+        "ServiceB2BayNZ_V2", "stored B2Bay reports of New Zealand, version 2"));
 }
 
 }  // namespace zr::automation

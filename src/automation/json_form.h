@@ -1,7 +1,8 @@
 // The records of the public interface as JSON: properties by their names.
 //
 // Text is a text, a count a number, money a number with four decimals, a Boolean true or false, a
-// date a text "yyyy-mm-dd" or, with a time of day, "yyyy-mm-ddThh:nn:ss"; null is null.
+// date a text "yyyy-mm-dd" or, with a time of day, "yyyy-mm-ddThh:nn:ss"; null is null. Money is
+// also read from a text that holds a number.
 #pragma once
 
 #include "automation/json.h"

@@ -93,9 +93,20 @@ Value whole_value(const JsonValue& json, std::string_view name, std::int32_t low
     return *value;
 }
 
+/// True for text in the form of a JSON number.
+bool reads_as_number(const std::string& text) {
+    try {
+        return parse_json(text).kind() == Kind::kNumber;
+    } catch (const JsonError&) {
+        return false;
+    }
+}
+
+/// Money may also stand as text, in which many programs keep it exact.
 Value currency_value(const JsonValue& json, std::string_view name) {
-    const std::optional<std::string> digits =
-        json.kind() == Kind::kNumber ? plain_decimal(json.text()) : std::nullopt;
+    const bool number = json.kind() == Kind::kNumber ||
+                        (json.kind() == Kind::kText && reads_as_number(json.text()));
+    const std::optional<std::string> digits = number ? plain_decimal(json.text()) : std::nullopt;
     if (!digits) {
         refuse(name, "must be a number");
     }

@@ -54,6 +54,7 @@ TEST(JsonForm, ReadsMoneyExactly) {
         {"-15000.99E-2", -1'500'099},
         {"12e-6", 0},
         {"2E+0", 20'000},
+        {R"("15000.99")", 150'009'900},
     };
     for (const auto& row : rows) {
         Request request;
@@ -73,7 +74,7 @@ TEST(JsonForm, SaysWhichPropertyIsWrong) {
         {R"({"requestxml":""})", "Request.RequestXML is read-only."},
         {R"({"LastName":null})", "Request.LastName must be a text."},
         {R"({"lastname":1})", "Request.LastName must be a text."},
-        {R"({"EnquiryAmount":"15"})", "Request.EnquiryAmount must be a number."},
+        {R"({"EnquiryAmount":"$15"})", "Request.EnquiryAmount must be a number."},
         {R"({"EnquiryAmount":1e99})", "Request.EnquiryAmount must be a number."},
         {R"({"XRMApplicantIndex":1.5})",
          "Request.XRMApplicantIndex must be a whole number from -32768 to 32767."},

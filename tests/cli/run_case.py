@@ -6,7 +6,8 @@ A case is one readable file: what it shows, then sections, each headed by its na
   [file NAME]    a file to make in the case's folder first
   [environment]  NAME=value lines
   [input]        standard input; without a final line break when the section is headed [input raw]
-  [command]      what the shell runs; zrcreditbureau is the program
+  [command]      what the shell runs; zrcreditbureau is the program, $CLI_TESTS the folder of this
+                 script, whose gateway.sh starts a bureau to talk to
   [status]       the exit status, 0 when the section is missing
   [output]       standard output
   [errors]       standard error, empty when the section is missing
@@ -78,7 +79,8 @@ def run(program, sections, folder):
     for heading, content in sections.items():
         if heading.startswith("file "):
             (folder / heading[5:]).write_text(content, encoding="utf-8")
-    environment = {"PATH": f"{program.parent}:/usr/bin:/bin", "LC_ALL": "C.UTF-8", "TZ": "UTC"}
+    environment = {"CLI_TESTS": str(pathlib.Path(__file__).resolve().parent), "PATH": f"{program.parent}:/usr/bin:/bin",
+                   "LC_ALL": "C.UTF-8", "TZ": "UTC"}
     for name in ("ASAN_OPTIONS", "UBSAN_OPTIONS", "LSAN_OPTIONS"):
         if name in os.environ:
             environment[name] = os.environ[name]

@@ -64,6 +64,9 @@ std::string outcome_text(Operation operation, const Outcome& outcome) {
     return report_text(*outcome.response, "The reply holds no report lines.");
 }
 
+constexpr std::string_view kNoHtml =
+    "There is no HTML without a style sheet: name one with --xslt-file-name.\n";
+
 std::string outcome_document(const Invocation& invocation, const Outcome& outcome) {
     const Operation operation = *invocation.command->operation;
     switch (invocation.format) {
@@ -77,8 +80,7 @@ std::string outcome_document(const Invocation& invocation, const Outcome& outcom
                 return outcome.response->ResponseHTML();
             }
             // What was paid for is not thrown away.
-            std::cerr << "There is no HTML without a style sheet (--xslt-file-name): this is the "
-                         "text report.\n";
+            std::cerr << kNoHtml;
             break;
         case Format::kText:
             break;
@@ -109,22 +111,40 @@ int run_catalogue(const Invocation& invocation) {
     return kDone;
 }
 
+/// Writes the HTML beside the report, where there is any.
+void write_html(Output& output, const Outcome& outcome) {
+    const std::string& page = outcome.response->ResponseHTML();
+    if (page.empty()) {
+        std::cerr << kNoHtml;
+    } else {
+        write_document(output, page);
+    }
+}
+
 int run_one(const Invocation& invocation) {
     require_country(invocation);
-    Output output(invocation.output_path);  // one that cannot be written fails before all else
+    // What cannot be written fails before anything is sent.
+    Output output(invocation.output_path);
+    std::optional<Output> html;
+    if (!invocation.html_path.empty()) {
+        html.emplace(invocation.html_path);
+    }
     Performer performer(*invocation.command->operation);
     const Outcome outcome = performer.perform(invocation.job);
     if (outcome.result || invocation.format == Format::kJson) {
         write_document(output, outcome_document(invocation, outcome));
     }
-    if (outcome.result && performer.operation() == Operation::kCompose &&
-        outcome.request_xml.empty()) {
-        std::cerr << "Nothing was composed: the request has not been filled in.\n";
-    }
     if (!outcome.result) {
         std::cerr << printable(outcome.error_message) << '\n';
+        return kFailed;
     }
-    return outcome.result ? kDone : kFailed;
+    if (html) {
+        write_html(*html, outcome);
+    }
+    if (performer.operation() == Operation::kCompose && outcome.request_xml.empty()) {
+        std::cerr << "Nothing was composed: the request has not been filled in.\n";
+    }
+    return kDone;
 }
 
 }  // namespace

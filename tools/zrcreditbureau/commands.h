@@ -34,6 +34,7 @@ struct Invocation {
     bool ndjson = false;
     Format format = Format::kText;
     std::string output_path;
+    std::string html_path;  ///< where the HTML goes beside the report; none when empty
 };
 
 /// Runs a command; the exit status. Throws MisuseError, OutputError and automation::JsonError.

@@ -182,6 +182,12 @@ void add_output_options(CLI::App& app, const Command& command, Given& given,
                    "File to write, which appears when it is complete; standard output otherwise")
         ->type_name("FILE")
         ->group(kOutputGroup);
+    if (command.html) {
+        app.add_option("--html", invocation.html_path,
+                       "File for the HTML of the reply, beside the report; needs --xslt-file-name")
+            ->type_name("FILE")
+            ->group(kOutputGroup);
+    }
     if (command.operation) {
         app.add_flag("--ndjson", invocation.ndjson,
                      "For programs: one JSON job a line on standard input, one JSON result a line")
@@ -286,6 +292,9 @@ void complete(Invocation& invocation, Given& given) {
         }
     }
     invocation.format = format_of(given.format, *invocation.command);
+    if (invocation.ndjson && (!given.format.empty() || !invocation.html_path.empty())) {
+        throw MisuseError("--ndjson writes JSON: neither --format nor --html goes with it.");
+    }
     if (invocation.command->operation == Operation::kTranslate && !invocation.ndjson) {
         if (given.reply_file.empty()) {
             throw MisuseError("Name the file of the reply, or - for standard input.");
