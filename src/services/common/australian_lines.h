@@ -177,8 +177,10 @@ inline constexpr Line kScoreLines[] = {
     number("Relative Risk", "score/relative-risk"),
     number("Relative Risk Index", "score/relative-risk-index"),
     number("Risk Odds", "score/risk-odds"),
-    line_for_each("score/risk-factor", text_at(".").within("", " risk"),
-                  Pieces{text_at("@impact-level"), text_at("@impact-effect").within(" ")}),
+    line_for_each(
+        "score/risk-factor", text_at(".").within("", " risk"),
+        Pieces{text_at("@impact-level"),
+               text_at("@impact-effect").within(" ").if_node("@impact-level | @impact-effect")}),
     line("Population", text_at("score/population/@population-name | "
                                "score/population/population-name")),
     line("Population Odds", of(Form::kNumber,

@@ -234,7 +234,7 @@ enum class Group : std::uint8_t {
     kPrefixed,  ///< the prefix and ": ", then the section's word
 };
 
-/// What a line shows of an amount or a number that the record does not have.
+/// What a line shows of an amount or a number that the record does not have, or has empty.
 enum class MissingAmounts : std::uint8_t {
     kZero,
     kNoLine,

@@ -287,7 +287,7 @@ void ReportWriter::append_value(std::string& target, const CompiledPiece& compil
 void ReportWriter::append_amount(std::string& target, const CompiledPiece& compiled,
                                  XmlNode record) const {
     const auto text = record.value(compiled.path);
-    if (!text && layout_.missing_ == MissingAmounts::kNoLine) {
+    if (text.value_or("").empty() && layout_.missing_ == MissingAmounts::kNoLine) {
         return;
     }
     const auto amount = [&] { return convert::to_currency(text.value_or("")); };

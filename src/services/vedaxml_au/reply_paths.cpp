@@ -36,7 +36,7 @@ std::vector<Field<Record, Text>> compile(const FieldRow<Record, Text> (&rows)[n]
 ReplyPaths::ReplyPaths()
     : checks(names),
       statistics(statistics_categories(), names),
-      layout(report_sections(), names),
+      layout(report_sections(), names, layout::MissingAmounts::kNoLine),
       summary(names),
       possible_match("possible-match", names),
       disqualified_until(
