@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "bureau_gateway/australia/desk.h"
+#include "bureau_gateway/new_zealand/desk.h"
 #include "bureau_gateway/random.h"
 
 namespace zr::gateway {
@@ -20,6 +21,8 @@ struct Route {
 constexpr std::array kRoutes = {
     Route{"/sys1", "production", &australia::kDesk},
     Route{"/cta/sys1", "test", &australia::kDesk},
+    Route{"/nz/sys1", "production", &new_zealand::kDesk},
+    Route{"/nz/cta/sys1", "test", &new_zealand::kDesk},
 };
 
 const Route* route_of(std::string_view path) {
@@ -44,13 +47,13 @@ Answer refused(const Enquiry& enquiry, const Refusal& refusal) {
         code, "refused"};
 }
 
-Answer rejected(const Enquiry& enquiry, std::vector<Violation> violations) {
+Answer rejected(const Enquiry& enquiry, std::vector<Violation> violations, ErrorForm form) {
     std::stable_sort(
         violations.begin(), violations.end(),
         [](const Violation& a, const Violation& b) { return a.position < b.position; });
     const std::string& code = enquiry.message.service_code;
     return {write_reply(code, enquiry.request_id,
-                        [&](XmlWriter& xml) { write_violations(xml, violations); }),
+                        [&](XmlWriter& xml) { write_violations(xml, violations, form); }),
             code, "errors"};
 }
 
@@ -67,7 +70,7 @@ Answer Bureau::answer(std::string_view path, std::string_view document) const {
             write_reply("", request_id, [&](XmlWriter& xml) { write_refusal(xml, refusal); }), "-",
             "refused"};
     };
-    const auto read = read_message(document);
+    const auto read = read_message(document, route.desk->envelope);
     if (const auto* refusal = std::get_if<Refusal>(&read)) {
         return unread(*refusal);
     }
@@ -86,7 +89,8 @@ Answer Bureau::answer(std::string_view path, std::string_view document) const {
     if (message.service_version != service->version) {
         return refused(enquiry, refusals::kUnknownVersion);
     }
-    if (message.request.attribute("mode") != route.mode) {
+    const bool bare = message.request.name.empty();
+    if (!bare && message.request.attribute("mode") != route.mode) {
         return refused(enquiry, refusals::kWrongMode);
     }
     return route.desk->answer(enquiry);

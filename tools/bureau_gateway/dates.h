@@ -1,6 +1,7 @@
 // Calendar dates as text: yyyy-mm-dd.
 #pragma once
 
+#include <algorithm>
 #include <charconv>
 #include <chrono>
 #include <cstdio>
@@ -46,6 +47,14 @@ inline std::optional<Date> parse_date(std::string_view text) {
 
 inline Date current_date() {
     return std::chrono::floor<std::chrono::days>(std::chrono::system_clock::now());
+}
+
+/// Whole months between two dates; 0 when `until` is the earlier one.
+inline int whole_months(Date from, Date until) {
+    const auto months = (static_cast<int>(until.year()) - static_cast<int>(from.year())) * 12 +
+                        static_cast<int>(static_cast<unsigned>(until.month())) -
+                        static_cast<int>(static_cast<unsigned>(from.month()));
+    return std::max(0, months - (until.day() < from.day() ? 1 : 0));
 }
 
 inline Date days_before(Date date, int days) {

@@ -34,12 +34,26 @@ struct ServiceRow {
 
 /// One country's side of the gateway.
 struct Desk {
+    EnvelopeForm envelope;
     std::span<const ServiceRow> services;
     Answer (*answer)(const Enquiry&);
 };
 
-/// The usual answers.
+/// The usual answers. Complaints come in the order of the document.
 Answer refused(const Enquiry& enquiry, const Refusal& refusal);
-Answer rejected(const Enquiry& enquiry, std::vector<Violation> violations);
+Answer rejected(const Enquiry& enquiry, std::vector<Violation> violations,
+                ErrorForm form = ErrorForm::kLocated);
+
+/// A response whose content `body` writes.
+template <class Body>
+Answer respond(const Enquiry& enquiry, std::string_view outcome, Body body) {
+    const std::string& code = enquiry.message.service_code;
+    return {write_reply(code, enquiry.request_id,
+                        [&](XmlWriter& xml) {
+                            const XmlScope response(xml, "response");
+                            body(xml);
+                        }),
+            code, outcome};
+}
 
 }  // namespace zr::gateway

@@ -59,4 +59,11 @@ class Random {
     std::uint64_t state_;
 };
 
+/// A range that a number of records is drawn from.
+struct Range {
+    int low;
+    int high;
+    int draw(Random& random) const { return random.between(low, high); }
+};
+
 }  // namespace zr::gateway

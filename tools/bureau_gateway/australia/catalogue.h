@@ -4,12 +4,9 @@
 #include <span>
 #include <string_view>
 
-namespace zr::gateway::australia {
+#include "bureau_gateway/code_row.h"
 
-struct CodeRow {
-    std::string_view code;
-    std::string_view text;
-};
+namespace zr::gateway::australia {
 
 /// An enquiry that can be made on an individual.
 struct EnquiryRow {

@@ -1,26 +1,15 @@
 #include "bureau_gateway/australia/desk.h"
 
-#include <stdexcept>
 #include <utility>
 
 #include "bureau_gateway/australia/applicant.h"
 #include "bureau_gateway/australia/organisations.h"
 #include "bureau_gateway/australia/report.h"
 #include "bureau_gateway/australia/request_rules.h"
+#include "bureau_gateway/invention/demonstration.h"
 
 namespace zr::gateway::australia {
 namespace {
-
-template <class Body>
-Answer respond(const Enquiry& enquiry, std::string_view outcome, Body body) {
-    const std::string& code = enquiry.message.service_code;
-    return {write_reply(code, enquiry.request_id,
-                        [&](XmlWriter& xml) {
-                            const XmlScope response(xml, "response");
-                            body(xml);
-                        }),
-            code, outcome};
-}
 
 Answer answer_ping(const Enquiry& enquiry) {
     auto violations = check_ping(enquiry.message);
@@ -60,22 +49,13 @@ Answer report(const Enquiry& enquiry, const FileKey& key, const Individual* indi
 Answer answer_person(const Enquiry& enquiry, const Element& element) {
     const Individual individual = read_individual(element, enquiry.today);
     const Demonstration wanted = demonstration(individual.name.family);
-    if (wanted.refused) {
-        return refused(enquiry, refusals::kRefused);
-    }
-    if (wanted.invalid) {
-        return rejected(enquiry, sample_violations(enquiry.message.request));
-    }
-    const FileKey key = key_of_person(individual.name, individual.date_of_birth);
-    Answer answer = report(enquiry, key, &individual, wanted.large_bytes);
-    if (!wanted.fault.empty()) {
-        try {
-            answer.faults.push_back(parse_exchange_fault(wanted.fault));
-        } catch (const std::invalid_argument&) {
-            return refused(enquiry, refusals::kUnknownFault);
-        }
-    }
-    return answer;
+    return demonstrate(
+        enquiry, wanted,
+        [&] { return rejected(enquiry, sample_violations(enquiry.message.request)); },
+        [&] {
+            const FileKey key = key_of_person(individual.name, individual.date_of_birth);
+            return report(enquiry, key, &individual, wanted.large_bytes);
+        });
 }
 
 Answer answer_credit_enquiry(const Enquiry& enquiry) {

@@ -15,6 +15,7 @@ inline constexpr std::array kServices = {
     ServiceRow{"BCA020", "V00"},
     ServiceRow{"PING", "V00"},
 };
-inline constexpr Desk kDesk{kServices, &answer};
+inline constexpr EnvelopeForm kEnvelope{ReferencePlace::kFirst, ""};
+inline constexpr Desk kDesk{kEnvelope, kServices, &answer};
 
 }  // namespace zr::gateway::australia

@@ -8,14 +8,9 @@
 
 #include "bureau_gateway/australia/catalogue.h"
 #include "bureau_gateway/dates.h"
+#include "bureau_gateway/invention/file_key.h"
 
 namespace zr::gateway::australia {
-
-struct PersonName {
-    std::string family;
-    std::string first;
-    std::string other;
-};
 
 struct Address {
     std::string_view type = "residential-current";

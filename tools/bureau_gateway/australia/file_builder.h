@@ -20,13 +20,6 @@ struct Blueprint {
     }
 };
 
-/// A range that a number of records is drawn from.
-struct Range {
-    int low;
-    int high;
-    int draw(Random& random) const { return random.between(low, high); }
-};
-
 /// The person of a file that only its reference is known of.
 Individual invent_individual(const Blueprint& plan);
 

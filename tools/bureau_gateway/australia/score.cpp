@@ -1,20 +1,13 @@
 // The score: worse for more adverse records, and always the same for the same file.
 #include <algorithm>
 #include <array>
-#include <cstdio>
 
 #include "bureau_gateway/australia/report.h"
 #include "bureau_gateway/australia/vocabulary.h"
+#include "bureau_gateway/invention/amounts.h"
 
 namespace zr::gateway::australia {
 namespace {
-
-/// A number with two decimals, from its hundredths.
-std::string hundredths(int value) {
-    std::array<char, 16> text{};
-    std::snprintf(text.data(), text.size(), "%d.%02d", value / 100, value % 100);
-    return text.data();
-}
 
 int adverse_records(const BureauFile& file) {
     std::size_t records = file.public_data.bankruptcies.size() * 3 +

@@ -7,13 +7,6 @@
 namespace zr::gateway::australia {
 namespace {
 
-int whole_months(Date from, Date until) {
-    const auto months = (static_cast<int>(until.year()) - static_cast<int>(from.year())) * 12 +
-                        static_cast<int>(static_cast<unsigned>(until.month())) -
-                        static_cast<int>(static_cast<unsigned>(from.month()));
-    return std::max(0, months - (until.day() < from.day() ? 1 : 0));
-}
-
 class Totals {
   public:
     Totals(const BureauFile& file, Date today) : today_(today) {

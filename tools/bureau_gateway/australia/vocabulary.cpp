@@ -10,17 +10,6 @@ constexpr auto list(const Texts&... texts) {
     return std::array<std::string_view, sizeof...(texts)>{texts...};
 }
 
-constexpr std::array kGivenNames = {
-    GivenName{"Alba", "female"},    GivenName{"Bruno", "male"},     GivenName{"Celeste", "female"},
-    GivenName{"Dorian", "male"},    GivenName{"Elspeth", "female"}, GivenName{"Fabian", "male"},
-    GivenName{"Ginevra", "female"}, GivenName{"Horace", "male"},    GivenName{"Isolde", "female"},
-    GivenName{"Jasper", "male"},    GivenName{"Zoë", "female"},     GivenName{"André", "male"},
-};
-
-constexpr auto kFamilyNames =
-    list("Testwell", "Sampleton", "Mockridge", "Fictional", "Placeholder", "Dummett", "Specimen",
-         "Examplar", "Trialby", "Pseudon", "O'Sample", "Müster");
-
 constexpr std::array kSuburbs = {
     Suburb{"NORTH SAMPLEFORD", "NSW", "2999"}, Suburb{"PORT EXAMPLE", "NSW", "2998"},
     Suburb{"MOCKHAM", "VIC", "3999"},          Suburb{"SPECIMEN BAY", "VIC", "3998"},
@@ -38,18 +27,6 @@ constexpr std::array kStreets = {
 };
 
 constexpr auto kProperties = list("ROSE COTTAGE", "MOCK MANOR", "THE OLD MILL", "LOT 7");
-
-constexpr auto kEmployers =
-    list("Acme Sample Works", "Fictional Freight", "Nowhere Nurseries", "Mock & Sons Printing",
-         "Specimen Hospital", "Department of Examples", "Trial Creek Dairy", "Self-employed");
-
-constexpr auto kOccupations =
-    list("Clerk", "Electrician", "Nurse", "Teacher", "Driver", "Accountant", "Chef", "Surveyor");
-
-constexpr auto kCreditProviders =
-    list("Sample Savings Bank", "First Fictional Finance", "Mock Mutual", "Example Energy",
-         "Placeholder Telecom", "Nowhere Credit Union", "Specimen Motor Finance",
-         "Invented Insurance & Loans", "Trial Retail Cards", "Dummy Water Utility");
 
 constexpr auto kBusinesses =
     list("Sample Holdings", "Fictional Foods", "Mock Metalwork", "Example Estates",
@@ -86,14 +63,9 @@ constexpr auto kRiskFactors =
 
 }  // namespace
 
-std::span<const GivenName> given_names() { return kGivenNames; }
-std::span<const std::string_view> family_names() { return kFamilyNames; }
 std::span<const Suburb> suburbs() { return kSuburbs; }
 std::span<const Street> streets() { return kStreets; }
 std::span<const std::string_view> properties() { return kProperties; }
-std::span<const std::string_view> employers() { return kEmployers; }
-std::span<const std::string_view> occupations() { return kOccupations; }
-std::span<const std::string_view> credit_providers() { return kCreditProviders; }
 std::span<const std::string_view> businesses() { return kBusinesses; }
 std::span<const std::string_view> courts() { return kCourts; }
 std::span<const std::string_view> default_reasons() { return kDefaultReasons; }

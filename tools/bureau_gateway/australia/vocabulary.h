@@ -5,13 +5,10 @@
 #include <string_view>
 
 #include "bureau_gateway/australia/catalogue.h"
+#include "bureau_gateway/invention/words.h"
 
 namespace zr::gateway::australia {
 
-struct GivenName {
-    std::string_view name;
-    std::string_view gender;
-};
 struct Suburb {
     std::string_view name;
     std::string_view state;
@@ -23,14 +20,10 @@ struct Street {
 };
 
 namespace words {
-std::span<const GivenName> given_names();
-std::span<const std::string_view> family_names();
+using namespace gateway::words;
 std::span<const Suburb> suburbs();
 std::span<const Street> streets();
 std::span<const std::string_view> properties();
-std::span<const std::string_view> employers();
-std::span<const std::string_view> occupations();
-std::span<const std::string_view> credit_providers();
 std::span<const std::string_view> businesses();
 std::span<const std::string_view> courts();
 std::span<const std::string_view> default_reasons();

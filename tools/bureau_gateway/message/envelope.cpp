@@ -14,27 +14,40 @@ constexpr std::array kAccess = {
     ElementRule{.name = "BCAaccess-pwd"},
 };
 // The data is the service's own affair; only its one element is looked for here.
-constexpr std::array kService = {
-    ElementRule{.name = "BCAservice-client-ref", .width = 16},
-    ElementRule{.name = "BCAservice-code"},
-    ElementRule{.name = "BCAservice-code-version"},
-    ElementRule{.name = "BCAservice-data", .content = Content::kElements},
-};
-constexpr std::array kMessage = {
-    ElementRule{.name = "BCAaccess", .content = Content::kElements, .children = kAccess},
-    ElementRule{.name = "BCAservice", .content = Content::kElements, .children = kService},
-};
-constexpr ElementRule kEnvelope{.name = "BCAmessage",
-                                .content = Content::kElements,
-                                .attributes = kMessageAttributes,
-                                .children = kMessage};
+constexpr ElementRule kReference{.name = "BCAservice-client-ref", .width = 16};
+constexpr ElementRule kCode{.name = "BCAservice-code"};
+constexpr ElementRule kVersion{.name = "BCAservice-code-version"};
+constexpr ElementRule kData{.name = "BCAservice-data", .content = Content::kElements};
+constexpr std::array kReferenceFirst = {kReference, kCode, kVersion, kData};
+constexpr std::array kReferenceLast = {kCode, kVersion, kReference, kData};
+
+constexpr auto message_rules(std::span<const ElementRule> service) {
+    return std::array{
+        ElementRule{.name = "BCAaccess", .content = Content::kElements, .children = kAccess},
+        ElementRule{.name = "BCAservice", .content = Content::kElements, .children = service},
+    };
+}
+constexpr auto kMessageReferenceFirst = message_rules(kReferenceFirst);
+constexpr auto kMessageReferenceLast = message_rules(kReferenceLast);
+
+constexpr ElementRule envelope_rule(ReferencePlace reference) {
+    return {.name = "BCAmessage",
+            .content = Content::kElements,
+            .attributes = kMessageAttributes,
+            .children = reference == ReferencePlace::kFirst ? kMessageReferenceFirst
+                                                            : kMessageReferenceLast};
+}
 
 /// Takes the request element out, so that the rules of the envelope need not know it.
-std::variant<Element, Refusal> detach_request(Element& envelope) {
+std::variant<Element, Refusal> detach_request(Element& envelope, const EnvelopeForm& form) {
     for (Element& service : envelope.children) {
         for (Element& data : service.children) {
             if (service.name != "BCAservice" || data.name != "BCAservice-data") {
                 continue;
+            }
+            if (data.children.empty() && !form.bare_service.empty() &&
+                service.child_text("BCAservice-code") == form.bare_service) {
+                return Element{};
             }
             if (data.children.size() != 1 || data.children.front().name != "request") {
                 break;
@@ -49,19 +62,20 @@ std::variant<Element, Refusal> detach_request(Element& envelope) {
 
 }  // namespace
 
-std::variant<Message, Refusal> read_message(std::string_view text) {
+std::variant<Message, Refusal> read_message(std::string_view text, const EnvelopeForm& form) {
     std::optional<Element> envelope = read_xml(text);
+    const ElementRule rule = envelope_rule(form.reference);
     if (!envelope) {
         return refusals::kNotXml;
     }
-    if (envelope->name != kEnvelope.name || envelope->attribute("type") != "REQUEST") {
+    if (envelope->name != rule.name || envelope->attribute("type") != "REQUEST") {
         return refusals::kNotRequest;
     }
-    auto request = detach_request(*envelope);
+    auto request = detach_request(*envelope, form);
     if (auto* refusal = std::get_if<Refusal>(&request)) {
         return *refusal;
     }
-    const auto violations = check(*envelope, kEnvelope);
+    const auto violations = check(*envelope, rule);
     if (!violations.empty()) {
         return Refusal(refusals::kEnvelope, violations.front().description);
     }
@@ -82,7 +96,7 @@ void write_refusal(XmlWriter& xml, const Refusal& refusal) {
     xml.leaf("BCAerror-description", refusal.description);
 }
 
-void write_violations(XmlWriter& xml, const std::vector<Violation>& violations) {
+void write_violations(XmlWriter& xml, const std::vector<Violation>& violations, ErrorForm form) {
     const XmlScope response(xml, "response");
     for (const Violation& each : violations) {
         const XmlScope error(xml, "error");
@@ -90,8 +104,10 @@ void write_violations(XmlWriter& xml, const std::vector<Violation>& violations) 
         xml.attribute("code", each.code);
         xml.text(each.description);
         xml.close();
-        xml.leaf("error-type", each.type);
-        xml.leaf("input-container", each.container);
+        if (form == ErrorForm::kLocated) {
+            xml.leaf("error-type", each.type);
+            xml.leaf("input-container", each.container);
+        }
     }
 }
 

@@ -44,6 +44,18 @@ inline constexpr RefusalRow kRefused{"service", "V009",
 inline constexpr RefusalRow kUnknownFault{"service", "V010", "The fault is not known"};
 }  // namespace refusals
 
+/// Where a country's envelope has its BCAservice-client-ref: before or behind code and version.
+enum class ReferencePlace { kFirst, kLast };
+
+/// What is a country's own in the envelope of its requests.
+struct EnvelopeForm {
+    ReferencePlace reference;
+    std::string_view bare_service;  ///< code of the service that is asked without a request
+};
+
+/// Whether complaints tell what type they are of and where, or only what is wrong.
+enum class ErrorForm { kLocated, kDescribed };
+
 /// A request whose envelope is in order.
 struct Message {
     std::string access_code;
@@ -51,11 +63,11 @@ struct Message {
     std::string client_reference;
     std::string service_code;
     std::string service_version;
-    Element request;
+    Element request;  ///< without a name when there is none, as a country's test may be
 };
 
 /// Takes a request's text apart, or says why the bureau refuses it unread.
-std::variant<Message, Refusal> read_message(std::string_view text);
+std::variant<Message, Refusal> read_message(std::string_view text, const EnvelopeForm& form);
 
 /// A reply document: `body` writes what is inside BCAservice-data.
 template <class Body>
@@ -78,6 +90,6 @@ std::string write_reply(std::string_view service_code, std::string_view request_
 void write_refusal(XmlWriter& xml, const Refusal& refusal);
 
 /// A response that holds nothing but the complaints.
-void write_violations(XmlWriter& xml, const std::vector<Violation>& violations);
+void write_violations(XmlWriter& xml, const std::vector<Violation>& violations, ErrorForm form);
 
 }  // namespace zr::gateway

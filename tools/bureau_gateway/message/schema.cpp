@@ -21,6 +21,7 @@ constexpr ViolationKind kMissingAttribute{"E103", "mandatory"};
 constexpr ViolationKind kTooLong{"E201", "length"};
 constexpr ViolationKind kNotWhole{"E301", "format"};
 constexpr ViolationKind kNotDate{"E302", "format"};
+constexpr ViolationKind kNotDigits{"E303", "format"};
 constexpr ViolationKind kUnknownValue{"E401", "value"};
 constexpr ViolationKind kUnexpectedElement{"E501", "structure"};
 constexpr ViolationKind kUnexpectedAttribute{"E502", "structure"};
@@ -84,6 +85,10 @@ class Checker {
                 name + "is longer than " + std::to_string(rule.width) + " characters");
         } else if (rule.content == Content::kWholeNumber && !is_whole_number(text)) {
             add(kNotWhole, element, container, name + "must be a whole number");
+        } else if (rule.content == Content::kDigits &&
+                   (!is_whole_number(text) || text.size() != rule.width)) {
+            add(kNotDigits, element, container,
+                name + "must be " + std::to_string(rule.width) + " digits");
         } else if (rule.content == Content::kDate && !text.empty() && !parse_date(text)) {
             add(kNotDate, element, container, name + "must be a date (yyyy-mm-dd)");
         }

@@ -21,7 +21,7 @@ struct Violation {
 };
 
 enum class Occurs { kOptional, kOnce, kMany };
-enum class Content { kNone, kElements, kText, kFilledText, kWholeNumber, kDate };
+enum class Content { kNone, kElements, kText, kFilledText, kWholeNumber, kDigits, kDate };
 
 struct AttributeRule {
     std::string_view name;
@@ -34,7 +34,7 @@ struct ElementRule {
     std::string_view name;
     Occurs occurs = Occurs::kOnce;
     Content content = Content::kText;
-    std::size_t width = 0;  ///< of the text in characters; 0: any
+    std::size_t width = 0;  ///< of the text in characters, the exact one of kDigits; 0: any
     std::span<const AttributeRule> attributes{};
     std::span<const ElementRule> children{};  ///< in the order that they are sent in
 };

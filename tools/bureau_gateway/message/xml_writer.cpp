@@ -65,6 +65,14 @@ void XmlWriter::leaf(std::string_view name, std::string_view value) {
     close();
 }
 
+void XmlWriter::coded(std::string_view name, std::string_view attribute_name,
+                      std::string_view value, std::string_view content) {
+    open(name);
+    attribute(attribute_name, value);
+    text(content);
+    close();
+}
+
 void XmlWriter::leaf_if(std::string_view name, std::string_view value) {
     if (!value.empty()) {
         leaf(name, value);

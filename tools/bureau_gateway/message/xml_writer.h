@@ -25,6 +25,10 @@ class XmlWriter {
     /// As leaf, but nothing at all when the value is empty.
     void leaf_if(std::string_view name, std::string_view value);
 
+    /// A whole element with one attribute.
+    void coded(std::string_view name, std::string_view attribute, std::string_view value,
+               std::string_view text = {});
+
     std::size_t size() const { return xml_.size(); }
 
     /// What has been written, all of it closed by now.
