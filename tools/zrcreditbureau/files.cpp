@@ -170,7 +170,7 @@ bool LineReader::next(std::string_view& line) {
     return any;
 }
 
-Output::Output(std::string path) : path_(std::move(path)), descriptor_(STDOUT_FILENO) {
+Output::Output(std::string path) : path_(std::move(path)) {
     if (path_.empty()) {
         return;
     }

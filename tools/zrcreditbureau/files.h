@@ -67,7 +67,7 @@ class Output {
   private:
     std::string path_;
     std::string temporary_path_;  ///< empty when written in place
-    int descriptor_;
+    int descriptor_ = 1;          // standard output
     std::string pending_;
 };
 

@@ -65,14 +65,15 @@ void read_job(JsonValue&& document, Job& job) {
     if (!document.is_object()) {
         throw JsonError("A job must be an object.");
     }
-    for (auto& [name, value] : document.members()) {
+    for (JsonValue::Member& given : document.members()) {
+        const std::string& name = given.first;
         const auto* const found = std::find_if(
             std::begin(kMembers), std::end(kMembers),
             [&](const auto& member) { return text::equal_ignoring_case(member.name, name); });
         if (found == std::end(kMembers)) {
             throw JsonError(std::string(text::first(name, 64)) + " is not a member of a job.");
         }
-        found->read(job, std::move(value), found->name);
+        found->read(job, std::move(given.second), found->name);
     }
 }
 

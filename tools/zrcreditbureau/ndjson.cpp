@@ -16,7 +16,7 @@ Outcome perform_line(Performer& performer, Job job, std::string_view line) {
         throw automation::JsonError("The line is empty.");
     }
     read_job(automation::parse_json(line), job);
-    return performer.perform(std::move(job));
+    return performer.perform(job);
 }
 
 /// Never throws for what a line holds: whatever is wrong with one is its result.

@@ -139,7 +139,7 @@ Performer::Performer(Operation operation)
 
 Performer::~Performer() = default;
 
-Outcome Performer::perform(Job job) {
+Outcome Performer::perform(const Job& job) {
     if (job.country.empty()) {
         throw JsonError("Country is missing.");
     }

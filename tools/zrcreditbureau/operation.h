@@ -39,7 +39,7 @@ class Performer {
     Performer& operator=(const Performer&) = delete;
 
     /// Performs a job. Throws automation::JsonError where the job cannot be understood.
-    Outcome perform(Job job);
+    Outcome perform(const Job& job);
 
     Operation operation() const { return operation_; }
 

@@ -292,8 +292,9 @@ void complete(Invocation& invocation, Given& given) {
         }
     }
     invocation.format = format_of(given.format, *invocation.command);
-    if (invocation.ndjson && (!given.format.empty() || !invocation.html_path.empty())) {
-        throw MisuseError("--ndjson writes JSON: neither --format nor --html goes with it.");
+    if (invocation.ndjson &&
+        (!given.format.empty() || !invocation.html_path.empty() || !given.reply_file.empty())) {
+        throw MisuseError("--ndjson reads and writes JSON: no FILE, --format or --html with it.");
     }
     if (invocation.command->operation == Operation::kTranslate && !invocation.ndjson) {
         if (given.reply_file.empty()) {
