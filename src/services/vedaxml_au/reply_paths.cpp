@@ -1,6 +1,5 @@
 #include "services/vedaxml_au/reply_paths.h"
 
-#include <span>
 #include <string_view>
 
 #include "services/vedaxml_au/report_layout.h"
@@ -9,23 +8,20 @@ namespace zr::australia {
 namespace {
 
 /// A property and its path as data.
-template <class Record, class Text>
-struct FieldRow {
-    void (Record::*set)(Text);
+struct CandidateRow {
+    void (CompanySelection::*set)(std::string_view);
     std::string_view path;
 };
-using CandidateField = FieldRow<CompanySelection, std::string_view>;
 
-constexpr CandidateField kCandidateFields[] = {
+constexpr CandidateRow kCandidateFields[] = {
     {&CompanySelection::CompanyType, "organisation-type"},
     {&CompanySelection::CompanyStatus, "asic-report/asic-status"},
     {&CompanySelection::RegistrationArea, "state"},
 };
 
-template <class Record, class Text, std::size_t n>
-std::vector<Field<Record, Text>> compile(const FieldRow<Record, Text> (&rows)[n], XmlNames& names) {
-    std::vector<Field<Record, Text>> fields;
-    for (const auto& row : rows) {
+std::vector<CandidateField> compile_candidate_fields(XmlNames& names) {
+    std::vector<CandidateField> fields;
+    for (const CandidateRow& row : kCandidateFields) {
         fields.push_back({row.set, XmlPath(row.path, names)});
     }
     return fields;
@@ -44,7 +40,7 @@ ReplyPaths::ReplyPaths()
       candidate("//BCAmessage/BCAservices/BCAservice/BCAservice-data/response/org-id-result",
                 names),
       candidate_name("match-name", names),
-      candidate_fields(compile(kCandidateFields, names)),
+      candidate_fields(compile_candidate_fields(names)),
       candidate_reference("bureau-report/bureau-reference", names),
       entity_type("australian-business-register-report/EntityTypeText", names),
       number_heading("organisation-number-heading", names),

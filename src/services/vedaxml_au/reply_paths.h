@@ -1,7 +1,7 @@
 // The paths of Australian replies, compiled once against one table of names.
 #pragma once
 
-#include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/xml_document.h"
@@ -13,10 +13,9 @@
 
 namespace zr::australia {
 
-/// Where a text property of a record is in the reply.
-template <class Record, class Text>
-struct Field {
-    void (Record::*set)(Text);
+/// Where a text property of a candidate is in the reply.
+struct CandidateField {
+    void (CompanySelection::*set)(std::string_view);
     XmlPath path;
 };
 
@@ -38,7 +37,7 @@ struct ReplyPaths {
     // A company search's candidates, and what is under each.
     XmlPath candidate;
     XmlPath candidate_name;
-    std::vector<Field<CompanySelection, std::string_view>> candidate_fields;
+    std::vector<CandidateField> candidate_fields;
     XmlPath candidate_reference;
     XmlPath entity_type;
     XmlPath number_heading;
