@@ -21,19 +21,24 @@ constexpr const char* kAbout =
     "  bureau_gateway --port 8443 --certificate-file /tmp/bureau.pem &\n"
     "  curl --cacert /tmp/bureau.pem -H 'Content-Type: text/xml' --data-binary @request.xml \\\n"
     "       https://127.0.0.1:8443/cta/sys1\n"
-    "Clients that use OpenSSL trust it with SSL_CERT_FILE=/tmp/bureau.pem. Production requests\n"
-    "go to /sys1, test requests to /cta/sys1.";
+    "Clients that use OpenSSL trust it with SSL_CERT_FILE=/tmp/bureau.pem.\n\n"
+    "Where requests go:  production    test\n"
+    "  Australia         /sys1         /cta/sys1\n"
+    "  New Zealand       /nz/sys1      /nz/cta/sys1";
 
 constexpr const char* kSurnames =
     "\nSurnames for demonstrations (any letter case):\n"
     "  CLEAN          nothing adverse on file\n"
-    "  ADVERSE        defaults, court actions, bankruptcies\n"
-    "  POSSIBLE       a possible match beside the primary one\n"
+    "  ADVERSE        defaults, court actions, judgements, bankruptcies\n"
+    "  POSSIBLE       a possible match, in Australia beside the primary one\n"
     "  REFUSED        the gateway refuses the message\n"
     "  INVALID        the bureau rejects the content with two errors\n"
     "  LARGE-n        a report of about n KB, up to 32768\n"
     "  FAULT-SPEC     a fault of this one exchange, for example FAULT-HTML, FAULT-STATUS=503\n"
-    "Organisation searches: the name NOTHING and numbers that end with 000 find nothing.\n";
+    "Australian organisation searches: NOTHING and numbers that end with 000 find nothing.\n"
+    "New Zealand companies: a search finds names of the register such as Bellbird Holdings, Clean\n"
+    "Motors, Adverse Foods, and takes the names above from REFUSED on; words may be cut short.\n"
+    "Every number of up to seven digits is a company's, unless it ends with 000.\n";
 
 std::string faults_help() {
     std::string text = "\nFaults, KIND[=VALUE][@COUNT]; COUNT: only the first so many times:\n";

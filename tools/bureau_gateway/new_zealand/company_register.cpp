@@ -71,10 +71,9 @@ std::string name_at(const Place& place) {
 }
 
 Burden burden_of(const Place& place, Random& random) {
-    constexpr std::size_t kClean = 0;
-    constexpr std::size_t kAdverse = 1;
-    if (place.root == kClean || place.root == kAdverse) {
-        return place.root == kClean ? Burden::kClean : Burden::kHeavy;
+    constexpr auto kFixed = std::to_array({Burden::kClean, Burden::kHeavy, Burden::kHeavy});
+    if (place.root < kFixed.size()) {
+        return kFixed[place.root];
     }
     return static_cast<Burden>(random.between(0, 2));
 }
@@ -155,8 +154,9 @@ void write_by_name(XmlWriter& xml, std::string_view name) {
             continue;
         }
         const Company company = company_at(number_of(index));
-        const std::string_view type = type_of_match(wanted, company);
-        if (!type.empty() && is_listed(index, company)) {
+        const std::string_view type =
+            is_listed(index, company) ? type_of_match(wanted, company) : std::string_view();
+        if (!type.empty()) {
             write(xml, company, type);
             ++found;
         }

@@ -26,7 +26,7 @@ struct Officer {
 std::vector<Officer> officers_of(const Company& company, Date today) {
     Random random(company.seed, "officers");
     std::vector<Officer> officers;
-    for (int i = random.between(1, 3); i > 0; --i) {
+    for (int i = random.between(company.burden == Burden::kHeavy ? 2 : 1, 3); i > 0; --i) {
         officers.push_back({"Director", invent_applicant(random, today)});
     }
     if (random.percent(40)) {

@@ -7,7 +7,7 @@ namespace zr::gateway::new_zealand {
 namespace {
 
 constexpr auto kYesNo = std::to_array<std::string_view>({"Y", "N", "N", ""});
-constexpr auto kDefaultStatuses = std::to_array<std::string_view>({"O", "P", "S", "W"});
+constexpr auto kDefaultStatuses = std::to_array<std::string_view>({"O", "S", "W"});
 constexpr auto kRelationships = std::to_array<std::string_view>({"DF", "DF", "GU"});
 
 void write_note(Section& section) {

@@ -13,9 +13,11 @@ constexpr auto kPhoneTypes = std::to_array<std::string_view>({"Residential", "Bu
 void write_alias(Section& section) {
     Random& random = section.random;
     PersonName name = section.subject.name;
-    (random.percent(50) ? name.family : name.first) = random.percent(50)
-                                                          ? random.pick(words::family_names())
-                                                          : random.pick(words::given_names()).name;
+    if (random.percent(50)) {
+        name.family = random.pick(words::family_names());
+    } else {
+        name.first = random.pick(words::given_names()).name;
+    }
     const XmlScope scope(section.xml, "alias");
     section.xml.attribute("create-date", to_iso(section.next_date()));
     section.write_name(name);

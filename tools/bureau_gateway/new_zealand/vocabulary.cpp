@@ -59,7 +59,8 @@ constexpr auto kGeneralMessages =
          "Planned maintenance: the gateway rests on Sunday from 02:00 to 04:00.",
          "Corrections are shown with the records that they belong to.");
 
-// Clean and Adverse come first: what their companies have on file is as they are called.
+// Clean, Adverse and Bellbird come first: what the companies of the first two have on file is as
+// they are called, and the third is for demonstrations, with as much on file.
 constexpr auto kCompanyRoots = list(
     "Clean", "Adverse", "Bellbird", "Zarnow", "Fantail", "Kākā", "Weka", "Sample", "Specimen",
     "Mock", "Fictional", "Placeholder", "Imaginary", "Exampledale", "Trial", "Nowhere", "Template",
