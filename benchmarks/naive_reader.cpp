@@ -3,11 +3,16 @@
 #include <libxml/parser.h>
 #include <libxml/xpath.h>
 
+#include <array>
 #include <memory>
+#include <span>
 #include <stdexcept>
 #include <string_view>
 
+#include "services/common/statistics.h"
 #include "services/vedaxml_au/report_layout.h"
+#include "services/vedaxml_nz/report_layout.h"
+#include "services/vedaxml_nz/statistics_tables.h"
 
 namespace zr::bench {
 namespace {
@@ -51,48 +56,78 @@ std::size_t read_value(xmlXPathContext* context, xmlNode* record, std::string_vi
     return 1;
 }
 
-std::size_t read_piece(xmlXPathContext* context, xmlNode* record, const layout::Piece& piece) {
-    std::size_t values = 0;
-    if (piece.form == layout::Form::kPersonName) {
-        for (const std::string_view name :
-             {"individual-name/first-given-name", "individual-name/other-given-name",
-              "individual-name/family-name"}) {
-            values += read_value(context, record, name);
-        }
-    } else if (!piece.path.empty()) {
-        values += read_value(context, record, piece.path);
-    }
-    if (!piece.condition.empty()) {
-        values += read_value(context, record, piece.condition);
-    }
-    return values;
-}
-
-std::size_t read_line(xmlXPathContext* context, xmlNode* record, const layout::Line& line) {
-    std::size_t values = 0;
-    for (const layout::Pieces* pieces : {&line.label, &line.value}) {
-        for (const layout::Piece& piece : pieces->all()) {
-            values += read_piece(context, record, piece);
-        }
-    }
-    return values;
-}
-
 /// Calls `read` for every node at the path.
 template <class Read>
 void for_each_node(xmlXPathContext* context, xmlNode* node, std::string_view path, Read read) {
     const Object found = evaluate(context, node, path);
-    const int count = found->nodesetval != nullptr ? found->nodesetval->nodeNr : 0;
+    const int count =
+        found != nullptr && found->nodesetval != nullptr ? found->nodesetval->nodeNr : 0;
     for (int index = 0; index < count; ++index) {
         read(found->nodesetval->nodeTab[index]);
     }
 }
 
-std::size_t read_sections(xmlXPathContext* context, xmlNode* match, xmlNode* report) {
+xmlNode* first_node(xmlXPathContext* context, xmlNode* node, std::string_view path) {
+    xmlNode* first = nullptr;
+    for_each_node(context, node, path,
+                  [&](xmlNode* found) { first = first == nullptr ? found : first; });
+    return first;
+}
+
+std::size_t read_pieces(xmlXPathContext* context, xmlNode* record,
+                        std::span<const layout::Piece> pieces);
+
+std::size_t read_piece(xmlXPathContext* context, xmlNode* record, const layout::Piece& piece) {
     std::size_t values = 0;
-    xmlNode* const sources[] = {match, report};
-    for (const layout::Section& section : australia::report_sections()) {
+    if (!piece.condition.empty()) {
+        values += read_value(context, record, piece.condition);
+    }
+    switch (piece.form) {
+        case layout::Form::kPersonName:
+            for (const std::string_view name :
+                 {"individual-name/first-given-name", "individual-name/other-given-name",
+                  "individual-name/family-name"}) {
+                values += read_value(context, record, name);
+            }
+            return values;
+        case layout::Form::kEach:
+            for_each_node(context, record, piece.path, [&](xmlNode* each) {
+                values += read_pieces(context, each, piece.parts);
+            });
+            return values;
+        case layout::Form::kAll:
+        case layout::Form::kRun:
+            return values + read_pieces(context, record, piece.parts);
+        default:
+            return values + (piece.path.empty() ? 0 : read_value(context, record, piece.path));
+    }
+}
+
+std::size_t read_pieces(xmlXPathContext* context, xmlNode* record,
+                        std::span<const layout::Piece> pieces) {
+    std::size_t values = 0;
+    for (const layout::Piece& piece : pieces) {
+        values += read_piece(context, record, piece);
+    }
+    return values;
+}
+
+std::size_t read_line(xmlXPathContext* context, xmlNode* record, const layout::Line& line) {
+    return read_pieces(context, record, line.label.all()) +
+           read_pieces(context, record, line.value.all());
+}
+
+std::size_t read_sections(xmlXPathContext* context, std::span<xmlNode* const> sources,
+                          std::span<const layout::Section> sections) {
+    std::size_t values = 0;
+    for (const layout::Section& section : sections) {
+        if (section.source >= sources.size()) {
+            continue;
+        }
         for_each_node(context, sources[section.source], section.records, [&](xmlNode* record) {
+            if (!section.id.empty()) {
+                values += read_value(context, record, section.id);
+            }
             for (const layout::Line& line : section.lines) {
                 if (line.each.empty()) {
                     values += read_line(context, record, line);
@@ -107,9 +142,10 @@ std::size_t read_sections(xmlXPathContext* context, xmlNode* match, xmlNode* rep
     return values;
 }
 
-std::size_t read_statistics(xmlXPathContext* context, xmlNode* match) {
+std::size_t read_statistics(xmlXPathContext* context, xmlNode* node,
+                            std::span<const StatisticsCategory> categories) {
     std::size_t values = 0;
-    for (const StatisticsCategory& category : australia::statistics_categories()) {
+    for (const StatisticsCategory& category : categories) {
         // XPath 1.0 has no union inside a step: the two credit files are written out.
         std::string records(category.records);
         if (const std::size_t close = records.find(")/"); close != std::string::npos) {
@@ -117,10 +153,10 @@ std::size_t read_statistics(xmlXPathContext* context, xmlNode* match) {
             records = "individual-consumer-credit-file" + child +
                       " | individual-commercial-credit-file" + child;
         }
-        for_each_node(context, match, records, [&](xmlNode* record) {
+        for_each_node(context, node, records, [&](xmlNode* record) {
             for (const std::string_view path :
-                 {category.only_path, category.event_date, category.loaded, category.outstanding,
-                  category.settled_path, category.status_path}) {
+                 {category.only_path, category.run_id, category.event_date, category.loaded,
+                  category.outstanding, category.settled_path, category.status_path}) {
                 if (!path.empty()) {
                     values += read_value(context, record, path);
                 }
@@ -130,21 +166,37 @@ std::size_t read_statistics(xmlXPathContext* context, xmlNode* match) {
     return values;
 }
 
+/// An individual's New Zealand report: the applicant's or a director's.
+std::size_t read_new_zealand_person(xmlXPathContext* context, xmlNode* report) {
+    return read_statistics(context, report, new_zealand::individual_categories()) +
+           read_sections(context, std::array{report}, new_zealand::individual_sections());
+}
+
 }  // namespace
 
 void read_and_free(const std::string& text) { (void)read(text); }
 
 std::size_t read_naively(const std::string& text) {
     const Document document = read(text);
-    const Context context(xmlXPathNewContext(document.get()));
-    constexpr std::string_view kReport =
-        "/BCAmessage/BCAservices/BCAservice/BCAservice-data/response/enquiry-report";
-    const Object report = evaluate(context.get(), xmlDocGetRootElement(document.get()), kReport);
-    xmlNode* const report_node = report->nodesetval->nodeTab[0];
-    const Object match = evaluate(context.get(), report_node, "primary-match");
-    xmlNode* const match_node = match->nodesetval->nodeTab[0];
-    return read_statistics(context.get(), match_node) +
-           read_sections(context.get(), match_node, report_node);
+    const Context owner(xmlXPathNewContext(document.get()));
+    xmlXPathContext* const context = owner.get();
+    xmlNode* const report =
+        first_node(context, xmlDocGetRootElement(document.get()),
+                   "/BCAmessage/BCAservices/BCAservice/BCAservice-data/response/enquiry-report");
+    if (xmlNode* const match = first_node(context, report, "primary-match")) {
+        return read_statistics(context, match, australia::statistics_categories()) +
+               read_sections(context, std::array{match, report}, australia::report_sections());
+    }
+    xmlNode* const company = first_node(context, report, "company-report");
+    if (company == nullptr) {
+        return read_new_zealand_person(context, report);
+    }
+    std::size_t values =
+        read_statistics(context, report, new_zealand::company_categories()) +
+        read_sections(context, std::array{company}, new_zealand::company_sections());
+    for_each_node(context, report, "director-report",
+                  [&](xmlNode* director) { values += read_new_zealand_person(context, director); });
+    return values;
 }
 
 }  // namespace zr::bench

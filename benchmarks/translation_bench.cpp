@@ -21,14 +21,14 @@
 namespace zr::bench {
 namespace {
 
-/// A facade with a request on which replies are translated again and again.
+/// A facade with a request on which replies of a kind are translated again and again.
 class Translator {
   public:
-    Translator() {
-        bureau_.Initialise("AU");
+    explicit Translator(const ReplyKind& kind) {
+        bureau_.Initialise(kind.country);
         request_ = bureau_.CreateRequest();
-        request_->ServiceName("VedaXMLAU");
-        request_->ProductId("consumer-plus-commercial-enquiry");
+        request_->ServiceName(kind.service);
+        request_->ProductId(kind.product);
     }
 
     void translate(const std::string& reply) {
@@ -51,8 +51,8 @@ struct Case {
     std::function<void(const std::string&)> run;
 };
 
-std::vector<Case> cases() {
-    auto translator = std::make_shared<Translator>();
+std::vector<Case> cases(const ReplyKind& kind) {
+    auto translator = std::make_shared<Translator>(kind);
     return {{"parse", read_and_free},
             {"translate", [translator](const std::string& reply) { translator->translate(reply); }},
             {"naive", [](const std::string& reply) { read_naively(reply); }}};
@@ -77,25 +77,23 @@ class LeastTimes : public benchmark::BenchmarkReporter {
     std::map<std::string, double> times_;
 };
 
-std::string key(std::string_view name, std::size_t size) {
-    return std::string(name) + " " + std::to_string(size);
+std::string key(const ReplyKind& kind, std::string_view name, std::size_t size) {
+    return std::string(kind.name) + " " + std::string(name) + " " + std::to_string(size);
 }
 
-void print_ratios(const LeastTimes& times, const std::map<std::size_t, std::size_t>& bytes) {
-    std::printf("%10s %12s %12s %12s %16s %16s %14s\n", "reply", "parse us", "translate us",
-                "naive us", "translate/parse", "naive/translate", "cost growth");
-    std::printf("%10s %12s %12s %12s %16s %16s %14s\n", "bytes", "", "", "", "(at most 0.8)",
-                "(at least 5)", "/size growth");
+void print_ratios(const ReplyKind& kind, const LeastTimes& times) {
     double previous = 0;
-    for (const auto& [size, length] : bytes) {
-        const double parse = times.of(key("parse", size));
-        const double translate = times.of(key("translate", size));
-        const double naive = times.of(key("naive", size));
+    for (const std::size_t size : kSizes) {
+        const std::size_t length = kind.make(size).size();
+        const double parse = times.of(key(kind, "parse", size));
+        const double translate = times.of(key(kind, "translate", size));
+        const double naive = times.of(key(kind, "naive", size));
         const double per_byte = translate / static_cast<double>(length);
-        std::printf("%10zu %12.1f %12.1f %12.1f %16.2f %16.1f", length, parse, translate, naive,
-                    translate / parse, naive / translate);
+        std::printf("%-12.*s %8zu %10.1f %12.1f %10.1f %16.2f %16.1f",
+                    static_cast<int>(kind.name.size()), kind.name.data(), length, parse, translate,
+                    naive, translate / parse, naive / translate);
         if (previous > 0) {
-            std::printf(" %14.2f", per_byte / previous);
+            std::printf(" %12.2f", per_byte / previous);
         }
         std::printf("\n");
         previous = per_byte;
@@ -114,30 +112,41 @@ void measure(int argc, char** argv) {
     int count = static_cast<int>(pointers.size());
     benchmark::Initialize(&count, pointers.data());
 
-    std::map<std::size_t, std::size_t> bytes;
-    for (const std::size_t size : kSizes) {
-        const auto reply = std::make_shared<const std::string>(make_australian_reply(size));
-        bytes[size] = reply->size();
-        for (const Case& each : cases()) {
-            benchmark::RegisterBenchmark(key(each.name, size).c_str(),
-                                         [reply, run = each.run](benchmark::State& state) {
-                                             for (auto _ : state) {
-                                                 run(*reply);
-                                             }
-                                         })
-                ->Unit(benchmark::kMicrosecond);
+    for (const ReplyKind& kind : reply_kinds()) {
+        for (const std::size_t size : kSizes) {
+            const auto reply = std::make_shared<const std::string>(kind.make(size));
+            for (const Case& each : cases(kind)) {
+                benchmark::RegisterBenchmark(key(kind, each.name, size).c_str(),
+                                             [reply, run = each.run](benchmark::State& state) {
+                                                 for (auto _ : state) {
+                                                     run(*reply);
+                                                 }
+                                             })
+                    ->Unit(benchmark::kMicrosecond);
+            }
         }
     }
     LeastTimes times;
     benchmark::RunSpecifiedBenchmarks(&times);
-    print_ratios(times, bytes);
+    std::printf("%-12s %8s %10s %12s %10s %16s %16s %12s\n", "reply", "bytes", "parse us",
+                "translate us", "naive us", "translate/parse", "naive/translate", "cost growth");
+    std::printf("%-12s %8s %10s %12s %10s %16s %16s %12s\n", "", "", "", "", "", "(at most 0.8)",
+                "(at least 5)", "/size growth");
+    for (const ReplyKind& kind : reply_kinds()) {
+        print_ratios(kind, times);
+    }
 }
 
-/// Runs one case a number of times and prints the process's peak memory beside the reply's size:
-/// what instruction counters and memory meters are put around.
-int run_once(std::string_view name, std::size_t size, int times) {
-    const std::string reply = make_australian_reply(size);
-    for (const Case& each : cases()) {
+/// Runs one case a number of times and prints the reply's size and the process's peak memory: what
+/// instruction counters and memory meters are put around.
+int run_once(std::string_view kind_name, std::string_view name, std::size_t size, int times) {
+    const ReplyKind* const kind = find_reply_kind(kind_name);
+    if (kind == nullptr) {
+        std::fprintf(stderr, "bench_translation: no such kind of reply\n");
+        return 2;
+    }
+    const std::string reply = kind->make(size);
+    for (const Case& each : cases(*kind)) {
         if (each.name == name) {
             for (int round = 0; round < times; ++round) {
                 each.run(reply);
@@ -148,17 +157,18 @@ int run_once(std::string_view name, std::size_t size, int times) {
             return 0;
         }
     }
-    std::fprintf(stderr, "bench_translation: no case '%s'\n", std::string(name).c_str());
+    std::fprintf(stderr, "bench_translation: no such case\n");
     return 2;
 }
 
 }  // namespace
 }  // namespace zr::bench
 
-// bench_translation [--benchmark_...], or bench_translation --run CASE BYTES TIMES
+// bench_translation [--benchmark_...], or bench_translation --run KIND CASE BYTES TIMES
 int main(int argc, char** argv) {
-    if (argc == 5 && std::string_view(argv[1]) == "--run") {
-        return zr::bench::run_once(argv[2], std::strtoul(argv[3], nullptr, 10), std::atoi(argv[4]));
+    if (argc == 6 && std::string_view(argv[1]) == "--run") {
+        return zr::bench::run_once(argv[2], argv[3], std::strtoul(argv[4], nullptr, 10),
+                                   std::atoi(argv[5]));
     }
     zr::bench::measure(argc, argv);
     return 0;
