@@ -74,7 +74,7 @@ Answer Bureau::answer(std::string_view path, std::string_view document) const {
     if (const auto* refusal = std::get_if<Refusal>(&read)) {
         return unread(*refusal);
     }
-    const Message& message = std::get<Message>(read);
+    const auto& message = std::get<Message>(read);
     if (message.access_code != user_ || message.access_password != password_) {
         return unread(refusals::kAccessDenied);
     }

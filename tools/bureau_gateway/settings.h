@@ -18,8 +18,8 @@ enum class HttpAuth { kNone, kBasic, kDigest };
 /// Every bound of the server stands here.
 struct Limits {
     std::size_t connections = 64;  ///< served at a time; one more waits until one ends
-    std::size_t header_bytes = 16 * 1024;
-    std::size_t body_bytes = 1024 * 1024;
+    std::size_t header_bytes = std::size_t{16} * 1024;
+    std::size_t body_bytes = std::size_t{1024} * 1024;
     std::chrono::milliseconds handshake{10'000};
     std::chrono::milliseconds idle{120'000};     ///< between two requests of a connection
     std::chrono::milliseconds transfer{60'000};  ///< without progress, while reading or writing

@@ -11,7 +11,7 @@
 namespace zr::gateway {
 namespace {
 
-constexpr std::size_t kMaxLargeKilobytes = 32 * 1024;
+constexpr std::size_t kMaxLargeKilobytes = 32'768;
 
 }  // namespace
 
