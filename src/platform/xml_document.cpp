@@ -17,7 +17,6 @@ using xml_path::Step;
 using Steps = std::span<const Step>;
 
 constexpr std::uint32_t kNone = std::numeric_limits<std::uint32_t>::max();
-constexpr std::string_view kWhiteSpace = " \t\r\n";
 
 const XmlTree::Attribute* find_attribute(const XmlTree& tree, std::uint32_t node, XmlNameId name) {
     const XmlTree::Attribute* const all = tree.attributes.data();
@@ -166,10 +165,42 @@ bool needs_sorting(const std::vector<Alternative>& alternatives) {
     });
 }
 
+/// The first element, and where it is asked for its attribute, that a plain path selects. The same
+/// result as the walker's at a fraction of its cost: this is how most values are read.
+struct PlainSearch {
+    const XmlTree& tree;
+    const xml_path::Plain& path;
+    const XmlTree::Attribute* attribute = nullptr;
+
+    /// The element, kNone where there is none. `depth` names have been matched down to `node`.
+    std::uint32_t find(std::uint32_t node, std::size_t depth = 0) {
+        if (depth == path.children.size()) {
+            if (path.attribute == 0) return node;
+            attribute = find_attribute(tree, node, path.attribute);
+            return attribute != nullptr ? node : kNone;
+        }
+        const XmlNameId name = path.children[depth];
+        const XmlNameId* const names = tree.names.data();
+        const XmlTree::Node* const nodes = tree.nodes.data();
+        const std::uint32_t end = nodes[node].end;
+        for (std::uint32_t child = node + 1; child < end; child = nodes[child].end) {
+            if (names[child] == name) {
+                const std::uint32_t found = find(child, depth + 1);
+                if (found != kNone) return found;
+            }
+        }
+        return kNone;
+    }
+};
+
+bool is_white_space(char character) {
+    return character == ' ' || character == '\n' || character == '\t' || character == '\r';
+}
+
 std::string_view trimmed(std::string_view text) {
-    const std::size_t begin = text.find_first_not_of(kWhiteSpace);
-    if (begin == std::string_view::npos) return {};
-    return text.substr(begin, text.find_last_not_of(kWhiteSpace) - begin + 1);
+    while (!text.empty() && is_white_space(text.front())) text.remove_prefix(1);
+    while (!text.empty() && is_white_space(text.back())) text.remove_suffix(1);
+    return text;
 }
 
 std::string_view text_of(const XmlTree& tree, std::uint32_t index) {
@@ -192,6 +223,10 @@ std::optional<std::string_view> XmlNode::attribute(XmlNameId name) const {
 
 XmlNode XmlNode::first(const XmlPath& path) const {
     if (tree_ == nullptr) return {};
+    if (path.plain_ && path.plain_->attribute == 0) {
+        const std::uint32_t found = PlainSearch{*tree_, *path.plain_}.find(index_);
+        return found == kNone ? XmlNode{} : XmlNode(tree_, found);
+    }
     FirstElement sink;
     evaluate(*tree_, index_, path.alternatives_, sink);
     return sink.best == kNone ? XmlNode{} : XmlNode(tree_, sink.best);
@@ -199,6 +234,13 @@ XmlNode XmlNode::first(const XmlPath& path) const {
 
 std::optional<std::string_view> XmlNode::value(const XmlPath& path) const {
     if (tree_ == nullptr) return std::nullopt;
+    if (path.plain_) {
+        PlainSearch search{*tree_, *path.plain_};
+        const std::uint32_t found = search.find(index_);
+        if (found == kNone) return std::nullopt;
+        return search.attribute != nullptr ? tree_->value(*search.attribute)
+                                           : text_of(*tree_, found);
+    }
     FirstValue sink;
     evaluate(*tree_, index_, path.alternatives_, sink);
     if (sink.best == kNone) return std::nullopt;

@@ -66,6 +66,12 @@ struct Alternative {
     std::vector<Step> steps;  ///< none: the context itself
 };
 
+/// What most paths are: names of children from the context down, perhaps an attribute of the last.
+struct Plain {
+    std::vector<XmlNameId> children;
+    XmlNameId attribute = 0;  ///< 0: none
+};
+
 }  // namespace xml_path
 
 /// A compiled path: child steps (a/b), a leading / or //, or // between steps, an attribute at the
@@ -84,6 +90,7 @@ class XmlPath {
   private:
     friend class XmlNode;
     std::vector<xml_path::Alternative> alternatives_;
+    std::optional<xml_path::Plain> plain_;  ///< the same path, where it is a plain one
 };
 
 /// An element of a document, or none. A handle: cheap to copy, valid while its document lives, also

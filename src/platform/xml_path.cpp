@@ -172,9 +172,26 @@ class Compiler {
     std::size_t position_ = 0;
 };
 
+/// The path as a plain one; none when it is more than that.
+std::optional<xml_path::Plain> as_plain(const Alternatives& alternatives) {
+    if (alternatives.size() != 1 || alternatives.front().absolute) return std::nullopt;
+    xml_path::Plain plain;
+    for (const Step& step : alternatives.front().steps) {
+        if (step.axis == Step::Axis::kAttribute) {
+            plain.attribute = step.name;
+        } else if (step.axis == Step::Axis::kChild && step.position == 0 &&
+                   step.predicates.empty()) {
+            plain.children.push_back(step.name);
+        } else {
+            return std::nullopt;
+        }
+    }
+    return plain;
+}
+
 }  // namespace
 
 XmlPath::XmlPath(std::string_view expression, XmlNames& names)
-    : alternatives_(Compiler(expression, names).compile()) {}
+    : alternatives_(Compiler(expression, names).compile()), plain_(as_plain(alternatives_)) {}
 
 }  // namespace zr
