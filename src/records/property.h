@@ -64,7 +64,8 @@ inline Value to_value(std::string&& text) { return std::move(text); }
 inline Value to_value(bool flag) { return flag; }
 inline Value to_value(std::int16_t count) { return std::int32_t{count}; }
 inline Value to_value(Currency amount) { return amount; }
-inline Value to_value(const DateTime& date) { return date; }
+/// Null for a date that was never set.
+inline Value to_value(const DateTime& date) { return date.date.ok() ? Value(date) : Value(Null{}); }
 inline Value to_value(const DateOrNull& value) {
     if (const std::string* text = std::get_if<std::string>(&value)) {
         return std::string_view(*text);
