@@ -34,9 +34,10 @@ constexpr Command kCommands[] = {
     {"verify", "Test the connection of a service",
      "zrcreditbureau verify --country AU --settings bureau.json --service VedaXMLAU",
      Operation::kVerify, Fields::kService, Format::kText, false},
-    {"translate", "Report a stored reply",
-     "zrcreditbureau translate reply.xml --country AU --service VedaXMLAU\n"
-     "      --product consumer-enquiry --date 2012-06-15",
+    {"translate", "Report a stored reply, or many",
+     "zrcreditbureau translate reply.xml --service VedaXMLAU --product consumer-enquiry\n"
+     "      --date 2012-06-15\n"
+     "  zrcreditbureau translate replies/ --service VedaXMLAU --jobs 4 --output results.ndjson",
      Operation::kTranslate, Fields::kServiceAndProduct, Format::kText, true},
 };
 
@@ -89,8 +90,19 @@ std::string outcome_document(const Invocation& invocation, const Outcome& outcom
 }
 
 void require_country(const Invocation& invocation) {
+    const std::string_view service = request_text(invocation.job, "ServiceName");
+    if (invocation.job.country.empty() && !service.empty()) {
+        throw MisuseError("Service '" + std::string(text::first(service, 64)) +
+                          "' does not exist.");
+    }
     if (invocation.job.country.empty()) {
         throw MisuseError("Name the country with --country, for example --country AU.");
+    }
+}
+
+void require_service(const Invocation& invocation) {
+    if (request_text(invocation.job, "ServiceName").empty()) {
+        throw MisuseError("Name the service with --service, for example --service VedaXMLAU.");
     }
 }
 
@@ -154,6 +166,13 @@ std::span<const Command> commands() { return kCommands; }
 int run_command(const Invocation& invocation) {
     if (!invocation.command->operation) {
         return run_catalogue(invocation);
+    }
+    if (invocation.many) {
+        if (!invocation.ndjson) {
+            require_country(invocation);
+            require_service(invocation);
+        }
+        return run_batch(invocation.batch, invocation.job, invocation.output_path);
     }
     if (!invocation.ndjson) {
         return run_one(invocation);

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "zrcreditbureau/batch.h"
 #include "zrcreditbureau/job.h"
 #include "zrcreditbureau/operation.h"
 
@@ -32,6 +33,8 @@ struct Invocation {
     const Command* command = nullptr;
     Job job;
     bool ndjson = false;
+    bool many = false;  ///< as `batch` says
+    Batch batch;
     Format format = Format::kText;
     std::string output_path;
     std::string html_path;  ///< where the HTML goes beside the report; none when empty

@@ -13,14 +13,14 @@ class NoTransport final : public HttpTransport {
     HttpReply exchange(const HttpRequest& /*request*/) override { return {}; }
 };
 
-/// Calls `visit` with the registry of each country.
+/// Calls `visit` with each country and its registry.
 template <class Visit>
 void for_each_country(Visit visit) {
     for (const std::string_view country : kCountries) {
         ZRCreditBureau bureau(
             [] { return std::make_unique<Runtime>(std::make_unique<NoTransport>()); });
         (void)bureau.Initialise(country);
-        visit(bureau.Services());
+        visit(country, bureau.Services());
     }
 }
 
@@ -28,7 +28,7 @@ void for_each_country(Visit visit) {
 
 std::vector<KnownSetting> known_settings() {
     std::vector<KnownSetting> known;
-    for_each_country([&](const Services& services) {
+    for_each_country([&](std::string_view /*country*/, const Services& services) {
         for (std::int32_t position = 1; position <= services.Count(); ++position) {
             for (const Property<Service>& setting : services.Item(position).settings()) {
                 const bool listed = std::any_of(
@@ -43,9 +43,23 @@ std::vector<KnownSetting> known_settings() {
     return known;
 }
 
-bool is_known_service(std::string_view name) {
-    bool found = false;
-    for_each_country([&](const Services& services) { found = found || services.Exists(name); });
+std::string_view country_of_service(std::string_view name) {
+    std::string_view found;
+    for_each_country([&](std::string_view country, const Services& services) {
+        if (services.Exists(name)) {
+            found = country;
+        }
+    });
+    return found;
+}
+
+std::string first_product(std::string_view service) {
+    std::string found;
+    for_each_country([&](std::string_view /*country*/, const Services& services) {
+        if (services.Exists(service) && services.Item(service).Products().Count() > 0) {
+            found = services.Item(service).Products().Item(1).ProductId();
+        }
+    });
     return found;
 }
 

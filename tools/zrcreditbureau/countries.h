@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -22,7 +23,10 @@ struct KnownSetting {
 /// Every writable setting of any country's services, each name once.
 std::vector<KnownSetting> known_settings();
 
-/// True when a country has a service with this name.
-bool is_known_service(std::string_view name);
+/// The country whose service this is; "" when no country has it.
+std::string_view country_of_service(std::string_view name);
+
+/// The first product that a service offers; "" for a service that no country has.
+std::string first_product(std::string_view service);
 
 }  // namespace zr::cli

@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <utility>
@@ -29,18 +30,6 @@ ssize_t read_some(int descriptor, char* target, std::size_t size) {
 [[noreturn]] void unreadable(const std::string& what, int error) {
     throw MisuseError("Cannot read " + what + ": " + std::strerror(error) + ".");
 }
-
-/// A descriptor that is closed again.
-class Descriptor {
-  public:
-    explicit Descriptor(int descriptor) : descriptor_(descriptor) {}
-    ~Descriptor() { ::close(descriptor_); }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-
-  private:
-    int descriptor_;
-};
 
 std::string read_all(int descriptor, const std::string& what) {
     std::string content;
@@ -111,12 +100,18 @@ std::string read_text_file(const std::string& path) {
     if (path == "-") {
         return decoded(read_all(STDIN_FILENO, "standard input"), "Standard input");
     }
+    const Descriptor file(open_file(path));
+    return decoded(read_all(file.get(), path), path);
+}
+
+Descriptor::~Descriptor() { ::close(descriptor_); }
+
+int open_file(const std::string& path) {
     const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
     if (descriptor < 0) {
         unreadable(path, errno);
     }
-    const Descriptor closing(descriptor);
-    return decoded(read_all(descriptor, path), path);
+    return descriptor;
 }
 
 bool LineReader::fill() {
@@ -129,13 +124,22 @@ bool LineReader::fill() {
     if (buffer_.size() - end_ < kChunk) {
         buffer_.resize(buffer_.size() * 2 + kChunk);
     }
-    before_waiting_();
-    const ssize_t count = read_some(descriptor_, buffer_.data() + end_, buffer_.size() - end_);
+    const std::size_t room = std::min<std::uint64_t>(left_, buffer_.size() - end_);
+    if (room == 0 || !before_waiting_()) {
+        return false;
+    }
+    const ssize_t count = read_some(descriptor_, buffer_.data() + end_, room);
     if (count < 0) {
-        unreadable("standard input", errno);
+        unreadable("the input", errno);
     }
     end_ += static_cast<std::size_t>(count);
+    left_ -= static_cast<std::uint64_t>(count);
     return count != 0;
+}
+
+bool LineReader::ready() {
+    return scanned_ < end_ &&
+           std::memchr(buffer_.data() + scanned_, '\n', end_ - scanned_) != nullptr;
 }
 
 bool LineReader::next(std::string_view& line) {
@@ -199,11 +203,17 @@ Output::Output(std::string path) : path_(std::move(path)) {
     }
 }
 
+Output::Output(std::string path, std::string temporary_path, int descriptor)
+    : path_(std::move(path)),
+      temporary_path_(std::move(temporary_path)),
+      descriptor_(descriptor),
+      stays_(true) {}
+
 Output::~Output() {
     if (!path_.empty()) {
         ::close(descriptor_);
     }
-    if (!temporary_path_.empty()) {
+    if (!temporary_path_.empty() && !stays_) {
         ::unlink(temporary_path_.c_str());
     }
 }

@@ -3,7 +3,9 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
+#include <limits>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,16 +20,38 @@ inline constexpr std::size_t kLargestInput = std::size_t{256} << 20;
 /// decoded. Throws MisuseError.
 std::string read_text_file(const std::string& path);
 
+/// A descriptor that is closed again.
+class Descriptor {
+  public:
+    explicit Descriptor(int descriptor) : descriptor_(descriptor) {}
+    ~Descriptor();
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+
+    int get() const { return descriptor_; }
+
+  private:
+    int descriptor_;
+};
+
+/// Opens a file to read it. Throws MisuseError.
+int open_file(const std::string& path);
+
 /// Reads the lines of an input.
 class LineReader {
   public:
-    /// `before_waiting` is called before each read, which may wait for whoever writes the input.
-    LineReader(int descriptor, std::function<void()> before_waiting)
-        : descriptor_(descriptor), before_waiting_(std::move(before_waiting)) {}
+    /// `before_waiting` is called before each read, which may wait for whoever writes the input;
+    /// the input ends where it answers false, and after `limit` bytes.
+    LineReader(int descriptor, std::function<bool()> before_waiting,
+               std::uint64_t limit = std::numeric_limits<std::uint64_t>::max())
+        : descriptor_(descriptor), before_waiting_(std::move(before_waiting)), left_(limit) {}
 
     /// The next line without its line feed, valid until the next call; false at the end. Throws
     /// MisuseError when the input cannot be read.
     bool next(std::string_view& line);
+
+    /// True when the next line can be had without reading on.
+    bool ready();
 
     /// True when the line just read was longer than kLargestInput; it is then empty.
     bool too_long() const { return too_long_; }
@@ -37,7 +61,8 @@ class LineReader {
     bool fill();
 
     int descriptor_;
-    std::function<void()> before_waiting_;
+    std::function<bool()> before_waiting_;
+    std::uint64_t left_;  ///< bytes of the input that may still be read
     std::vector<char> buffer_;
     std::size_t begin_ = 0;  ///< of the line
     std::size_t scanned_ = 0;
@@ -52,7 +77,9 @@ class Output {
   public:
     /// Standard output for an empty path. Throws OutputError.
     explicit Output(std::string path);
-    /// Removes an incomplete file.
+    /// A file that is open already under the other name, and stays under it while incomplete.
+    Output(std::string path, std::string temporary_path, int descriptor);
+    /// Removes an incomplete file, unless it is to stay.
     ~Output();
     Output(const Output&) = delete;
     Output& operator=(const Output&) = delete;
@@ -68,6 +95,7 @@ class Output {
     std::string path_;
     std::string temporary_path_;  ///< empty when written in place
     int descriptor_ = 1;          // standard output
+    bool stays_ = false;
     std::string pending_;
 };
 

@@ -77,6 +77,15 @@ void read_job(JsonValue&& document, Job& job) {
     }
 }
 
+std::string_view request_text(const Job& job, std::string_view property) {
+    for (auto request = job.requests.rbegin(); request != job.requests.rend(); ++request) {
+        if (const JsonValue* const value = request->find(property)) {
+            return value->text();
+        }
+    }
+    return {};
+}
+
 bool is_job_document(const JsonValue& document) {
     // Country alone does not tell: a request has one too.
     constexpr std::array<std::string_view, 4> kTelling = {"Request", "Services", "Operation",

@@ -3,6 +3,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "automation/json.h"
@@ -40,6 +41,9 @@ struct Job {
 
 /// Reads the members of a job document into `job`. Throws automation::JsonError.
 void read_job(automation::JsonValue&& document, Job& job);
+
+/// The text of a request property as the job's requests together set it; "" when none does.
+std::string_view request_text(const Job& job, std::string_view property);
 
 /// True for a document in the form of a job, false for the properties of a request alone.
 bool is_job_document(const automation::JsonValue& document);

@@ -19,7 +19,8 @@ Outcome perform_line(Performer& performer, Job job, std::string_view line) {
     return performer.perform(job);
 }
 
-/// Never throws for what a line holds: whatever is wrong with one is its result.
+}  // namespace
+
 Outcome answer(Performer& performer, const Job& base, std::string_view line, bool too_long) {
     Outcome outcome;
     try {
@@ -35,14 +36,14 @@ Outcome answer(Performer& performer, const Job& base, std::string_view line, boo
     return outcome;
 }
 
-}  // namespace
-
 void run_ndjson(Performer& performer, const Job& base, Output& output) {
-    LineReader lines(STDIN_FILENO, [&] { output.flush(); });
+    LineReader lines(STDIN_FILENO, [&] {
+        output.flush();
+        return true;
+    });
     automation::JsonWriter json;
     std::string_view line;
     for (bool first = true; lines.next(line); first = false) {
-        constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
         if (first && line.starts_with(kByteOrderMark)) {
             line.remove_prefix(kByteOrderMark.size());
         }

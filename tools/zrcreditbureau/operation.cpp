@@ -165,8 +165,13 @@ Outcome Performer::perform(const Job& job) {
     return outcome;
 }
 
-void write_result(automation::JsonWriter& json, Operation operation, const Outcome& outcome) {
+void write_result(automation::JsonWriter& json, Operation operation, const Outcome& outcome,
+                  std::string_view file) {
     json.begin_object();
+    if (!file.empty()) {
+        json.name("File");
+        json.text(file);
+    }
     json.name("Result");
     json.boolean(outcome.result);
     json.name("ErrorMessage");

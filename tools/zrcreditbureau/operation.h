@@ -54,7 +54,9 @@ class Performer {
     BureauPool bureaus_;
 };
 
-/// Writes the outcome as the JSON result of a job.
-void write_result(automation::JsonWriter& json, Operation operation, const Outcome& outcome);
+/// Writes the outcome as the JSON result of a job, headed by the name of the reply's file when
+/// there is one.
+void write_result(automation::JsonWriter& json, Operation operation, const Outcome& outcome,
+                  std::string_view file = {});
 
 }  // namespace zr::cli

@@ -123,7 +123,7 @@ void read_settings_file(const std::string& path, Job& job) {
     }
     // One file may serve every country; a name that no country knows is a mistake.
     for (const auto& [name, settings] : document.members()) {
-        if (!is_known_service(name)) {
+        if (country_of_service(name).empty()) {
             throw MisuseError(path + ": Service '" + std::string(text::first(name, 64)) +
                               "' does not exist.");
         }

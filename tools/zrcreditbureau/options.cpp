@@ -8,11 +8,10 @@
 #include <utility>
 
 #include "facade/zr_credit_bureau.h"
-#include "platform/convert.h"
 #include "records/request.h"
 #include "zrcreditbureau/countries.h"
 #include "zrcreditbureau/failure.h"
-#include "zrcreditbureau/files.h"
+#include "zrcreditbureau/given.h"
 #include "zrcreditbureau/names.h"
 #include "zrcreditbureau/option_values.h"
 
@@ -21,27 +20,10 @@ namespace {
 
 using automation::JsonValue;
 
-/// What the options of a command say, before the files that they name are read.
-struct Given {
-    std::string country;
-    bool production = false;
-    std::string date_format;
-    std::string currency_format;
-    std::string currency_format_symbol;
-    std::string settings_file;
-    std::string request_file;
-    std::string reply_file;
-    std::string response_date;
-    std::string operation;
-    std::vector<std::string> product_options;
-    std::string format;
-    JsonValue request = JsonValue::object();
-    JsonValue settings = JsonValue::object();
-};
-
 constexpr const char* kGeneralGroup = "Credit bureau";
 constexpr const char* kRequestGroup = "Request fields";
 constexpr const char* kSettingsGroup = "Service settings";
+constexpr const char* kBatchGroup = "Many replies";
 constexpr const char* kOutputGroup = "Output";
 
 /// Request properties whose option is not just their name: --country is the bureau's.
@@ -195,9 +177,35 @@ void add_output_options(CLI::App& app, const Command& command, Given& given,
     }
 }
 
+void add_batch_options(CLI::App& app, Given& given, Batch& batch) {
+    app.add_option("--jobs", given.jobs, "Translate on so many workers; 1 to begin with")
+        ->type_name("N");
+    app.add_option("--input", batch.input,
+                   "File of jobs, one JSON job a line; - for standard input")
+        ->type_name("FILE");
+    app.add_option(
+           "--shard", given.shard,
+           "Only the i-th of n parts of the input; the parts' results one behind the other\n"
+           "are the results of the whole")
+        ->type_name("i/n");
+    app.add_flag("--resume", batch.resume,
+                 "Go on where an interrupted run with the same --output stopped");
+    app.add_flag("--quiet", batch.quiet, "Neither a progress bar nor a summary");
+    for (const char* const option : {"--jobs", "--input", "--shard", "--resume", "--quiet"}) {
+        app.get_option(option)->group(kBatchGroup);
+    }
+    app.footer(
+        "Many replies (several files, a folder, or any of --jobs, --input, --shard, --resume) "
+        "give\n"
+        "one JSON result a line in the order of the input, headed by \"File\" where replies are\n"
+        "files. A reply that fails is told on standard error and the run goes on. Exit status: 0\n"
+        "when all were translated, 1 when any failed, 130 or 143 when interrupted.");
+}
+
 void add_own_options(CLI::App& app, const Command& command, Given& given) {
     if (command.operation == Operation::kTranslate) {
-        app.add_option("FILE", given.reply_file, "The stored reply; - for standard input")
+        app.add_option("FILE", given.reply_files,
+                       "The stored reply, - for standard input; or many, and folders of *.xml")
             ->type_name("");
         app.add_option("--date,--response-date", given.response_date,
                        "Day from which the statistics count back; today when not given")
@@ -216,91 +224,6 @@ void add_own_options(CLI::App& app, const Command& command, Given& given) {
                        "JSON file of request properties by name, or a job document; options win")
             ->type_name("FILE")
             ->group(kGeneralGroup);
-    }
-}
-
-void set_if_given(std::optional<std::string>& target, const std::string& text) {
-    if (!text.empty()) {
-        target = text;
-    }
-}
-
-JsonValue product_options_value(const std::vector<std::string>& texts) {
-    JsonValue options = JsonValue::object();
-    for (const std::string& text : texts) {
-        const std::size_t equals = text.find('=');
-        JsonValue option = JsonValue::object();
-        if (equals == std::string::npos) {
-            add_member(option, "Checked", JsonValue::boolean(true));
-        } else {
-            add_member(option, "Value",
-                       option_value(ValueType::kText, text.substr(equals + 1), "--option"));
-        }
-        add_member(options, text.substr(0, equals), std::move(option));
-    }
-    return options;
-}
-
-Format format_of(const std::string& text, const Command& command) {
-    if (text.empty()) {
-        return command.format;
-    }
-    if (text == "text") {
-        return Format::kText;
-    }
-    if (text == "json") {
-        return Format::kJson;
-    }
-    if (text == "html" && command.html) {
-        return Format::kHtml;
-    }
-    throw MisuseError(std::string("--format must be ") +
-                      (command.html ? "text, json or html." : "text or json."));
-}
-
-/// Puts together what the files and the options say; later ones win.
-void complete(Invocation& invocation, Given& given) {
-    Job& job = invocation.job;
-    if (!given.settings_file.empty()) {
-        read_settings_file(given.settings_file, job);
-    }
-    if (!given.request_file.empty()) {
-        read_request_file(given.request_file, job);
-    }
-    job.services.push_back({SettingsLayer::Scope::kEvery, std::move(given.settings)});
-    if (!given.product_options.empty()) {
-        add_member(given.request, "Options", product_options_value(given.product_options));
-    }
-    job.requests.push_back(std::move(given.request));
-    if (!given.country.empty()) {
-        job.country = given.country;
-    }
-    if (given.production) {
-        job.test_mode = false;
-    }
-    if (!given.operation.empty()) {
-        job.operation = given.operation;
-    }
-    set_if_given(job.date_format, given.date_format);
-    set_if_given(job.currency_format, given.currency_format);
-    set_if_given(job.currency_format_symbol, given.currency_format_symbol);
-    if (!given.response_date.empty()) {
-        const JsonValue date = option_value(ValueType::kDate, given.response_date, "--date");
-        job.response_date = convert::to_date_time(date.text());
-        if (!job.response_date) {
-            job.response_date = convert::to_host_date(date.text());
-        }
-    }
-    invocation.format = format_of(given.format, *invocation.command);
-    if (invocation.ndjson &&
-        (!given.format.empty() || !invocation.html_path.empty() || !given.reply_file.empty())) {
-        throw MisuseError("--ndjson reads and writes JSON: no FILE, --format or --html with it.");
-    }
-    if (invocation.command->operation == Operation::kTranslate && !invocation.ndjson) {
-        if (given.reply_file.empty()) {
-            throw MisuseError("Name the file of the reply, or - for standard input.");
-        }
-        job.response_xml = read_text_file(given.reply_file);
     }
 }
 
@@ -356,6 +279,9 @@ std::optional<Invocation> read_command_line(int argc, const char* const* argv, i
         if (command.operation) {
             add_request_options(*part, command, given);
             add_settings_options(*part, settings, given);
+        }
+        if (command.operation == Operation::kTranslate) {
+            add_batch_options(*part, given, invocation.batch);
         }
         add_output_options(*part, command, given, invocation);
         examples.append("  ").append(command.example).append("\n");

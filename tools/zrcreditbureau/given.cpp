@@ -1,0 +1,168 @@
+#include "zrcreditbureau/given.h"
+
+#include <algorithm>
+#include <charconv>
+#include <utility>
+
+#include "platform/convert.h"
+#include "zrcreditbureau/countries.h"
+#include "zrcreditbureau/failure.h"
+#include "zrcreditbureau/files.h"
+#include "zrcreditbureau/option_values.h"
+#include "zrcreditbureau/part_file.h"
+#include "zrcreditbureau/reply_files.h"
+
+namespace zr::cli {
+namespace {
+
+using automation::JsonValue;
+
+void set_if_given(std::optional<std::string>& target, const std::string& text) {
+    if (!text.empty()) {
+        target = text;
+    }
+}
+
+JsonValue product_options_value(const std::vector<std::string>& texts) {
+    JsonValue options = JsonValue::object();
+    for (const std::string& text : texts) {
+        const std::size_t equals = text.find('=');
+        JsonValue option = JsonValue::object();
+        if (equals == std::string::npos) {
+            add_member(option, "Checked", JsonValue::boolean(true));
+        } else {
+            add_member(option, "Value",
+                       option_value(ValueType::kText, text.substr(equals + 1), "--option"));
+        }
+        add_member(options, text.substr(0, equals), std::move(option));
+    }
+    return options;
+}
+
+Format format_of(const std::string& text, const Command& command) {
+    if (text.empty()) {
+        return command.format;
+    }
+    if (text == "text") {
+        return Format::kText;
+    }
+    if (text == "json") {
+        return Format::kJson;
+    }
+    if (text == "html" && command.html) {
+        return Format::kHtml;
+    }
+    throw MisuseError(std::string("--format must be ") +
+                      (command.html ? "text, json or html." : "text or json."));
+}
+
+std::uint32_t number_of_workers(const std::string& text) {
+    constexpr std::uint32_t kMostWorkers = 256;
+    std::uint32_t number = 0;
+    const char* const end = text.data() + text.size();
+    const auto parsed = std::from_chars(text.data(), end, number);
+    if (parsed.ec != std::errc() || parsed.ptr != end || number < 1 || number > kMostWorkers) {
+        throw MisuseError("--jobs must be a whole number from 1 to 256.");
+    }
+    return number;
+}
+
+/// What the options say about many replies at once.
+void complete_batch(Invocation& invocation, Given& given) {
+    Batch& batch = invocation.batch;
+    invocation.many = given.jobs || given.shard || batch.resume || !batch.input.empty() ||
+                      given.reply_files.size() > 1 ||
+                      std::any_of(given.reply_files.begin(), given.reply_files.end(), is_folder);
+    if (!invocation.many) {
+        return;
+    }
+    batch.workers = given.jobs ? number_of_workers(*given.jobs) : 1;
+    batch.shard = given.shard ? parse_shard(*given.shard) : Shard();
+    if (batch.resume && !PartFile::is_possible(invocation.output_path)) {
+        throw MisuseError("--resume goes on with a file: name it with --output.");
+    }
+    if (!batch.input.empty()) {
+        invocation.ndjson = true;
+    } else if (given.reply_files.empty() && !invocation.ndjson) {
+        throw MisuseError("Name files or folders of replies, or --input FILE of jobs.");
+    }
+    if (!invocation.html_path.empty() || (!given.format.empty() && given.format != "json")) {
+        throw MisuseError(
+            "Many replies give one JSON result a line: no --html, no other --format.");
+    }
+    if (std::find(given.reply_files.begin(), given.reply_files.end(), "-") !=
+        given.reply_files.end()) {
+        throw MisuseError("Standard input (-) is one reply, which stands alone.");
+    }
+}
+
+/// What the command line leaves out and the named service tells: its country, and the product under
+/// which a stored reply is translated.
+void complete_from_service(Job& job, bool translates) {
+    const std::string service(request_text(job, "ServiceName"));
+    if (job.country.empty()) {
+        job.country = country_of_service(service);
+    }
+    if (translates && request_text(job, "ProductId").empty()) {
+        JsonValue product = JsonValue::object();
+        add_member(product, "ProductId", JsonValue::text(first_product(service)));
+        job.requests.push_back(std::move(product));
+    }
+}
+
+}  // namespace
+
+void complete(Invocation& invocation, Given& given) {
+    Job& job = invocation.job;
+    if (!given.settings_file.empty()) {
+        read_settings_file(given.settings_file, job);
+    }
+    if (!given.request_file.empty()) {
+        read_request_file(given.request_file, job);
+    }
+    job.services.push_back({SettingsLayer::Scope::kEvery, std::move(given.settings)});
+    if (!given.product_options.empty()) {
+        add_member(given.request, "Options", product_options_value(given.product_options));
+    }
+    job.requests.push_back(std::move(given.request));
+    if (!given.country.empty()) {
+        job.country = given.country;
+    }
+    if (given.production) {
+        job.test_mode = false;
+    }
+    if (!given.operation.empty()) {
+        job.operation = given.operation;
+    }
+    set_if_given(job.date_format, given.date_format);
+    set_if_given(job.currency_format, given.currency_format);
+    set_if_given(job.currency_format_symbol, given.currency_format_symbol);
+    if (!given.response_date.empty()) {
+        const JsonValue date = option_value(ValueType::kDate, given.response_date, "--date");
+        job.response_date = convert::to_date_time(date.text());
+        if (!job.response_date) {
+            job.response_date = convert::to_host_date(date.text());
+        }
+    }
+    invocation.format = format_of(given.format, *invocation.command);
+    complete_batch(invocation, given);
+    if (invocation.ndjson) {
+        if (!given.format.empty() || !invocation.html_path.empty() || !given.reply_files.empty()) {
+            throw MisuseError(
+                "--ndjson reads and writes JSON: no FILE, --format or --html with it.");
+        }
+        return;
+    }
+    const bool translates = invocation.command->operation == Operation::kTranslate;
+    complete_from_service(job, translates);
+    if (invocation.many) {
+        invocation.batch.names = std::move(given.reply_files);
+    } else if (translates) {
+        if (given.reply_files.empty()) {
+            throw MisuseError("Name the file of the reply, or - for standard input.");
+        }
+        job.response_xml = read_text_file(given.reply_files.front());
+    }
+}
+
+}  // namespace zr::cli

@@ -1,0 +1,35 @@
+// What the options of a command say, before the files that they name are read.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "automation/json.h"
+#include "zrcreditbureau/commands.h"
+
+namespace zr::cli {
+
+struct Given {
+    std::string country;
+    bool production = false;
+    std::string date_format;
+    std::string currency_format;
+    std::string currency_format_symbol;
+    std::string settings_file;
+    std::string request_file;
+    std::vector<std::string> reply_files;
+    std::string response_date;
+    std::string operation;
+    std::vector<std::string> product_options;
+    std::string format;
+    std::optional<std::string> jobs;
+    std::optional<std::string> shard;
+    automation::JsonValue request = automation::JsonValue::object();
+    automation::JsonValue settings = automation::JsonValue::object();
+};
+
+/// Puts together what the files and the options say; later ones win. Throws MisuseError.
+void complete(Invocation& invocation, Given& given);
+
+}  // namespace zr::cli
