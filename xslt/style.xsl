@@ -64,7 +64,8 @@ dd { overflow-wrap: anywhere; white-space: pre-line; }
 .record .facts + table { margin-top: .9rem; table-layout: fixed; }
 .record th:nth-child(1) { width: 14%; } .record th:nth-child(2) { width: 16%; }
 .record th:nth-child(5) { width: 15%; }
-table + .facts { margin-top: 1rem; }
+table + .facts, table + .say { margin-top: 1rem; }
+.panel > .facts + table { margin-top: 1rem; }
 main > p { margin-bottom: 1.25rem; }
 .none { color: var(--soft); }
 
@@ -80,6 +81,9 @@ tbody tr:last-child > * { border-bottom: 0; }
 th.amount, td.amount { text-align: right; white-space: nowrap; font-variant-numeric: tabular-nums; }
 td.address { white-space: pre-line; }
 td.prose { overflow-wrap: anywhere; }
+tr.noted > * { border-bottom: 0; }
+tr.note td { padding: 0 0 .5rem 1rem; white-space: pre-line; font-size: .9rem; }
+.label { display: block; color: var(--soft); font-weight: 600; }
 tr.quiet > * { color: var(--soft); font-weight: 400; }
 .messages { padding-left: 1.2rem; }
 .messages li { margin-bottom: .3rem; overflow-wrap: anywhere; }

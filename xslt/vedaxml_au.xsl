@@ -4,14 +4,18 @@
 <xsl:stylesheet version="1.0" xmlns:xsl="http://www.w3.org/1999/XSL/Transform">
 
   <xsl:include href="common.xsl"/>
+  <xsl:include href="sections.xsl"/>
+  <xsl:include href="replies.xsl"/>
   <xsl:include href="vedaxml_au_codes.xsl"/>
   <xsl:include href="vedaxml_au_overview.xsl"/>
   <xsl:include href="vedaxml_au_match.xsl"/>
   <xsl:include href="vedaxml_au_credit_file.xsl"/>
   <xsl:include href="vedaxml_au_public_file.xsl"/>
   <xsl:include href="vedaxml_au_score.xsl"/>
-  <xsl:include href="vedaxml_au_other_replies.xsl"/>
+  <xsl:include href="vedaxml_au_companies.xsl"/>
 
+  <xsl:variable name="lang">en-AU</xsl:variable>
+  <xsl:variable name="country">Australia</xsl:variable>
   <xsl:variable name="service" select="/BCAmessage/BCAservices/BCAservice"/>
   <xsl:variable name="response" select="$service/BCAservice-data/response"/>
   <xsl:variable name="report" select="$response/enquiry-report[1]"/>
@@ -26,7 +30,17 @@
       </xsl:when>
       <xsl:when test="$report"><xsl:apply-templates select="$report[1]"/></xsl:when>
       <xsl:when test="$response/org-id-result or $service/BCAservice-code = 'BCA020'">
-        <xsl:call-template name="companies-page"/>
+        <xsl:call-template name="companies-page">
+          <xsl:with-param name="found" select="$response/org-id-result"/>
+          <xsl:with-param name="table">
+            <xsl:call-template name="table-section">
+              <xsl:with-param name="level" select="2"/>
+              <xsl:with-param name="title">Companies</xsl:with-param>
+              <xsl:with-param name="records" select="$response/org-id-result"/>
+              <xsl:with-param name="columns">Company|Type|Number|Status|State|Bureau file|</xsl:with-param>
+            </xsl:call-template>
+          </xsl:with-param>
+        </xsl:call-template>
       </xsl:when>
       <xsl:otherwise><xsl:call-template name="nothing-page"/></xsl:otherwise>
     </xsl:choose>
@@ -62,29 +76,6 @@
         <xsl:call-template name="summary-data"/>
         <xsl:call-template name="score"/>
         <xsl:apply-templates select="$other" mode="other"/>
-      </xsl:with-param>
-    </xsl:call-template>
-  </xsl:template>
-
-  <!-- The page of this service. -->
-  <xsl:template name="report-page">
-    <xsl:param name="eyebrow"/>
-    <xsl:param name="title"/>
-    <xsl:param name="lede"/>
-    <xsl:param name="contents"/>
-    <xsl:param name="body"/>
-    <xsl:call-template name="page">
-      <xsl:with-param name="lang">en-AU</xsl:with-param>
-      <xsl:with-param name="eyebrow" select="concat($eyebrow, ', Australia')"/>
-      <xsl:with-param name="title" select="$title"/>
-      <xsl:with-param name="lede" select="$lede"/>
-      <xsl:with-param name="contents" select="$contents"/>
-      <xsl:with-param name="body" select="$body"/>
-      <xsl:with-param name="foot">
-        <xsl:if test="normalize-space(/BCAmessage/@service-request-id)">
-          <xsl:value-of select="concat('Bureau request ', /BCAmessage/@service-request-id, '. ')"/>
-        </xsl:if>
-        <xsl:text>Confidential: contains personal credit information.</xsl:text>
       </xsl:with-param>
     </xsl:call-template>
   </xsl:template>

@@ -41,33 +41,6 @@
     </xsl:apply-templates>
   </xsl:template>
 
-  <!-- A part of a file: a panel of its own, or a part of the possible match's panel. -->
-  <xsl:template name="part">
-    <xsl:param name="id"/>
-    <xsl:param name="level"/>
-    <xsl:param name="title"/>
-    <xsl:param name="body"/>
-    <section>
-      <xsl:attribute name="class"><xsl:choose>
-        <xsl:when test="$level = 2">panel</xsl:when>
-        <xsl:otherwise>part</xsl:otherwise>
-      </xsl:choose></xsl:attribute>
-      <xsl:if test="$level = 2"><xsl:attribute name="id"><xsl:value-of select="$id"/></xsl:attribute></xsl:if>
-      <xsl:call-template name="heading">
-        <xsl:with-param name="level" select="$level"/>
-        <xsl:with-param name="text" select="$title"/>
-      </xsl:call-template>
-      <xsl:copy-of select="$body"/>
-    </section>
-  </xsl:template>
-
-  <!-- First, other and family name with single blanks; of a person or of a cross reference. -->
-  <xsl:template match="*" mode="name">
-    <xsl:value-of select="normalize-space(concat(individual-name/first-given-name, ' ',
-                                                 individual-name/other-given-name, ' ',
-                                                 individual-name/family-name))"/>
-  </xsl:template>
-
   <xsl:template match="primary-match" mode="lede">
     <xsl:variable name="born" select="normalize-space(individual/date-of-birth)"/>
     <xsl:variable name="file" select="normalize-space(bureau-reference)"/>
@@ -186,70 +159,6 @@
       <xsl:with-param name="value" select="@create-date"/>
       <xsl:with-param name="as">date</xsl:with-param>
     </xsl:call-template>
-  </xsl:template>
-
-  <!-- A section whose records are rows of one table. Nothing when there are none. -->
-  <xsl:template name="table-section">
-    <xsl:param name="level"/>
-    <xsl:param name="title"/>
-    <xsl:param name="records"/>
-    <xsl:param name="columns"/>
-    <xsl:if test="$records">
-      <xsl:call-template name="heading">
-        <xsl:with-param name="level" select="$level"/>
-        <xsl:with-param name="text" select="$title"/>
-      </xsl:call-template>
-      <table class="wide" role="table">
-        <caption class="unseen"><xsl:value-of select="concat($title, ' (', count($records), ')')"/></caption>
-        <xsl:call-template name="table-head"><xsl:with-param name="columns" select="$columns"/></xsl:call-template>
-        <tbody role="rowgroup">
-          <xsl:for-each select="$records">
-            <tr role="row"><xsl:apply-templates select="." mode="row"/></tr>
-          </xsl:for-each>
-        </tbody>
-      </table>
-    </xsl:if>
-  </xsl:template>
-
-  <!-- A section whose records have a box each, numbered. Nothing when there are none. -->
-  <xsl:template name="record-section">
-    <xsl:param name="level"/>
-    <xsl:param name="title"/>
-    <xsl:param name="noun"/>
-    <xsl:param name="records"/>
-    <xsl:if test="$records">
-      <xsl:call-template name="heading">
-        <xsl:with-param name="level" select="$level"/>
-        <xsl:with-param name="text" select="$title"/>
-      </xsl:call-template>
-      <xsl:for-each select="$records">
-        <xsl:variable name="name" select="concat($noun, ' ', position())"/>
-        <xsl:variable name="tag"><xsl:apply-templates select="." mode="tag"/></xsl:variable>
-        <xsl:variable name="facts">
-          <xsl:apply-templates select="." mode="facts"><xsl:with-param name="name" select="$name"/></xsl:apply-templates>
-        </xsl:variable>
-        <article>
-          <xsl:attribute name="class">
-            <xsl:text>record</xsl:text>
-            <xsl:if test="string($tag)"> bad</xsl:if>
-          </xsl:attribute>
-          <xsl:call-template name="heading">
-            <xsl:with-param name="level" select="$level + 1"/>
-            <xsl:with-param name="text"><xsl:value-of select="$name"/><xsl:copy-of select="$tag"/></xsl:with-param>
-          </xsl:call-template>
-          <xsl:copy-of select="$facts"/>
-          <xsl:if test="not(string($facts))"><p class="none">No details given.</p></xsl:if>
-        </article>
-      </xsl:for-each>
-    </xsl:if>
-  </xsl:template>
-
-  <!-- What marks a record as still open: not paid, undischarged. -->
-  <xsl:template match="*" mode="tag"/>
-  <xsl:template name="tag">
-    <xsl:param name="text"/>
-    <xsl:text> </xsl:text>
-    <span class="tag bad"><xsl:value-of select="$text"/></span>
   </xsl:template>
 
   <xsl:template name="message-section">

@@ -127,28 +127,12 @@
   <xsl:template match="individual-commercial-credit-file" mode="kind">commercial credit file</xsl:template>
   <xsl:template match="individual-public-data-file" mode="kind">public data</xsl:template>
 
-  <!-- The names of totals that speak of adverse records, each after a comma and a blank. -->
-  <xsl:template match="summary" mode="adverse">
-    <xsl:variable name="name" select="translate(@name, $capital, $small)"/>
-    <xsl:variable name="value" select="translate(normalize-space(), $capital, $small)"/>
-    <xsl:if test="(contains($name, 'default') or contains($name, 'judg') or contains($name, 'writ')
-                   or contains($name, 'summons') or contains($name, 'court')
-                   or contains($name, 'bankrupt') or contains($name, 'disqualif'))
-                  and $value != '' and not(number($value) = 0)
-                  and not(contains('|no|n|none|nil|n/a|-|', concat('|', $value, '|')))">
-      <xsl:value-of select="concat(', ', @name, ' ', normalize-space())"/>
-    </xsl:if>
-  </xsl:template>
-
   <xsl:template name="adverse-table">
     <xsl:param name="credit"/>
     <xsl:param name="public"/>
-    <table class="wide" role="table">
-      <caption>Adverse records of the matched file; open are those not paid or not discharged</caption>
-      <xsl:call-template name="table-head">
-        <xsl:with-param name="columns">Records|$On file|$Open|$Listed|$Outstanding|</xsl:with-param>
-      </xsl:call-template>
-      <tbody role="rowgroup">
+    <xsl:call-template name="counts-table">
+      <xsl:with-param name="caption">Adverse records of the matched file; open are those not paid or not discharged</xsl:with-param>
+      <xsl:with-param name="rows">
         <xsl:if test="$credit">
           <xsl:call-template name="money-row">
             <xsl:with-param name="label">Defaults</xsl:with-param>
@@ -182,8 +166,8 @@
             <xsl:with-param name="records" select="$public/disqualified-directorship"/>
           </xsl:call-template>
         </xsl:if>
-      </tbody>
-    </table>
+      </xsl:with-param>
+    </xsl:call-template>
   </xsl:template>
 
   <xsl:template name="court-row">
@@ -197,58 +181,6 @@
                       select="$records[not(court-action-status[@code = 'D' or @code = 'P' or @code = 'S'])]
                               /court-action-amount[number() &gt; 0]"/>
     </xsl:call-template>
-  </xsl:template>
-
-  <!-- A row of records with amounts; open are those with something still owed. -->
-  <xsl:template name="money-row">
-    <xsl:param name="label"/>
-    <xsl:param name="records"/>
-    <xsl:param name="listed"/>
-    <xsl:param name="owed"/>
-    <xsl:call-template name="count-row">
-      <xsl:with-param name="label" select="$label"/>
-      <xsl:with-param name="records" select="$records"/>
-      <xsl:with-param name="open" select="count($owed)"/>
-      <xsl:with-param name="listed" select="sum($listed[number() = number()])"/>
-      <xsl:with-param name="owed" select="sum($owed)"/>
-    </xsl:call-template>
-  </xsl:template>
-
-  <xsl:template name="count-row">
-    <xsl:param name="label"/>
-    <xsl:param name="records"/>
-    <xsl:param name="open" select="''"/>
-    <xsl:param name="listed" select="''"/>
-    <xsl:param name="owed" select="''"/>
-    <xsl:variable name="count" select="count($records)"/>
-    <tr role="row">
-      <xsl:if test="not($count)"><xsl:attribute name="class">quiet</xsl:attribute></xsl:if>
-      <xsl:call-template name="cell">
-        <xsl:with-param name="label">Records</xsl:with-param>
-        <xsl:with-param name="value" select="$label"/>
-        <xsl:with-param name="head" select="true()"/>
-      </xsl:call-template>
-      <xsl:call-template name="cell">
-        <xsl:with-param name="label">On file</xsl:with-param>
-        <xsl:with-param name="value" select="$count"/>
-        <xsl:with-param name="class">amount</xsl:with-param>
-      </xsl:call-template>
-      <xsl:call-template name="cell">
-        <xsl:with-param name="label">Open</xsl:with-param>
-        <xsl:with-param name="value" select="substring($open, 1, 15 * ($count != 0))"/>
-        <xsl:with-param name="class">amount</xsl:with-param>
-      </xsl:call-template>
-      <xsl:call-template name="cell">
-        <xsl:with-param name="label">Listed</xsl:with-param>
-        <xsl:with-param name="value" select="substring($listed, 1, 30 * ($count != 0))"/>
-        <xsl:with-param name="as">amount</xsl:with-param>
-      </xsl:call-template>
-      <xsl:call-template name="cell">
-        <xsl:with-param name="label">Outstanding</xsl:with-param>
-        <xsl:with-param name="value" select="substring($owed, 1, 30 * ($count != 0))"/>
-        <xsl:with-param name="as">amount</xsl:with-param>
-      </xsl:call-template>
-    </tr>
   </xsl:template>
 
 </xsl:stylesheet>

@@ -2,35 +2,6 @@
 <!-- The report's own parts: the bureau's totals and the score. -->
 <xsl:stylesheet version="1.0" xmlns:xsl="http://www.w3.org/1999/XSL/Transform">
 
-  <xsl:template name="summary-data">
-    <xsl:variable name="items" select="summary-data/summary[normalize-space()]"/>
-    <xsl:if test="$items">
-      <section class="panel" id="totals">
-        <h2>Summary data</h2>
-        <dl class="facts">
-          <xsl:for-each select="$items">
-            <xsl:call-template name="fact">
-              <xsl:with-param name="label" select="normalize-space(@name)"/>
-              <xsl:with-param name="value"><xsl:apply-templates select="." mode="typed"/></xsl:with-param>
-            </xsl:call-template>
-          </xsl:for-each>
-        </dl>
-      </section>
-    </xsl:if>
-  </xsl:template>
-
-  <xsl:template match="summary" mode="typed">
-    <xsl:choose>
-      <xsl:when test="@type = 'amount'">
-        <xsl:call-template name="amount"><xsl:with-param name="text" select="normalize-space()"/></xsl:call-template>
-      </xsl:when>
-      <xsl:when test="@type = 'months' or @type = 'years'">
-        <xsl:value-of select="concat(normalize-space(), ' ', @type)"/>
-      </xsl:when>
-      <xsl:otherwise><xsl:value-of select="."/></xsl:otherwise>
-    </xsl:choose>
-  </xsl:template>
-
   <xsl:template name="score">
     <xsl:variable name="area" select="(area-level-risk | score-data/area-level-risk)/@indicator"/>
     <xsl:if test="score-data/score | $area">

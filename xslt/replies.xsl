@@ -1,6 +1,29 @@
 <?xml version="1.0" encoding="utf-8"?>
-<!-- Replies that hold no report: a refusal, the companies of a search, or nothing. -->
+<!-- The page of a reply, and the replies that hold no report: a refusal, a search, nothing. -->
 <xsl:stylesheet version="1.0" xmlns:xsl="http://www.w3.org/1999/XSL/Transform">
+
+  <!-- A page of the service: `$lang` and `$country` are its sheet's. -->
+  <xsl:template name="report-page">
+    <xsl:param name="eyebrow"/>
+    <xsl:param name="title"/>
+    <xsl:param name="lede"/>
+    <xsl:param name="contents"/>
+    <xsl:param name="body"/>
+    <xsl:call-template name="page">
+      <xsl:with-param name="lang" select="$lang"/>
+      <xsl:with-param name="eyebrow" select="concat($eyebrow, ', ', $country)"/>
+      <xsl:with-param name="title" select="$title"/>
+      <xsl:with-param name="lede" select="$lede"/>
+      <xsl:with-param name="contents" select="$contents"/>
+      <xsl:with-param name="body" select="$body"/>
+      <xsl:with-param name="foot">
+        <xsl:if test="normalize-space(/BCAmessage/@service-request-id)">
+          <xsl:value-of select="concat('Bureau request ', /BCAmessage/@service-request-id, '. ')"/>
+        </xsl:if>
+        <xsl:text>Confidential: contains personal credit information.</xsl:text>
+      </xsl:with-param>
+    </xsl:call-template>
+  </xsl:template>
 
   <xsl:template name="refusal-page">
     <xsl:param name="refusals"/>
@@ -69,8 +92,10 @@
     </xsl:call-template>
   </xsl:template>
 
+  <!-- The companies that a search found, and the table of them. -->
   <xsl:template name="companies-page">
-    <xsl:variable name="found" select="$response/org-id-result"/>
+    <xsl:param name="found"/>
+    <xsl:param name="table"/>
     <xsl:call-template name="report-page">
       <xsl:with-param name="eyebrow">Company search</xsl:with-param>
       <xsl:with-param name="title">
@@ -82,57 +107,10 @@
       </xsl:with-param>
       <xsl:with-param name="body">
         <section class="panel">
-          <xsl:call-template name="table-section">
-            <xsl:with-param name="level" select="2"/>
-            <xsl:with-param name="title">Companies</xsl:with-param>
-            <xsl:with-param name="records" select="$found"/>
-            <xsl:with-param name="columns">Company|Type|Number|Status|State|Bureau file|</xsl:with-param>
-          </xsl:call-template>
+          <xsl:copy-of select="$table"/>
           <xsl:if test="not($found)"><p>Nothing on the bureau's files fits the name or number given.</p></xsl:if>
         </section>
       </xsl:with-param>
-    </xsl:call-template>
-  </xsl:template>
-
-  <!-- The number is that which the heading names; without a heading, the business number. -->
-  <xsl:template match="org-id-result" mode="row">
-    <xsl:call-template name="cell">
-      <xsl:with-param name="label">Company</xsl:with-param>
-      <xsl:with-param name="value" select="match-name"/>
-      <xsl:with-param name="head" select="true()"/>
-    </xsl:call-template>
-    <xsl:call-template name="cell">
-      <xsl:with-param name="label">Type</xsl:with-param>
-      <xsl:with-param name="value"><xsl:choose>
-        <xsl:when test="normalize-space(australian-business-register-report/EntityTypeText)">
-          <xsl:value-of select="australian-business-register-report/EntityTypeText"/>
-        </xsl:when>
-        <xsl:otherwise><xsl:value-of select="organisation-type"/></xsl:otherwise>
-      </xsl:choose></xsl:with-param>
-    </xsl:call-template>
-    <xsl:call-template name="cell">
-      <xsl:with-param name="label">Number</xsl:with-param>
-      <xsl:with-param name="value"><xsl:choose>
-        <xsl:when test="normalize-space(organisation-number-heading) = 'ACN'">
-          <xsl:value-of select="concat('ACN&#160;', normalize-space(organisation-number))"/>
-        </xsl:when>
-        <xsl:when test="not(normalize-space(organisation-number-heading))
-                        and normalize-space(australian-business-number)">
-          <xsl:value-of select="concat('ABN&#160;', normalize-space(australian-business-number))"/>
-        </xsl:when>
-      </xsl:choose></xsl:with-param>
-    </xsl:call-template>
-    <xsl:call-template name="cell">
-      <xsl:with-param name="label">Status</xsl:with-param>
-      <xsl:with-param name="value" select="asic-report/asic-status"/>
-    </xsl:call-template>
-    <xsl:call-template name="cell">
-      <xsl:with-param name="label">State</xsl:with-param>
-      <xsl:with-param name="value" select="state"/>
-    </xsl:call-template>
-    <xsl:call-template name="cell">
-      <xsl:with-param name="label">Bureau file</xsl:with-param>
-      <xsl:with-param name="value" select="bureau-report/bureau-reference"/>
     </xsl:call-template>
   </xsl:template>
 

@@ -1,0 +1,247 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!-- The sections of a report, of every country: parts, tables, boxes of records, totals. -->
+<xsl:stylesheet version="1.0" xmlns:xsl="http://www.w3.org/1999/XSL/Transform">
+
+  <!-- A part of a file: a panel of its own, or a part of the possible match's panel. -->
+  <xsl:template name="part">
+    <xsl:param name="id"/>
+    <xsl:param name="level"/>
+    <xsl:param name="title"/>
+    <xsl:param name="body"/>
+    <section>
+      <xsl:attribute name="class"><xsl:choose>
+        <xsl:when test="$level = 2">panel</xsl:when>
+        <xsl:otherwise>part</xsl:otherwise>
+      </xsl:choose></xsl:attribute>
+      <xsl:if test="$level = 2"><xsl:attribute name="id"><xsl:value-of select="$id"/></xsl:attribute></xsl:if>
+      <xsl:call-template name="heading">
+        <xsl:with-param name="level" select="$level"/>
+        <xsl:with-param name="text" select="$title"/>
+      </xsl:call-template>
+      <xsl:copy-of select="$body"/>
+    </section>
+  </xsl:template>
+
+  <!-- First, other and family name with single blanks; of a person or of a cross reference. -->
+  <xsl:template match="*" mode="name">
+    <xsl:value-of select="normalize-space(concat(individual-name/first-given-name, ' ',
+                                                 individual-name/other-given-name, ' ',
+                                                 individual-name/family-name))"/>
+  </xsl:template>
+
+  <!-- A section whose records are rows of one table. Nothing when there are none. -->
+  <xsl:template name="table-section">
+    <xsl:param name="level"/>
+    <xsl:param name="title"/>
+    <xsl:param name="records"/>
+    <xsl:param name="columns"/>
+    <xsl:if test="$records">
+      <xsl:call-template name="heading">
+        <xsl:with-param name="level" select="$level"/>
+        <xsl:with-param name="text" select="$title"/>
+      </xsl:call-template>
+      <table class="wide" role="table">
+        <caption class="unseen"><xsl:value-of select="concat($title, ' (', count($records), ')')"/></caption>
+        <xsl:call-template name="table-head"><xsl:with-param name="columns" select="$columns"/></xsl:call-template>
+        <tbody role="rowgroup">
+          <xsl:for-each select="$records">
+            <tr role="row"><xsl:apply-templates select="." mode="row"/></tr>
+          </xsl:for-each>
+        </tbody>
+      </table>
+    </xsl:if>
+  </xsl:template>
+
+  <!-- A section whose records have a box each, with a number of their own or their position. Nothing
+       when there are none. -->
+  <xsl:template name="record-section">
+    <xsl:param name="level"/>
+    <xsl:param name="title"/>
+    <xsl:param name="noun"/>
+    <xsl:param name="records"/>
+    <xsl:if test="$records">
+      <xsl:call-template name="heading">
+        <xsl:with-param name="level" select="$level"/>
+        <xsl:with-param name="text" select="$title"/>
+      </xsl:call-template>
+      <xsl:for-each select="$records">
+        <xsl:variable name="id"><xsl:apply-templates select="." mode="id"/></xsl:variable>
+        <xsl:variable name="name"
+                      select="concat($noun, ' ', $id, substring(position(), 1, 9 * not(string($id))))"/>
+        <xsl:variable name="tag"><xsl:apply-templates select="." mode="tag"/></xsl:variable>
+        <xsl:variable name="facts">
+          <xsl:apply-templates select="." mode="facts"><xsl:with-param name="name" select="$name"/></xsl:apply-templates>
+        </xsl:variable>
+        <article>
+          <xsl:attribute name="class">
+            <xsl:text>record</xsl:text>
+            <xsl:if test="string($tag)"> bad</xsl:if>
+          </xsl:attribute>
+          <xsl:call-template name="heading">
+            <xsl:with-param name="level" select="$level + 1"/>
+            <xsl:with-param name="text"><xsl:value-of select="$name"/><xsl:copy-of select="$tag"/></xsl:with-param>
+          </xsl:call-template>
+          <xsl:copy-of select="$facts"/>
+          <xsl:if test="not(string($facts))"><p class="none">No details given.</p></xsl:if>
+        </article>
+      </xsl:for-each>
+    </xsl:if>
+  </xsl:template>
+
+  <!-- The number that a record has of its own. -->
+  <xsl:template match="*" mode="id"/>
+
+  <!-- What marks a record as still open: not paid, undischarged. -->
+  <xsl:template match="*" mode="tag"/>
+
+  <xsl:template name="tag">
+    <xsl:param name="text"/>
+    <xsl:text> </xsl:text>
+    <span class="tag bad"><xsl:value-of select="$text"/></span>
+  </xsl:template>
+
+  <!-- How many records of each kind there are; the rows are those below. -->
+  <xsl:template name="counts-table">
+    <xsl:param name="caption"/>
+    <xsl:param name="rows"/>
+    <table class="wide" role="table">
+      <caption><xsl:value-of select="$caption"/></caption>
+      <xsl:call-template name="table-head">
+        <xsl:with-param name="columns">Records|$On file|$Open|$Listed|$Outstanding|</xsl:with-param>
+      </xsl:call-template>
+      <tbody role="rowgroup"><xsl:copy-of select="$rows"/></tbody>
+    </table>
+  </xsl:template>
+
+  <!-- A row of records with amounts; open are those with something still owed. -->
+  <xsl:template name="money-row">
+    <xsl:param name="label"/>
+    <xsl:param name="records"/>
+    <xsl:param name="listed"/>
+    <xsl:param name="owed"/>
+    <xsl:call-template name="count-row">
+      <xsl:with-param name="label" select="$label"/>
+      <xsl:with-param name="records" select="$records"/>
+      <xsl:with-param name="open" select="count($owed)"/>
+      <xsl:with-param name="listed" select="sum($listed[number() = number()])"/>
+      <xsl:with-param name="owed" select="sum($owed)"/>
+    </xsl:call-template>
+  </xsl:template>
+
+  <xsl:template name="count-row">
+    <xsl:param name="label"/>
+    <xsl:param name="records"/>
+    <xsl:param name="open" select="''"/>
+    <xsl:param name="listed" select="''"/>
+    <xsl:param name="owed" select="''"/>
+    <xsl:variable name="count" select="count($records)"/>
+    <tr role="row">
+      <xsl:if test="not($count)"><xsl:attribute name="class">quiet</xsl:attribute></xsl:if>
+      <xsl:call-template name="cell">
+        <xsl:with-param name="label">Records</xsl:with-param>
+        <xsl:with-param name="value" select="$label"/>
+        <xsl:with-param name="head" select="true()"/>
+      </xsl:call-template>
+      <xsl:call-template name="cell">
+        <xsl:with-param name="label">On file</xsl:with-param>
+        <xsl:with-param name="value" select="$count"/>
+        <xsl:with-param name="class">amount</xsl:with-param>
+      </xsl:call-template>
+      <xsl:call-template name="cell">
+        <xsl:with-param name="label">Open</xsl:with-param>
+        <xsl:with-param name="value" select="substring($open, 1, 15 * ($count != 0))"/>
+        <xsl:with-param name="class">amount</xsl:with-param>
+      </xsl:call-template>
+      <xsl:call-template name="cell">
+        <xsl:with-param name="label">Listed</xsl:with-param>
+        <xsl:with-param name="value" select="substring($listed, 1, 30 * ($count != 0))"/>
+        <xsl:with-param name="as">amount</xsl:with-param>
+      </xsl:call-template>
+      <xsl:call-template name="cell">
+        <xsl:with-param name="label">Outstanding</xsl:with-param>
+        <xsl:with-param name="value" select="substring($owed, 1, 30 * ($count != 0))"/>
+        <xsl:with-param name="as">amount</xsl:with-param>
+      </xsl:call-template>
+    </tr>
+  </xsl:template>
+
+  <!-- The names of totals that speak of adverse records, each after a comma and a blank. -->
+  <xsl:template match="summary | characteristic" mode="adverse">
+    <xsl:variable name="name" select="translate(@name, $capital, $small)"/>
+    <xsl:variable name="value" select="translate(normalize-space(), $capital, $small)"/>
+    <xsl:if test="(contains($name, 'default') or contains($name, 'judg') or contains($name, 'writ')
+                   or contains($name, 'summons') or contains($name, 'court')
+                   or contains($name, 'bankrupt') or contains($name, 'disqualif')
+                   or contains($name, 'insolven') or contains($name, 'adverse'))
+                  and $value != '' and not(number($value) = 0)
+                  and not(contains('|no|n|none|nil|n/a|-|', concat('|', $value, '|')))">
+      <xsl:value-of select="concat(', ', @name, ' ', normalize-space())"/>
+    </xsl:if>
+  </xsl:template>
+
+  <xsl:template name="summary-data">
+    <xsl:param name="level" select="2"/>
+    <xsl:call-template name="totals">
+      <xsl:with-param name="level" select="$level"/>
+      <xsl:with-param name="id">totals</xsl:with-param>
+      <xsl:with-param name="title">Summary data</xsl:with-param>
+      <xsl:with-param name="items" select="summary-data/summary[normalize-space()]"/>
+    </xsl:call-template>
+  </xsl:template>
+
+  <!-- Named values of the bureau as a part of their own. Nothing when there are none. -->
+  <xsl:template name="totals">
+    <xsl:param name="level"/>
+    <xsl:param name="id"/>
+    <xsl:param name="title"/>
+    <xsl:param name="items"/>
+    <xsl:if test="$items">
+      <xsl:call-template name="part">
+        <xsl:with-param name="id" select="$id"/>
+        <xsl:with-param name="level" select="$level"/>
+        <xsl:with-param name="title" select="$title"/>
+        <xsl:with-param name="body">
+          <dl class="facts">
+            <xsl:for-each select="$items">
+              <xsl:call-template name="fact">
+                <xsl:with-param name="label">
+                  <xsl:call-template name="word">
+                    <xsl:with-param name="text" select="normalize-space(@name)"/>
+                  </xsl:call-template>
+                </xsl:with-param>
+                <xsl:with-param name="value"><xsl:apply-templates select="." mode="typed"/></xsl:with-param>
+              </xsl:call-template>
+            </xsl:for-each>
+          </dl>
+        </xsl:with-param>
+      </xsl:call-template>
+    </xsl:if>
+  </xsl:template>
+
+  <xsl:template match="summary | characteristic" mode="typed">
+    <xsl:choose>
+      <xsl:when test="@type = 'boolean'">
+        <xsl:call-template name="yes-or-no"><xsl:with-param name="text" select="normalize-space()"/></xsl:call-template>
+      </xsl:when>
+      <xsl:when test="@type = 'amount'">
+        <xsl:call-template name="amount"><xsl:with-param name="text" select="normalize-space()"/></xsl:call-template>
+      </xsl:when>
+      <xsl:when test="@type = 'months' or @type = 'years'">
+        <xsl:value-of select="concat(normalize-space(), ' ', @type)"/>
+      </xsl:when>
+      <xsl:otherwise><xsl:value-of select="."/></xsl:otherwise>
+    </xsl:choose>
+  </xsl:template>
+
+  <!-- Y and N in full; anything else as it stands. -->
+  <xsl:template name="yes-or-no">
+    <xsl:param name="text"/>
+    <xsl:variable name="sign" select="translate($text, $small, $capital)"/>
+    <xsl:choose>
+      <xsl:when test="$sign = 'Y' or $sign = 'YES'">Yes</xsl:when>
+      <xsl:when test="$sign = 'N' or $sign = 'NO'">No</xsl:when>
+      <xsl:otherwise><xsl:value-of select="$text"/></xsl:otherwise>
+    </xsl:choose>
+  </xsl:template>
+
+</xsl:stylesheet>
