@@ -77,6 +77,21 @@ TEST(Json, WritesValuesInTheirForms) {
               "\"2012-06-05T14:07:09\"");
 }
 
+TEST(Json, WritesEveryCharacterWhereverItStands) {
+    for (int code = 0; code < 0x80; ++code) {
+        for (std::size_t size = 1; size <= 20; ++size) {
+            for (std::size_t at = 0; at < size; ++at) {
+                std::string text(size, 'x');
+                text[at] = static_cast<char>(code);
+                const std::string json = written(text);
+                const bool plain = code >= 0x20 && code != '"' && code != '\\';
+                ASSERT_EQ(json.size() == size + 2, plain) << json;
+                ASSERT_EQ(parse_json(json).text(), text) << json;
+            }
+        }
+    }
+}
+
 TEST(Json, RepairsTextThatIsNotUtf8) {
     EXPECT_EQ(written(std::string_view("a\xff\x62\xc3")), "\"a\uFFFDb\uFFFD\"");
 }
