@@ -85,6 +85,13 @@ class JsonWriter {
     /// Money as a number with four decimals, a date as text in the ISO form, and so on.
     void value(const Value& value);
 
+    /// Where the text ends by now.
+    std::size_t mark() const { return size_; }
+    /// What was written since a mark, until the next change.
+    std::string_view since(std::size_t mark) const { return {buffer_.get() + mark, size_ - mark}; }
+    /// Members or a value that were written before.
+    void again(std::string_view written) { plain(written); }
+
     /// The text written, anything in it that is not valid UTF-8 as U+FFFD, until the next change.
     std::string_view view();
     /// Forgets the text and keeps the room that it took.
