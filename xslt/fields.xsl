@@ -161,7 +161,8 @@
        number    12.50 as 12.5                 count    1234567 as 1,234,567
        percent   0.255 as 25.50%               yes      Y as Yes, N as No
        moment    a date and a time of day      lines    texts below one another
-       name      of the person in the node     made     what the node's own template makes of it -->
+       name      of the person in the node
+       made, counted   what the node's own template makes of it, or counts in it -->
   <xsl:template name="shown">
     <xsl:param name="form"/>
     <xsl:variable name="text" select="normalize-space()"/>
@@ -170,6 +171,7 @@
     <xsl:choose>
       <xsl:when test="$form = 'name'"><xsl:apply-templates select="." mode="name"/></xsl:when>
       <xsl:when test="$form = 'made'"><xsl:apply-templates select="." mode="made"/></xsl:when>
+      <xsl:when test="$form = 'counted'"><xsl:apply-templates select="." mode="counted"/></xsl:when>
       <xsl:when test="$form = 'yes'">
         <xsl:call-template name="yes-or-no"><xsl:with-param name="text" select="$text"/></xsl:call-template>
       </xsl:when>

@@ -93,7 +93,7 @@ tr.quiet > * { color: var(--soft); font-weight: 400; }
 @media screen and (max-width: 640px) {
   main, .masthead, .foot { padding-left: 1rem; padding-right: 1rem; }
   .panel { padding: 1rem; }
-  .facts { grid-template-columns: 1fr 1fr; gap: .6rem 1rem; }
+  .facts, .record .facts { grid-template-columns: 1fr 1fr; gap: .6rem 1rem; }
   .wide, .wide tbody, .wide tr, .wide td, .wide th { display: block; }
   .wide thead { position: absolute; width: 1px; height: 1px; overflow: hidden;
     clip-path: inset(50%); }

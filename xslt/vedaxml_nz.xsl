@@ -65,19 +65,21 @@
       <xsl:with-param name="eyebrow">Credit report</xsl:with-param>
       <xsl:with-param name="title">
         <xsl:value-of select="$name"/>
-        <xsl:if test="not(string($name)) and $report/file-id">Unnamed file</xsl:if>
-        <xsl:if test="not(string($name)) and not($report/file-id)">No matching file</xsl:if>
+        <xsl:if test="not(string($name)) and $report/*">Unnamed file</xsl:if>
+        <xsl:if test="not(string($name)) and not($report/*)">No matching file</xsl:if>
       </xsl:with-param>
       <xsl:with-param name="lede"><xsl:apply-templates select="$report" mode="lede"/></xsl:with-param>
       <xsl:with-param name="contents">
-        <xsl:apply-templates select="$report/individual[1] | $report/identity-verification[1]
-            | ($report/default-file | $report/default-collection-agency-file | $report/credit-file
-               | $report/note-file)[*][1]
-            | ($report/judgement-file | $report/insolvency-file | $report/bankruptcy-file
-               | $report/public-notice-file | $report/lost-stolen-id-file
-               | $report/company-officer-details)[*][1]
-            | $report/summary-data[*] | $report/negative-block[*] | $report/score-data[1]"
-            mode="contents"/>
+        <xsl:apply-templates select="$report/individual[1]" mode="contents"/>
+        <xsl:apply-templates select="$report/identity-verification[*][1]" mode="contents"/>
+        <xsl:apply-templates select="($report/default-file | $report/default-collection-agency-file
+            | $report/credit-file | $report/note-file)[*][1]" mode="contents"/>
+        <xsl:apply-templates select="($report/judgement-file | $report/insolvency-file
+            | $report/bankruptcy-file | $report/public-notice-file | $report/lost-stolen-id-file
+            | $report/company-officer-details)[*][1]" mode="contents"/>
+        <xsl:apply-templates select="$report/summary-data[*][1]" mode="contents"/>
+        <xsl:apply-templates select="$report/negative-block[*][1]" mode="contents"/>
+        <xsl:apply-templates select="$report/score-data[*][1]" mode="contents"/>
         <xsl:apply-templates select="licencecheck-report[1] | moj-fines-report[1]" mode="contents"/>
       </xsl:with-param>
       <xsl:with-param name="body">
@@ -103,13 +105,14 @@
         <xsl:apply-templates select="." mode="lede"/>
       </xsl:with-param>
       <xsl:with-param name="contents">
-        <xsl:apply-templates select="$company/company[1]
-            | ($company/company-shares | $company/company-officers)[*][1]
-            | ($company/company-default-file | $company/company-credit-file
-               | $company/company-credit-reference-file)[*][1]
-            | ($company/company-judgement-file | $company/company-public-notice-file
-               | $company/document-history | $company/known-affiliation)[*][1]
-            | $company/summary-data[*] | $directors" mode="contents"/>
+        <xsl:apply-templates select="$company/company[*][1]" mode="contents"/>
+        <xsl:apply-templates select="($company/company-shares | $company/company-officers)[*][1]"
+                             mode="contents"/>
+        <xsl:apply-templates select="($company/company-default-file | $company/company-credit-file
+            | $company/company-credit-reference-file)[*][1]" mode="contents"/>
+        <xsl:apply-templates select="($company/company-judgement-file | $company/document-history
+            | $company/company-public-notice-file | $company/known-affiliation)[*][1]" mode="contents"/>
+        <xsl:apply-templates select="$company/summary-data[*][1] | $directors" mode="contents"/>
       </xsl:with-param>
       <xsl:with-param name="body">
         <xsl:call-template name="company-overview"/>

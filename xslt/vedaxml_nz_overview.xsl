@@ -108,7 +108,8 @@
           Director = . as made;
           Bureau file number = file-id;
           Match type = file-id/@match-type as word;
-          $Enquiries = credit-file as made;
+          $Enquiries = credit-file as counted;
+          $Adverse records = . as counted;
         </xsl:with-param>
       </xsl:call-template>
     </xsl:if>
@@ -123,8 +124,12 @@
     </a>
   </xsl:template>
 
-  <xsl:template match="credit-file" mode="made">
+  <xsl:template match="credit-file" mode="counted">
     <xsl:value-of select="count(credit-enquiry)"/>
+  </xsl:template>
+  <xsl:template match="director-report" mode="counted">
+    <xsl:value-of select="count(default-file/default | default-collection-agency-file/default
+        | judgement-file/judgement | insolvency-file/insolvency | bankruptcy-file/bankruptcy)"/>
   </xsl:template>
 
   <xsl:template name="bureau-message">
@@ -144,6 +149,8 @@
         <xsl:with-param name="fields">
           Match type = file-id/@match-type as word;
           Bureau file number = file-id;
+          Company status = company/company/company-details/company-status;
+          Company status = company-report/company/company-details/company-status;
         </xsl:with-param>
       </xsl:call-template>
       <xsl:call-template name="fact">
@@ -173,7 +180,7 @@
       <xsl:with-param name="adverse" select="default-file/default
           | default-collection-agency-file/default | judgement-file/judgement
           | insolvency-file/insolvency | bankruptcy-file/bankruptcy"/>
-      <xsl:with-param name="known" select="file-id | individual"/>
+      <xsl:with-param name="known" select="*"/>
       <xsl:with-param name="looked-at">defaults, judgements, insolvencies, bankruptcies</xsl:with-param>
     </xsl:call-template>
   </xsl:template>

@@ -171,7 +171,7 @@
             Enquirer = credit-enquirer;
             Account type = account-type;
             Client reference = client-reference;
-            $Amount = enquiry-amount as amount;
+            $Amount = enquiry-amount as made;
           </xsl:with-param>
         </xsl:call-template>
         <xsl:call-template name="field-table">
@@ -224,7 +224,7 @@
   </xsl:template>
 
   <!-- An amount of nothing and an N are not worth a fact. -->
-  <xsl:template match="total-loan-amount" mode="made">
+  <xsl:template match="total-loan-amount | enquiry-amount" mode="made">
     <xsl:if test="not(number() = 0)">
       <xsl:call-template name="amount"><xsl:with-param name="text" select="normalize-space()"/></xsl:call-template>
     </xsl:if>
