@@ -104,6 +104,8 @@ tr.quiet > * { color: var(--soft); font-weight: 400; }
     padding: .1rem 0; border: 0; text-align: left; white-space: pre-line; }
   .record tbody th { width: auto; }
   .wide td:empty { display: none; }
+  .wide tr.noted { border: 0; padding-bottom: 0; }
+  .wide tr.note td { display: block; }
   .wide [data-label]::before { content: attr(data-label); color: var(--soft); font-size: .85rem;
     font-weight: 400; }
 }
@@ -123,7 +125,7 @@ tr.quiet > * { color: var(--soft); font-weight: 400; }
   .facts, .record .facts { grid-template-columns: repeat(auto-fill, minmax(11rem, 1fr)); gap: 2mm 5mm; }
   .say, .tag, .record { -webkit-print-color-adjust: exact; print-color-adjust: exact; }
   .record, .say, .facts, tr, li, .overview { break-inside: avoid; }
-  h2, h3, h4, h5, caption, thead { break-after: avoid; }
+  h2, h3, h4, h5, caption, thead, tr.noted { break-after: avoid; }
   thead { display: table-header-group; }
   p, dd { orphans: 3; widows: 3; }
 }

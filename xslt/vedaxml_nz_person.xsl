@@ -355,8 +355,10 @@
 
   <xsl:template match="insolvency-status | adjudication-court" mode="made">
     <xsl:call-template name="described">
-      <xsl:with-param name="table" select="concat('insolvency-', substring('courtsstatus',
-                                                  1 + 6 * boolean(self::insolvency-status), 6))"/>
+      <xsl:with-param name="table"><xsl:choose>
+        <xsl:when test="self::insolvency-status">insolvency-status</xsl:when>
+        <xsl:otherwise>insolvency-courts</xsl:otherwise>
+      </xsl:choose></xsl:with-param>
       <xsl:with-param name="code" select="normalize-space(@code | code)"/>
     </xsl:call-template>
   </xsl:template>

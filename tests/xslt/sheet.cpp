@@ -126,7 +126,13 @@ void expect_every_line(const std::string& country, const std::string& name,
         const std::string_view label = line.ResponseName();
         if (label == "Service" || label == "Date Created") continue;
         if (label == "Account Opened") continue;  // text to the component, a date on the page
-        for (std::string piece : pieces(std::string(line.ResponseDescription()))) {
+        std::vector<std::string> parts = pieces(std::string(line.ResponseDescription()));
+        const std::string name_of_line(label);
+        std::smatch date;
+        if (std::regex_search(name_of_line, date, std::regex("\\d+ [A-Z][a-z][a-z] \\d{4}"))) {
+            parts.push_back(date.str());
+        }
+        for (std::string piece : parts) {
             piece = comparable(piece);
             page::replace_all(piece, "SEE ALSO POSSIBLE MATCH BELOW", "POSSIBLE MATCH");
             EXPECT_NE(shown.find(piece), std::string::npos)

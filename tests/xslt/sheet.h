@@ -23,7 +23,8 @@ std::string sections(const std::string& html);
 /// The page of an example stands alone, is well-formed, and has its headings in order.
 void expect_whole_page(const std::string& country, const std::string& name);
 
-/// The page of an example shows what the report lines of it show, statistics apart.
+/// The page of an example shows what the report lines of it show, dates in labels included,
+/// statistics apart.
 void expect_every_line(const std::string& country, const std::string& name,
                        const std::string& product);
 
