@@ -3,12 +3,12 @@
 
 #include "platform/text.h"
 
-// The vector instructions read whole aligned blocks, which the address sanitizer cannot tell from
-// reading past an end.
-#if defined(__SSE2__) && !defined(__SANITIZE_ADDRESS__)
+// The vector instructions read whole aligned blocks, which sanitizers cannot tell from reading past
+// an end.
+#if defined(__SSE2__) && !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
 #if !defined(__has_feature)
 #define RAPIDJSON_SSE2
-#elif !__has_feature(address_sanitizer)
+#elif !__has_feature(address_sanitizer) && !__has_feature(thread_sanitizer)
 #define RAPIDJSON_SSE2
 #endif
 #endif
