@@ -7,6 +7,7 @@
 #include <mutex>
 #include <optional>
 #include <thread>
+#include <utility>
 
 #include "facade/zr_credit_bureau.h"
 #include "platform/convert.h"
@@ -89,7 +90,7 @@ class Run {
     void work();
     bool take(std::vector<BatchItem>& items, std::uint64_t& number);
     BatchResult perform(Performer& performer, automation::JsonWriter& json,
-                        const std::vector<BatchItem>& items);
+                        const std::vector<BatchItem>& items, std::size_t usual_size);
     void write(const BatchResult& result);
 
     JobSource& source_;
@@ -119,8 +120,9 @@ bool Run::take(std::vector<BatchItem>& items, std::uint64_t& number) {
 }
 
 BatchResult Run::perform(Performer& performer, automation::JsonWriter& json,
-                         const std::vector<BatchItem>& items) {
+                         const std::vector<BatchItem>& items, std::size_t usual_size) {
     BatchResult result;
+    result.lines.reserve(usual_size);
     for (const BatchItem& item : items) {
         if (stop_.is_set()) {
             result.last = true;
@@ -164,8 +166,11 @@ void Run::work() {
         automation::JsonWriter json;
         std::vector<BatchItem> items;
         std::uint64_t number = 0;
+        std::size_t size = 0;  // of the last result: the next one is likely to be as long
         while (take(items, number)) {
-            results_.deliver(number, perform(performer, json, items));
+            BatchResult result = perform(performer, json, items, size);
+            size = result.lines.size();
+            results_.deliver(number, std::move(result));
         }
     } catch (...) {
         const std::lock_guard lock(failure_mutex_);
@@ -191,14 +196,15 @@ Standing Run::standing() const {
 int Run::go(Interruption& interruption) {
     constexpr int kBetweenDrawings = 100;  // milliseconds
     int signal = 0;
+    progress_.draw(standing());
     {
         std::vector<std::jthread> threads;
         for (std::uint32_t worker = working_; worker > 0; --worker) {
             threads.emplace_back([this] { work(); });
         }
         while (!done_.is_set()) {
-            progress_.draw(standing());
             const int came = interruption.wait(done_, kBetweenDrawings);
+            progress_.draw(standing());
             if (came != 0 && signal == 0) {
                 signal = came;
                 stop_.set();

@@ -219,14 +219,20 @@ Output::~Output() {
 }
 
 void Output::write(std::string_view text) {
-    pending_ += text;
-    if (pending_.size() >= kChunk) {
-        flush();
+    if (pending_.size() + text.size() < kChunk) {
+        pending_ += text;
+        return;
     }
+    flush();
+    send(text);
 }
 
 void Output::flush() {
-    std::string_view rest = pending_;
+    send(pending_);
+    pending_.clear();
+}
+
+void Output::send(std::string_view rest) {
     while (!rest.empty()) {
         const ssize_t count = ::write(descriptor_, rest.data(), rest.size());
         if (count >= 0) {
@@ -238,7 +244,6 @@ void Output::flush() {
                               std::strerror(errno) + ".");
         }
     }
-    pending_.clear();
 }
 
 void Output::finish() {

@@ -92,6 +92,8 @@ class Output {
     void finish();
 
   private:
+    void send(std::string_view rest);
+
     std::string path_;
     std::string temporary_path_;  ///< empty when written in place
     int descriptor_ = 1;          // standard output
