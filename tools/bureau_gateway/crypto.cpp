@@ -77,7 +77,7 @@ void add_extension(X509* certificate, X509* issuer, int nid, const char* value) 
     require(X509_add_ext(certificate, extension.get(), -1) == 1);
 }
 
-constexpr long kDay = 24 * 60 * 60;
+constexpr long kDay = 24L * 60 * 60;
 
 /// Days from now that a certificate is good for.
 struct Validity {

@@ -53,7 +53,7 @@ class Gateway::Impl {
     Server server;  // after all that it uses, so that it ends first
 };
 
-Gateway::Gateway(Settings settings) : impl_(std::make_unique<Impl>(settings)) {}
+Gateway::Gateway(const Settings& settings) : impl_(std::make_unique<Impl>(settings)) {}
 
 Gateway::~Gateway() = default;
 
@@ -65,6 +65,7 @@ void Gateway::set_faults(std::vector<Fault> faults) { impl_->faults.set(std::mov
 
 void Gateway::set_faults(const std::vector<std::string>& specs) {
     std::vector<Fault> faults;
+    faults.reserve(specs.size());
     for (const std::string& each : specs) {
         faults.push_back(parse_fault(each));
     }

@@ -16,7 +16,7 @@ class Gateway {
   public:
     /// Starts to listen. Throws std::invalid_argument or std::runtime_error with one clear
     /// sentence when it cannot.
-    explicit Gateway(Settings settings = {});
+    explicit Gateway(const Settings& settings = {});
     ~Gateway();
     Gateway(const Gateway&) = delete;
     Gateway& operator=(const Gateway&) = delete;

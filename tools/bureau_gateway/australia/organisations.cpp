@@ -40,10 +40,11 @@ struct Candidate {
     std::string_view state;
 };
 
-Candidate invent(Random& random, std::string name) {
+Candidate invent(Random& random, const std::string& name) {
     Candidate made;
     made.kind = random.pick(std::span(kKinds));
-    made.name = name + " " + std::string(made.kind.code);
+    made.name = name;
+    made.name.append(" ").append(made.kind.code);
     made.reference = random.digits(9);
     made.number = random.digits(9);
     made.business_number = random.digits(2) + made.number;
@@ -80,8 +81,9 @@ void write_by_name(XmlWriter& xml, const std::string& name) {
     Random random(hash(name), "candidates");
     const int count = name == "NOTHING" ? 0 : random.between(1, 8);
     for (int i = 0; i < count; ++i) {
-        const std::string suffix(kSuffixes[static_cast<std::size_t>(i) % kSuffixes.size()]);
-        write(xml, invent(random, suffix.empty() ? name : name + " " + suffix));
+        const std::string_view suffix = kSuffixes[static_cast<std::size_t>(i) % kSuffixes.size()];
+        std::string full = name;
+        write(xml, invent(random, suffix.empty() ? full : full.append(" ").append(suffix)));
     }
 }
 

@@ -15,7 +15,7 @@ namespace http = beast::http;
 using Tcp = asio::ip::tcp;
 using std::chrono::milliseconds;
 
-constexpr std::size_t kPiece = 64 * 1024;
+constexpr std::size_t kPiece = std::size_t{64} * 1024;
 constexpr milliseconds kFarewell{2'000};
 
 /// The status that a request deserves which could not be read; none when the client has gone.

@@ -19,7 +19,7 @@ using std::chrono::milliseconds;
 
 asio::ip::address loopback_address(const std::string& host) {
     ErrorCode error;
-    const auto address = asio::ip::make_address(host == "localhost" ? "127.0.0.1" : host, error);
+    auto address = asio::ip::make_address(host == "localhost" ? "127.0.0.1" : host, error);
     if (error || !address.is_loopback()) {
         throw std::invalid_argument("The host must be a loopback address, such as 127.0.0.1.");
     }
