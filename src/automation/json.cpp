@@ -1,19 +1,15 @@
-// Reads JSON with RapidJSON, which no other file includes.
+// Reads and writes JSON with RapidJSON, which no other file includes.
 #include "automation/json.h"
+
+#include <algorithm>
 
 #include "platform/text.h"
 
-// The vector instructions read whole aligned blocks, which sanitizers cannot tell from reading past
-// an end.
-#if defined(__SSE2__) && !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
-#if !defined(__has_feature)
-#define RAPIDJSON_SSE2
-#elif !__has_feature(address_sanitizer) && !__has_feature(thread_sanitizer)
-#define RAPIDJSON_SSE2
-#endif
-#endif
+// Without its vector instructions: in this version they pass control characters from 0x1A on.
 #include <rapidjson/error/en.h>
 #include <rapidjson/reader.h>
+#include <rapidjson/stringbuffer.h>
+#include <rapidjson/writer.h>
 
 namespace zr::automation {
 namespace {
@@ -168,6 +164,81 @@ JsonValue parse_json(std::string_view text) {
         throw JsonError(message(result, builder.reason));
     }
     return builder.take();
+}
+
+struct JsonWriter::Output {
+    rapidjson::StringBuffer buffer;
+    rapidjson::Writer<rapidjson::StringBuffer> writer{buffer};
+    std::string repaired;
+};
+
+JsonWriter::JsonWriter() : output_(std::make_unique<Output>()) {}
+JsonWriter::~JsonWriter() = default;
+
+void JsonWriter::begin_object() { output_->writer.StartObject(); }
+void JsonWriter::end_object() { output_->writer.EndObject(); }
+void JsonWriter::begin_array() { output_->writer.StartArray(); }
+void JsonWriter::end_array() { output_->writer.EndArray(); }
+
+namespace {
+
+rapidjson::SizeType size_of(std::string_view text) {
+    return static_cast<rapidjson::SizeType>(text.size());
+}
+
+/// RapidJSON takes no null pointer for an empty text.
+const char* data_of(std::string_view text) { return text.empty() ? "" : text.data(); }
+
+}  // namespace
+
+void JsonWriter::name(std::string_view name) {
+    // A report has thousands of names, all of them plain: an empty raw value makes the writer set
+    // its comma, and the name is copied behind it in one go.
+    output_->writer.RawValue("", 0, rapidjson::kStringType);
+    char* target = output_->buffer.Push(name.size() + 2);
+    *target++ = '"';
+    target = std::copy(name.begin(), name.end(), target);
+    *target = '"';
+}
+
+void JsonWriter::null() { output_->writer.Null(); }
+
+void JsonWriter::boolean(bool value) { output_->writer.Bool(value); }
+
+void JsonWriter::number(std::int64_t value) { output_->writer.Int64(value); }
+
+void JsonWriter::text(std::string_view value) {
+    output_->writer.String(data_of(value), size_of(value));
+}
+
+void JsonWriter::value(const Value& value) {
+    if (holds_text(value)) {
+        text(text_of(value));
+    } else if (const bool* flag = std::get_if<bool>(&value)) {
+        boolean(*flag);
+    } else if (const std::int32_t* integer = std::get_if<std::int32_t>(&value)) {
+        number(*integer);
+    } else if (const Currency* amount = std::get_if<Currency>(&value)) {
+        const std::string digits = amount->to_fixed4();
+        output_->writer.RawValue(digits.data(), digits.size(), rapidjson::kNumberType);
+    } else if (const DateTime* date = std::get_if<DateTime>(&value)) {
+        text(date->to_iso());
+    } else {
+        null();
+    }
+}
+
+std::string_view JsonWriter::view() {
+    const std::string_view written(output_->buffer.GetString(), output_->buffer.GetSize());
+    if (text::is_valid_utf8(written)) {
+        return written;
+    }
+    return output_->repaired = text::to_valid_utf8(written);
+}
+
+void JsonWriter::clear() {
+    output_->buffer.Clear();
+    output_->writer.Reset(output_->buffer);
 }
 
 }  // namespace zr::automation

@@ -66,50 +66,36 @@ inline constexpr int kDeepestJson = 64;
 /// for nesting past kDeepestJson.
 JsonValue parse_json(std::string_view text);
 
-/// Writes one JSON text after another, each without line breaks, in document order. A reply has
-/// thousands of short texts, so this is made for them: half the time of a translation went into a
-/// general writer.
+/// Writes one JSON text after another, each without line breaks, in document order.
 class JsonWriter {
   public:
-    void begin_object() { open('{'); }
-    void end_object() { put('}'); }
-    void begin_array() { open('['); }
-    void end_array() { put(']'); }
+    JsonWriter();
+    ~JsonWriter();
+    JsonWriter(const JsonWriter&) = delete;
+    JsonWriter& operator=(const JsonWriter&) = delete;
+
+    void begin_object();
+    void end_object();
+    void begin_array();
+    void end_array();
     /// The name of the member that follows: a property's name, which needs no escaping.
     void name(std::string_view name);
 
-    void null() { plain("null"); }
-    void boolean(bool value) { plain(value ? "true" : "false"); }
+    void null();
+    void boolean(bool value);
     void number(std::int64_t value);
     void text(std::string_view value);
     /// Money as a number with four decimals, a date as text in the ISO form, and so on.
     void value(const Value& value);
 
-    /// Where the text ends by now.
-    std::size_t mark() const { return size_; }
-    /// What was written since a mark, until the next change.
-    std::string_view since(std::size_t mark) const { return {buffer_.get() + mark, size_ - mark}; }
-    /// Members or a value that were written before.
-    void again(std::string_view written) { plain(written); }
-
     /// The text written, anything in it that is not valid UTF-8 as U+FFFD, until the next change.
     std::string_view view();
     /// Forgets the text and keeps the room that it took.
-    void clear() { size_ = 0; }
+    void clear();
 
   private:
-    /// Room for so many bytes more, where the text ends.
-    char* room(std::size_t bytes);
-    /// Room for a value of so many bytes, behind the comma that it needs.
-    char* value_room(std::size_t bytes);
-    void open(char bracket);
-    void put(char character);
-    void plain(std::string_view value);
-
-    std::unique_ptr<char[]> buffer_;
-    std::size_t capacity_ = 0;
-    std::size_t size_ = 0;
-    std::string repaired_;
+    struct Output;
+    std::unique_ptr<Output> output_;
 };
 
 }  // namespace zr::automation

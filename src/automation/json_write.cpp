@@ -27,35 +27,6 @@ void write_array(JsonWriter& json, std::string_view name, std::span<const Field<
     json.end_array();
 }
 
-bool under_one_heading(const ResponseElement& left, const ResponseElement& right) {
-    return left.ResponseGroup() == right.ResponseGroup() &&
-           left.ResponseSubGroup() == right.ResponseSubGroup();
-}
-
-/// The lines of a report; what stands under one heading repeats it as it was written.
-void write_lines(JsonWriter& json, const ResponseElements& lines) {
-    constexpr std::size_t kHeadingFields = 3;  // group, its sorting text, sub-group
-    const auto fields = response_element_fields();
-    json.name("ResponseElements");
-    json.begin_array();
-    std::string heading;
-    const ResponseElement* last = nullptr;
-    for (const ResponseElement& line : lines) {
-        json.begin_object();
-        if (last != nullptr && under_one_heading(*last, line)) {
-            json.again(heading);
-        } else {
-            const std::size_t mark = json.mark();
-            write_fields(json, fields.first(kHeadingFields), line);
-            heading = json.since(mark);
-        }
-        write_fields(json, fields.subspan(kHeadingFields), line);
-        json.end_object();
-        last = &line;
-    }
-    json.end_array();
-}
-
 void write_code_tables(JsonWriter& json, const CodeTableCollection& tables) {
     json.name("CodeTables");
     json.begin_array();
@@ -106,7 +77,7 @@ void write_response(JsonWriter& json, const Response& response) {
         json.name(property.name);
         json.value(property.read(response));
     }
-    write_lines(json, response.ResponseElements());
+    write_array(json, "ResponseElements", response_element_fields(), response.ResponseElements());
     write_array(json, "CompanySelections", company_selection_fields(),
                 response.CompanySelections());
     json.end_object();
