@@ -170,13 +170,23 @@ struct JsonWriter::Output {
     rapidjson::StringBuffer buffer;
     rapidjson::Writer<rapidjson::StringBuffer> writer{buffer};
     std::string repaired;
+    Sink sink;
 };
 
-JsonWriter::JsonWriter() : output_(std::make_unique<Output>()) {}
+JsonWriter::JsonWriter(Sink sink) : output_(std::make_unique<Output>()) {
+    output_->sink = std::move(sink);
+}
 JsonWriter::~JsonWriter() = default;
 
 void JsonWriter::begin_object() { output_->writer.StartObject(); }
-void JsonWriter::end_object() { output_->writer.EndObject(); }
+void JsonWriter::end_object() {
+    constexpr std::size_t kLarge = std::size_t{1} << 20;
+    output_->writer.EndObject();
+    if (output_->sink && output_->buffer.GetSize() > kLarge) {
+        output_->sink(view());
+        output_->buffer.Clear();  // the writer goes on where it is in the document
+    }
+}
 void JsonWriter::begin_array() { output_->writer.StartArray(); }
 void JsonWriter::end_array() { output_->writer.EndArray(); }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -69,7 +70,11 @@ JsonValue parse_json(std::string_view text);
 /// Writes one JSON text after another, each without line breaks, in document order.
 class JsonWriter {
   public:
-    JsonWriter();
+    /// Takes the text written so far, valid UTF-8, wherever an object ends behind a large one: the
+    /// rest of the document then begins an empty buffer. A long report is never held whole.
+    using Sink = std::function<void(std::string_view text)>;
+
+    explicit JsonWriter(Sink sink = {});
     ~JsonWriter();
     JsonWriter(const JsonWriter&) = delete;
     JsonWriter& operator=(const JsonWriter&) = delete;

@@ -113,5 +113,33 @@ TEST(Json, WritesOneTextAfterAnother) {
     }
 }
 
+TEST(Json, HandsALongDocumentOnInPiecesThatMakeTheWhole) {
+    const auto write = [](JsonWriter& json) {
+        json.begin_object();
+        json.name("Items");
+        json.begin_array();
+        for (int item = 0; item < 3000; ++item) {
+            json.begin_object();
+            json.name("Text");
+            json.text(std::string(1000, 'x') + "\xC3\xA9" + std::to_string(item));
+            json.end_object();
+        }
+        json.end_array();
+        json.end_object();
+    };
+    JsonWriter whole;
+    write(whole);
+    std::string pieces;
+    int count = 0;
+    JsonWriter streamed([&](std::string_view text) {
+        pieces += text;
+        ++count;
+    });
+    write(streamed);
+    pieces += streamed.view();
+    EXPECT_GE(count, 2);
+    EXPECT_EQ(pieces, whole.view());
+}
+
 }  // namespace
 }  // namespace zr::automation

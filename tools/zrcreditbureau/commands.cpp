@@ -41,12 +41,20 @@ constexpr Command kCommands[] = {
      Operation::kTranslate, Fields::kServiceAndProduct, Format::kText, true},
 };
 
-void write_document(Output& output, std::string document) {
-    if (!document.empty() && !document.ends_with('\n')) {
-        document += '\n';
-    }
+void write_document(Output& output, std::string_view document) {
     output.write(document);
+    if (!document.empty() && !document.ends_with('\n')) {
+        output.write("\n");
+    }
     output.finish();
+}
+
+/// Writes a JSON document as it is made.
+template <class Write>
+void write_json(Output& output, Write write) {
+    automation::JsonWriter json([&output](std::string_view text) { output.write(text); });
+    write(json);
+    write_document(output, json.view());
 }
 
 std::string outcome_text(Operation operation, const Outcome& outcome) {
@@ -68,17 +76,18 @@ std::string outcome_text(Operation operation, const Outcome& outcome) {
 constexpr std::string_view kNoHtml =
     "There is no HTML without a style sheet: name one with --xslt-file-name.\n";
 
-std::string outcome_document(const Invocation& invocation, const Outcome& outcome) {
+void write_outcome(Output& output, const Invocation& invocation, const Outcome& outcome) {
     const Operation operation = *invocation.command->operation;
     switch (invocation.format) {
-        case Format::kJson: {
-            automation::JsonWriter json;
-            write_result(json, operation, outcome);
-            return std::string(json.view());
-        }
+        case Format::kJson:
+            write_json(output, [&](automation::JsonWriter& json) {
+                write_result(json, operation, outcome);
+            });
+            return;
         case Format::kHtml:
             if (!outcome.response->ResponseHTML().empty()) {
-                return outcome.response->ResponseHTML();
+                write_document(output, outcome.response->ResponseHTML());
+                return;
             }
             // What was paid for is not thrown away.
             std::cerr << kNoHtml;
@@ -86,7 +95,7 @@ std::string outcome_document(const Invocation& invocation, const Outcome& outcom
         case Format::kText:
             break;
     }
-    return outcome_text(operation, outcome);
+    write_document(output, outcome_text(operation, outcome));
 }
 
 void require_country(const Invocation& invocation) {
@@ -116,9 +125,9 @@ int run_catalogue(const Invocation& invocation) {
     if (invocation.format == Format::kText) {
         write_document(output, catalogue_text(bureau));
     } else {
-        automation::JsonWriter json;
-        automation::write_catalogue(json, bureau);
-        write_document(output, std::string(json.view()));
+        write_json(output, [&](automation::JsonWriter& json) {
+            automation::write_catalogue(json, bureau);
+        });
     }
     return kDone;
 }
@@ -144,7 +153,7 @@ int run_one(const Invocation& invocation) {
     Performer performer(*invocation.command->operation);
     const Outcome outcome = performer.perform(invocation.job);
     if (outcome.result || invocation.format == Format::kJson) {
-        write_document(output, outcome_document(invocation, outcome));
+        write_outcome(output, invocation, outcome);
     }
     if (!outcome.result) {
         std::cerr << printable(outcome.error_message) << '\n';

@@ -41,7 +41,7 @@ void run_ndjson(Performer& performer, const Job& base, Output& output) {
         output.flush();
         return true;
     });
-    automation::JsonWriter json;
+    automation::JsonWriter json([&output](std::string_view text) { output.write(text); });
     std::string_view line;
     for (bool first = true; lines.next(line); first = false) {
         if (first && line.starts_with(kByteOrderMark)) {
