@@ -9,6 +9,8 @@
 #include <stdexcept>
 #include <string_view>
 
+#include "services/b2bay/report_layout_au.h"
+#include "services/b2bay/report_tables_nz.h"
 #include "services/common/statistics.h"
 #include "services/vedaxml_au/report_layout.h"
 #include "services/vedaxml_nz/report_layout.h"
@@ -166,36 +168,62 @@ std::size_t read_statistics(xmlXPathContext* context, xmlNode* node,
     return values;
 }
 
-/// An individual's New Zealand report: the applicant's or a director's.
-std::size_t read_new_zealand_person(xmlXPathContext* context, xmlNode* report) {
-    return read_statistics(context, report, new_zealand::individual_categories()) +
-           read_sections(context, std::array{report}, new_zealand::individual_sections());
+/// What is read of a service's replies: of a person, and where the service has them of companies.
+struct Tables {
+    std::span<const layout::Section> sections;
+    std::span<const StatisticsCategory> categories;
+    std::span<const layout::Section> company_sections;
+    std::span<const StatisticsCategory> company_categories;
+};
+
+Tables tables_of(std::string_view service) {
+    const auto b2bay = [](const b2bay::ReportTables& tables) {
+        return Tables{tables.individual_sections, tables.individual_categories,
+                      tables.company_sections, tables.company_categories};
+    };
+    if (service == "VedaXMLAU") {
+        return {australia::report_sections(), australia::statistics_categories(), {}, {}};
+    }
+    if (service == "VedaXMLNZ") {
+        return {new_zealand::individual_sections(), new_zealand::individual_categories(),
+                new_zealand::company_sections(), new_zealand::company_categories()};
+    }
+    if (service == "B2BayAU") {
+        return {b2bay::australian_sections(), b2bay::australian_categories(), {}, {}};
+    }
+    return b2bay(service == "B2BayNZ" ? b2bay::version_1() : b2bay::version_2());
 }
 
 }  // namespace
 
 void read_and_free(const std::string& text) { (void)read(text); }
 
-std::size_t read_naively(const std::string& text) {
+std::size_t read_naively(const std::string& text, std::string_view service) {
+    const Tables tables = tables_of(service);
     const Document document = read(text);
     const Context owner(xmlXPathNewContext(document.get()));
     xmlXPathContext* const context = owner.get();
     xmlNode* const report =
         first_node(context, xmlDocGetRootElement(document.get()),
                    "/BCAmessage/BCAservices/BCAservice/BCAservice-data/response/enquiry-report");
+    const auto read_person = [&](xmlNode* person) {
+        return read_statistics(context, person, tables.categories) +
+               read_sections(context, std::array{person, report}, tables.sections);
+    };
     if (xmlNode* const match = first_node(context, report, "primary-match")) {
-        return read_statistics(context, match, australia::statistics_categories()) +
-               read_sections(context, std::array{match, report}, australia::report_sections());
+        return read_person(match);
     }
     xmlNode* const company = first_node(context, report, "company-report");
     if (company == nullptr) {
-        return read_new_zealand_person(context, report);
+        return read_statistics(context, report, tables.categories) +
+               read_sections(context, std::array{report}, tables.sections);
     }
-    std::size_t values =
-        read_statistics(context, report, new_zealand::company_categories()) +
-        read_sections(context, std::array{company}, new_zealand::company_sections());
-    for_each_node(context, report, "director-report",
-                  [&](xmlNode* director) { values += read_new_zealand_person(context, director); });
+    std::size_t values = read_statistics(context, report, tables.company_categories) +
+                         read_sections(context, std::array{company}, tables.company_sections);
+    for_each_node(context, report, "director-report", [&](xmlNode* director) {
+        values += read_statistics(context, director, tables.categories) +
+                  read_sections(context, std::array{director}, tables.sections);
+    });
     return values;
 }
 

@@ -343,10 +343,58 @@ std::string make_new_zealand_company(std::size_t bytes) {
     return reply.append(kNewZealandPersonTail.substr(report_end));
 }
 
+// The first version of the stored New Zealand reports has attributes where others have elements.
+
+constexpr std::string_view kStoredDefault =
+    R"(<default create-date="201#-02-1#" last-update-date="201#-03-1#">
+ <credit-provider>Lanternlight Finance</credit-provider>
+ <default-status>Payment Default</default-status>
+ <default-amount>14#3.50</default-amount>
+ <default-balance>#21.75</default-balance>
+</default>
+)";
+
+constexpr std::string_view kStoredCollection =
+    R"(<collection create-date="201#-05-1#">
+ <creditor>Copperfield Supplies</creditor>
+ <collection-status>Collection Dept/Agency</collection-status>
+ <collection-amount>2#10.00</collection-amount>
+ <collection-balance>1#.00</collection-balance>
+</collection>
+)";
+
+constexpr std::string_view kStoredJudgement =
+    R"(<judgement date-paid="201#-08-0#">
+ <publication-date>201#-01-2#</publication-date>
+ <creditor>Copperfield Supplies</creditor>
+ <court-type>District Court</court-type>
+ <judgement-amount>2#10.00</judgement-amount>
+ <judgement-status>Paid</judgement-status>
+ <narrative>Supply of fittings</narrative>
+</judgement>
+)";
+
+constexpr std::string_view kStoredDefaults[] = {kStoredDefault};
+constexpr std::string_view kStoredCollections[] = {kStoredCollection};
+constexpr std::string_view kStoredJudgements[] = {kStoredJudgement};
+constexpr File kStoredFiles[] = {
+    {"default-file", kStoredDefaults},
+    {"collection-file", kStoredCollections},
+    {"credit-file", kNewZealandEnquiries},
+    {"judgement-file", kStoredJudgements},
+};
+
+std::string make_stored_new_zealand(std::size_t bytes) {
+    return make({kNewZealandPersonHead, kStoredFiles, kNewZealandPersonTail}, bytes);
+}
+
 constexpr ReplyKind kKinds[] = {
     {"au-person", "AU", "VedaXMLAU", "consumer-plus-commercial-enquiry", make_australian},
     {"nz-person", "NZ", "VedaXMLNZ", "enquiry_individual", make_new_zealand_person},
     {"nz-company", "NZ", "VedaXMLNZ", "enquiry_company_with_directors", make_new_zealand_company},
+    {"b2bay-au", "AU", "B2BayAU", "consumer-enquiry", make_australian},
+    {"b2bay-nz", "NZ", "B2BayNZ", "enquiry_individual", make_stored_new_zealand},
+    {"b2bay-nz-v2", "NZ", "B2BayNZ_V2", "enquiry_individual", make_new_zealand_person},
 };
 
 }  // namespace

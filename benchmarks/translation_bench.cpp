@@ -55,7 +55,8 @@ std::vector<Case> cases(const ReplyKind& kind) {
     auto translator = std::make_shared<Translator>(kind);
     return {{"parse", read_and_free},
             {"translate", [translator](const std::string& reply) { translator->translate(reply); }},
-            {"naive", [](const std::string& reply) { read_naively(reply); }}};
+            {"naive",
+             [service = kind.service](const std::string& reply) { read_naively(reply, service); }}};
 }
 
 /// Keeps the least time of every benchmark: what the work costs when the machine does nothing else.
