@@ -168,6 +168,39 @@ std::size_t read_statistics(xmlXPathContext* context, xmlNode* node,
     return values;
 }
 
+/// What the reply checks and the response's summary read, beneath the person's report.
+constexpr std::string_view kSummaryPaths[] = {
+    "//BCAservice-data/BCAerror",
+    "//BCAservice-data/response/error",
+    "/BCAmessage/@service-request-id",
+    "bureau-reference | file-id",
+    "@type | file-id/@match-type",
+    "individual/individual-name/family-name",
+    "individual/individual-name/first-given-name",
+    "individual/individual-name/other-given-name",
+    "individual/gender/@type",
+    "individual/date-of-birth",
+    "individual/drivers-licence-number | individual/marital-status/@type",
+    "individual/employment[1]/employer",
+    "individual/employment[1]/occupation",
+    "individual/address[@type='residential-current' or @type='current']/unit-number",
+    "individual/address[@type='residential-current' or @type='current']/street-number",
+    "individual/address[@type='residential-current' or @type='current']/street-name",
+    "individual/address[@type='residential-current' or @type='current']/street-type/@code",
+    "individual/address[@type='residential-current' or @type='current']/suburb",
+    "individual/address[@type='residential-current' or @type='current']/state | "
+    "individual/address[@type='residential-current' or @type='current']/city",
+    "individual/address[@type='residential-current' or @type='current']/postcode",
+};
+
+std::size_t read_summary(xmlXPathContext* context, xmlNode* person) {
+    std::size_t values = 0;
+    for (const std::string_view path : kSummaryPaths) {
+        values += read_value(context, person, path);
+    }
+    return values;
+}
+
 /// What is read of a service's replies: of a person, and where the service has them of companies.
 struct Tables {
     std::span<const layout::Section> sections;
@@ -210,15 +243,17 @@ std::size_t read_naively(const std::string& text, std::string_view service) {
         return read_statistics(context, person, tables.categories) +
                read_sections(context, std::array{person, report}, tables.sections);
     };
-    if (xmlNode* const match = first_node(context, report, "primary-match")) {
-        return read_person(match);
+    xmlNode* const match = first_node(context, report, "primary-match");
+    const std::size_t summary = read_summary(context, match != nullptr ? match : report);
+    if (match != nullptr) {
+        return summary + read_person(match);
     }
     xmlNode* const company = first_node(context, report, "company-report");
     if (company == nullptr) {
-        return read_statistics(context, report, tables.categories) +
+        return summary + read_statistics(context, report, tables.categories) +
                read_sections(context, std::array{report}, tables.sections);
     }
-    std::size_t values = read_statistics(context, report, tables.company_categories) +
+    std::size_t values = summary + read_statistics(context, report, tables.company_categories) +
                          read_sections(context, std::array{company}, tables.company_sections);
     for_each_node(context, report, "director-report", [&](xmlNode* director) {
         values += read_statistics(context, director, tables.categories) +

@@ -92,7 +92,12 @@ Currency to_currency(std::string_view text) {
     char last = '0';
     const auto append = [&](char digit) {
         const auto value = static_cast<std::uint64_t>(digit - '0');
-        units = units > (limit - value) / 10 ? limit : units * 10 + value;
+        constexpr std::uint64_t kFarFromAnyLimit = kHighest / 100;
+        if (units < kFarFromAnyLimit) {
+            units = units * 10 + value;
+        } else {
+            units = units > (limit - value) / 10 ? limit : units * 10 + value;
+        }
         last = digit;
     };
     std::for_each(decimal->whole.begin(), decimal->whole.end(), append);

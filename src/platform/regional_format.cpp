@@ -1,6 +1,10 @@
 #include "platform/regional_format.h"
 
+#include <array>
+#include <charconv>
 #include <cmath>
+#include <cstddef>
+#include <cstdint>
 #include <optional>
 
 #include "platform/convert.h"
@@ -69,15 +73,52 @@ Applies examine(std::string_view pattern) {
     return {digits || literal_only, dates_first || literal_only};
 }
 
+constexpr std::string_view kGroupedCents = "#,##0.00";
+
+/// An amount as kGroupedCents has it, with the prefix before its digits: what a report writes by
+/// the thousand. The same text as the pattern's.
+void append_money(std::string& target, std::string_view prefix, Currency amount) {
+    constexpr std::uint64_t kUnitsPerCent = 100;
+    constexpr std::ptrdiff_t kGroup = 3;
+    const bool below_zero = amount < Currency();
+    const auto units = static_cast<std::uint64_t>(amount.units());
+    const std::uint64_t cents =
+        ((below_zero ? 0 - units : units) + kUnitsPerCent / 2) / kUnitsPerCent;
+    std::array<char, 24> digits;
+    const char* const end =
+        std::to_chars(digits.data(), digits.data() + digits.size(), cents / 100).ptr;
+    if (below_zero && cents != 0) {
+        target += '-';
+    }
+    target += prefix;
+    for (const char* at = digits.data(); at != end; ++at) {
+        if (at != digits.data() && (end - at) % kGroup == 0) {
+            target += ',';
+        }
+        target += *at;
+    }
+    target += '.';
+    target += static_cast<char>('0' + cents % 100 / 10);
+    target += static_cast<char>('0' + cents % 10);
+}
+
 }  // namespace
 
 struct RegionalFormat::Compiled {
     std::optional<NumberPattern> number;
+    /// What stands before the digits, where the pattern is the usual one of money.
+    std::optional<std::string_view> money_prefix;
     std::optional<DatePattern> date;
 
     void set(std::string_view number_pattern, std::string_view date_pattern) {
         if (!number_pattern.empty()) {
             number.emplace(number_pattern);
+        }
+        for (const std::string_view prefix : {"$", ""}) {
+            if (number_pattern.starts_with(prefix) &&
+                number_pattern.substr(prefix.size()) == kGroupedCents) {
+                money_prefix = prefix;
+            }
         }
         if (!date_pattern.empty()) {
             date.emplace(date_pattern);
@@ -112,7 +153,9 @@ RegionalFormat::RegionalFormat(RegionalFormat&&) noexcept = default;
 RegionalFormat& RegionalFormat::operator=(RegionalFormat&&) noexcept = default;
 
 void RegionalFormat::append(std::string& target, Currency amount) const {
-    if (!compiled_->append(target, amount)) {
+    if (compiled_->money_prefix) {
+        append_money(target, *compiled_->money_prefix, amount);
+    } else if (!compiled_->append(target, amount)) {
         target += amount.to_plain();
     }
 }

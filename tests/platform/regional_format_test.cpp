@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <limits>
 #include <string>
+#include <vector>
 
 #include "platform/convert.h"
 
@@ -196,6 +197,28 @@ TEST(RegionalFormat, WritesDatePatterns) {
         EXPECT_EQ(RegionalFormat(row.pattern).format(row.date), row.expected) << row.pattern;
     }
     EXPECT_EQ(RegionalFormat("medium date").format(DateTime()), "0000-00-00");
+}
+
+TEST(RegionalFormat, WritesTheUsualMoneyAsTheGeneralPatternDoes) {
+    // The same patterns spelled so that they are not recognised as the usual ones.
+    const RegionalFormat usual("currency");
+    const RegionalFormat general("\\$#,##0.00");
+    const RegionalFormat usual_plain("standard");
+    const RegionalFormat general_plain("#,##0.00\"\"");
+    constexpr std::int64_t kHighest = std::numeric_limits<std::int64_t>::max();
+    std::vector<std::int64_t> values = {0, kHighest, -kHighest, -kHighest - 1};
+    for (std::int64_t power = 1; power < kHighest / 10; power *= 10) {
+        for (const std::int64_t near :
+             {power - 1, power, power + 1, power + 49, power + 50, 5 * power, 5 * power - 1}) {
+            values.push_back(near);
+            values.push_back(-near);
+        }
+    }
+    for (const std::int64_t units : values) {
+        const Currency amount = Currency::from_units(units);
+        EXPECT_EQ(usual.format(amount), general.format(amount)) << units;
+        EXPECT_EQ(usual_plain.format(amount), general_plain.format(amount)) << units;
+    }
 }
 
 TEST(RegionalFormat, AppendsToWhatIsThere) {
