@@ -4,18 +4,17 @@
 #include <cstddef>
 
 #include "services/b2bay/summary_lines.h"
-#include "services/common/australian_lines.h"
+#include "services/common/australian_sections.h"
 #include "services/common/australian_statistics.h"
 
 namespace zr::b2bay {
 namespace {
 
+namespace sections = australia::sections;
+using australia::kMatch;
+using australia::kReport;
 using namespace australia::lines;    // lines that the VedaXML reports have, too
 using namespace australia::counted;  // rows that the VedaXML statistics have, too
-
-// What the writer's sources are.
-constexpr std::uint8_t kMatch = 0;
-constexpr std::uint8_t kReport = 1;
 
 constexpr Line kB2BayEmploymentLines[] = {
     text(Pieces{constant("Employer"), date_at("@create-date").within(" (", ")")}, "employer"),
@@ -79,47 +78,31 @@ constexpr Section kSections[] = {
     {Group::kPerson, "Individual", "Employment", Numbering::kPosition, kMatch,
      "individual[1]/employment", kB2BayEmploymentLines},
 
-    {Group::kPrefixed, "Consumer Cross References", "Cross Reference", Numbering::kPosition, kMatch,
-     "individual-consumer-credit-file/individual-cross-reference", kCrossReferenceLines},
+    sections::kConsumerCrossReferences,
     {Group::kPrefixed, "Consumer Defaults", "Default", Numbering::kPosition, kMatch,
      "individual-consumer-credit-file/default", kB2BayDefaultLines},
-    {Group::kPrefixed, "Consumer Notes", "Note", Numbering::kPosition, kMatch,
-     "individual-consumer-credit-file/file-note", kNoteLines},
-    {Group::kPrefixed, "Consumer Current Credit Providers", "Current Credit Provider",
-     Numbering::kPosition, kMatch, "individual-consumer-credit-file/current-credit-provider",
-     kCurrentProviderLines},
+    sections::kConsumerNotes,
+    sections::kConsumerCurrentCreditProviders,
     {Group::kPrefixed, "Consumer Enquiries", "Consumer Enquiry", Numbering::kPosition, kMatch,
      "individual-consumer-credit-file/credit-enquiry", kB2BayConsumerEnquiryLines},
     {Group::kPrefixed, "Consumer  File Messages", "Message", Numbering::kPosition, kMatch,
      "individual-consumer-credit-file/file-message", kMessageLines},
 
-    {Group::kPrefixed, "Commercial Cross References", "Cross Reference", Numbering::kPosition,
-     kMatch, "individual-commercial-credit-file/individual-cross-reference", kCrossReferenceLines},
+    sections::kCommercialCrossReferences,
     {Group::kPrefixed, "Commercial Defaults", "Default", Numbering::kPosition, kMatch,
      "individual-commercial-credit-file/default", kB2BayDefaultLines},
-    {Group::kPrefixed, "Commercial Notes", "Note", Numbering::kPosition, kMatch,
-     "individual-commercial-credit-file/file-note", kNoteLines},
-    {Group::kPrefixed, "Commercial Current Credit Providers", "Current Credit Provider",
-     Numbering::kPosition, kMatch, "individual-commercial-credit-file/current-credit-provider",
-     kCurrentProviderLines},
-    {Group::kPrefixed, "Commercial Enquiries", "Enquiry", Numbering::kPosition, kMatch,
-     "individual-commercial-credit-file/credit-enquiry", kCommercialEnquiryLines},
+    sections::kCommercialNotes,
+    sections::kCommercialCurrentCreditProviders,
+    sections::kCommercialEnquiries,
     {Group::kPrefixed, "Commercial  File Messages", "Message", Numbering::kPosition, kMatch,
      "individual-commercial-credit-file/file-message", kMessageLines},
 
-    {Group::kPrefixed, "Directorships", "Directorship", Numbering::kPosition, kMatch,
-     "individual-public-data-file/directorship", kDirectorshipLines},
-    {Group::kPrefixed, "Disqualified Directorships", "Disqualified Directorship",
-     Numbering::kPosition, kMatch, "individual-public-data-file/disqualified-directorship",
-     kDisqualifiedDirectorshipLines},
-    {Group::kPrefixed, "Proprietorships", "Proprietorship", Numbering::kPosition, kMatch,
-     "individual-public-data-file/proprietorship", kProprietorshipLines},
-    {Group::kPrefixed, "Bankruptcies", "Bankruptcy", Numbering::kPosition, kMatch,
-     "individual-public-data-file/bankruptcy", kBankruptcyLines},
-    {Group::kPrefixed, "Court Actions", "Court Action", Numbering::kPosition, kMatch,
-     "individual-public-data-file/court-action", kCourtActionLines},
-    {Group::kPrefixed, "Public File Data Messages", "File Message", Numbering::kPosition, kMatch,
-     "individual-public-data-file/file-message", kMessageLines},
+    sections::kDirectorships,
+    sections::kDisqualifiedDirectorships,
+    sections::kProprietorships,
+    sections::kBankruptcies,
+    sections::kCourtActions,
+    sections::kPublicFileDataMessages,
 
     // These belong to the report rather than to the match; the score's group has no prefix.
     {Group::kPrefixed, "Summary", "Summary Data", Numbering::kNone, kReport, "summary-data/summary",

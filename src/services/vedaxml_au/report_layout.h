@@ -9,12 +9,7 @@
 
 namespace zr::australia {
 
-/// The nodes that sections start from, in the order in which the writer takes them.
-enum Source : std::uint8_t {
-    kMatch = 0,   ///< the matched file: primary or possible match
-    kReport = 1,  ///< the enquiry report
-};
-
+/// Start from the match and the enquiry report, in this order.
 std::span<const layout::Section> report_sections();
 std::span<const StatisticsCategory> statistics_categories();
 std::span<const SummaryBlock> quick_summary();
