@@ -251,7 +251,8 @@ void ReportWriter::append_value(std::string& target, const CompiledPiece& compil
         case Form::kConstant:
             return;
         case Form::kText:
-            return append_host_text(target, record.value(compiled.path).value_or(""));
+            append_sub_node_text(target, record, compiled.path);
+            return;
         case Form::kDate:
             return append_date(target, formats_.date, record.value(compiled.path));
         case Form::kGeneralDate:
@@ -296,8 +297,9 @@ void ReportWriter::append_amount(std::string& target, const CompiledPiece& compi
         case Form::kMoney:
             return formats_.money.append(target, amount());
         case Form::kMoneyText:
-            if (!convert::is_number(text.value_or(""))) {
-                return append_host_text(target, text.value_or(""));
+            if (!convert::is_currency(text.value_or(""))) {
+                append_sub_node_text(target, record, compiled.path);
+                return;
             }
             [[fallthrough]];
         case Form::kMoneySymbol:
@@ -360,7 +362,7 @@ void ReportWriter::append_person_name(std::string& target, XmlNode person) {
     for (const XmlPath* part :
          {&layout_.first_given_name_, &layout_.other_given_name_, &layout_.family_name_}) {
         std::string text;
-        append_host_text(text, person.value(*part).value_or(""));
+        append_sub_node_text(text, person, *part);
         join_part(name, " ", text);
     }
     target += name;
