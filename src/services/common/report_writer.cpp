@@ -210,8 +210,7 @@ void ReportWriter::append(std::string& target, std::size_t start, const Compiled
     }
     const std::size_t value_begin = target.size();
     append_value(target, compiled, record);
-    const bool needs_value = piece.when == When::kIfValue || piece.when == When::kJoined ||
-                             (piece.when == When::kUnless && first);
+    const bool needs_value = piece.when == When::kIfValue || piece.when == When::kJoined;
     if (target.size() == value_begin && needs_value) {
         target.resize(piece_begin);
         return;
@@ -219,13 +218,20 @@ void ReportWriter::append(std::string& target, std::size_t start, const Compiled
     target += piece.after;
 }
 
-bool ReportWriter::condition_holds(const CompiledPiece& compiled, XmlNode record) const {
+bool ReportWriter::condition_holds(const CompiledPiece& compiled, XmlNode record) {
     const Piece& piece = *compiled.piece;
     const auto is_other = [&] {
         return text::equal_ignoring_case(record.value(compiled.condition).value_or(""),
                                          piece.other);
     };
     switch (piece.when) {
+        case When::kIfAnyValue:
+            return std::any_of(compiled.parts.begin(), compiled.parts.end(),
+                               [&](const CompiledPiece& part) {
+                                   std::string value;
+                                   append_value(value, part, record);
+                                   return !value.empty();
+                               });
         case When::kIfAmount:
             return !ZRXMLUtilities::GetSubNodeCurrency(record, compiled.path, Currency()).is_zero();
         case When::kIfOtherBirth: {
@@ -261,6 +267,7 @@ void ReportWriter::append_value(std::string& target, const CompiledPiece& compil
         case Form::kMoneySymbol:
         case Form::kMoneyText:
         case Form::kNumber:
+        case Form::kNumberText:
         case Form::kCount:
         case Form::kPercent:
             return append_amount(target, compiled, record);
@@ -291,17 +298,18 @@ void ReportWriter::append_amount(std::string& target, const CompiledPiece& compi
     if (text.value_or("").empty() && layout_.missing_ == MissingAmounts::kNoLine) {
         return;
     }
+    const Form form = compiled.piece->form;
+    if ((form == Form::kMoneyText && !convert::is_currency(text.value_or(""))) ||
+        (form == Form::kNumberText && !convert::is_number(text.value_or("")))) {
+        append_sub_node_text(target, record, compiled.path);
+        return;
+    }
     const auto amount = [&] { return convert::to_currency(text.value_or("")); };
     const auto number = [&] { return ZRXMLUtilities::GetSubNodeDouble(record, compiled.path, 0); };
-    switch (compiled.piece->form) {
+    switch (form) {
         case Form::kMoney:
             return formats_.money.append(target, amount());
         case Form::kMoneyText:
-            if (!convert::is_currency(text.value_or(""))) {
-                append_sub_node_text(target, record, compiled.path);
-                return;
-            }
-            [[fallthrough]];
         case Form::kMoneySymbol:
             return formats_.money_symbol.append(target, amount());
         case Form::kCount:

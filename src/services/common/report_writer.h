@@ -114,7 +114,7 @@ class ReportWriter {
     void append(std::string& target, std::span<const CompiledPiece> pieces, XmlNode record);
     /// `start` is where the text that the piece belongs to begins in the target.
     void append(std::string& target, std::size_t start, const CompiledPiece& piece, XmlNode record);
-    bool condition_holds(const CompiledPiece& piece, XmlNode record) const;
+    bool condition_holds(const CompiledPiece& piece, XmlNode record);
     void append_value(std::string& target, const CompiledPiece& piece, XmlNode record);
     void append_amount(std::string& target, const CompiledPiece& piece, XmlNode record) const;
     static void append_date(std::string& target, const RegionalFormat& format,
