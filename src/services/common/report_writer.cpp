@@ -209,29 +209,24 @@ void ReportWriter::append(std::string& target, std::size_t start, const Compiled
         target += piece.before;
     }
     const std::size_t value_begin = target.size();
+    const std::size_t values_before = values_;
     append_value(target, compiled, record);
     const bool needs_value = piece.when == When::kIfValue || piece.when == When::kJoined;
-    if (target.size() == value_begin && needs_value) {
+    if ((needs_value && target.size() == value_begin) ||
+        (piece.when == When::kIfAnyValue && values_ == values_before)) {
         target.resize(piece_begin);
         return;
     }
     target += piece.after;
 }
 
-bool ReportWriter::condition_holds(const CompiledPiece& compiled, XmlNode record) {
+bool ReportWriter::condition_holds(const CompiledPiece& compiled, XmlNode record) const {
     const Piece& piece = *compiled.piece;
     const auto is_other = [&] {
         return text::equal_ignoring_case(record.value(compiled.condition).value_or(""),
                                          piece.other);
     };
     switch (piece.when) {
-        case When::kIfAnyValue:
-            return std::any_of(compiled.parts.begin(), compiled.parts.end(),
-                               [&](const CompiledPiece& part) {
-                                   std::string value;
-                                   append_value(value, part, record);
-                                   return !value.empty();
-                               });
         case When::kIfAmount:
             return !ZRXMLUtilities::GetSubNodeCurrency(record, compiled.path, Currency()).is_zero();
         case When::kIfOtherBirth: {
@@ -253,6 +248,14 @@ bool ReportWriter::condition_holds(const CompiledPiece& compiled, XmlNode record
 
 void ReportWriter::append_value(std::string& target, const CompiledPiece& compiled,
                                 XmlNode record) {
+    const std::size_t begin = target.size();
+    append_form(target, compiled, record);
+    if (compiled.parts.empty() && target.size() != begin) {
+        ++values_;
+    }
+}
+
+void ReportWriter::append_form(std::string& target, const CompiledPiece& compiled, XmlNode record) {
     switch (compiled.piece->form) {
         case Form::kConstant:
             return;
