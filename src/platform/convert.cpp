@@ -15,7 +15,7 @@ namespace {
 /// The digits of a number in plain decimal notation.
 struct DecimalText {
     bool negative = false;
-    std::string_view whole;
+    std::string_view whole;  ///< of money perhaps with commas
     std::string_view fraction;
 };
 
@@ -23,11 +23,27 @@ bool all_digits(std::string_view text) {
     return std::all_of(text.begin(), text.end(), digits::is_digit);
 }
 
-std::optional<DecimalText> read_decimal(std::string_view text) {
+// One to three digits, then groups of a comma and three digits.
+bool is_grouped(std::string_view text) {
+    constexpr std::size_t kGroup = 4;
+    const std::size_t lead = text.size() % kGroup;
+    bool grouped = lead != 0 && all_digits(text.substr(0, lead));
+    for (std::size_t at = lead; grouped && at < text.size(); at += kGroup) {
+        grouped = text[at] == ',' && all_digits(text.substr(at + 1, kGroup - 1));
+    }
+    return grouped;
+}
+
+enum class Syntax : std::uint8_t { kNumber, kMoney };
+
+std::optional<DecimalText> read_decimal(std::string_view text, Syntax syntax) {
     text = text::trim(text);
     DecimalText result;
     if (!text.empty() && (text.front() == '-' || text.front() == '+')) {
         result.negative = text.front() == '-';
+        text.remove_prefix(1);
+    }
+    if (syntax == Syntax::kMoney && text.starts_with('$')) {
         text.remove_prefix(1);
     }
     const std::size_t point = text.find('.');
@@ -36,7 +52,9 @@ std::optional<DecimalText> read_decimal(std::string_view text) {
         result.fraction = text.substr(point + 1);
     }
     const bool any = !result.whole.empty() || !result.fraction.empty();
-    if (!any || !all_digits(result.whole) || !all_digits(result.fraction)) {
+    const bool whole =
+        all_digits(result.whole) || (syntax == Syntax::kMoney && is_grouped(result.whole));
+    if (!any || !whole || !all_digits(result.fraction)) {
         return std::nullopt;
     }
     return result;
@@ -80,7 +98,7 @@ double parse_double(const std::string& number) {
 }  // namespace
 
 Currency to_currency(std::string_view text) {
-    const auto decimal = read_decimal(text);
+    const auto decimal = read_decimal(text, Syntax::kMoney);
     if (!decimal) {
         return {};
     }
@@ -91,6 +109,9 @@ Currency to_currency(std::string_view text) {
     std::uint64_t units = 0;
     char last = '0';
     const auto append = [&](char digit) {
+        if (digit == ',') {
+            return;
+        }
         const auto value = static_cast<std::uint64_t>(digit - '0');
         constexpr std::uint64_t kFarFromAnyLimit = kHighest / 100;
         if (units < kFarFromAnyLimit) {
@@ -112,7 +133,7 @@ Currency to_currency(std::string_view text) {
 }
 
 double to_number(std::string_view text, int decimals) {
-    const auto decimal = read_decimal(text);
+    const auto decimal = read_decimal(text, Syntax::kNumber);
     if (!decimal) {
         return 0;
     }
@@ -128,7 +149,9 @@ double to_number(std::string_view text, int decimals) {
     return decimal->negative && value != 0 ? -value : value;
 }
 
-bool is_number(std::string_view text) { return read_decimal(text).has_value(); }
+bool is_number(std::string_view text) { return read_decimal(text, Syntax::kNumber).has_value(); }
+
+bool is_currency(std::string_view text) { return read_decimal(text, Syntax::kMoney).has_value(); }
 
 std::string to_text(double value) {
     if (!std::isfinite(value)) {

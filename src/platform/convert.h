@@ -11,13 +11,17 @@
 
 namespace zr::convert {
 
-/// Text to money. A decimal point, an optional sign, surrounding blanks; nothing else. Halves
-/// beyond the fourth decimal round to even; amounts past the range stay at its ends. 0 for other
-/// text.
+/// Text to money: a number as for to_number, perhaps with a dollar sign behind its sign and a comma
+/// before every three digits of its whole part ("-$1,200.00"). Halves beyond the fourth decimal
+/// round to even; amounts past the range stay at its ends. 0 for other text.
 Currency to_currency(std::string_view text);
 
-/// Text to a number rounded (halves to even, on the decimal text) to `decimals` decimals. Same
-/// syntax; 0 for other text; a number too large stays at the largest value.
+/// Whether the text is money in that syntax.
+bool is_currency(std::string_view text);
+
+/// Text to a number rounded (halves to even, on the decimal text) to `decimals` decimals. Digits, a
+/// decimal point, an optional sign, surrounding blanks; nothing else: 0 for other text. A number
+/// too large stays at the largest value.
 double to_number(std::string_view text, int decimals);
 
 /// Whether the text is a number in that syntax.

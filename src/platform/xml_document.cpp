@@ -2,6 +2,7 @@
 #include "platform/xml_document.h"
 
 #include <algorithm>
+#include <functional>
 #include <limits>
 #include <span>
 #include <utility>
@@ -57,11 +58,6 @@ class Walker {
             case Step::Axis::kDescendant:
                 descendants(context, step, steps.subspan(1));
                 break;
-            case Step::Axis::kAttribute:
-                if (const auto* const found = find_attribute(tree_, context, step.name)) {
-                    sink_.attribute(context, *found);
-                }
-                break;
         }
     }
 
@@ -104,17 +100,24 @@ class Walker {
 };
 
 bool may_match(const XmlTree& tree, const Alternative& alternative) {
-    return std::all_of(alternative.steps.begin(), alternative.steps.end(), [&](const Step& step) {
-        return step.axis == Step::Axis::kAttribute || tree.has_name(step.name);
-    });
+    return std::all_of(alternative.steps.begin(), alternative.steps.end(),
+                       [&](const Step& step) { return tree.has_name(step.name); });
 }
 
+// Walks to the elements at the alternative's steps.
+template <class Sink>
+void evaluate(const XmlTree& tree, std::uint32_t context, const Alternative& alternative,
+              Sink& sink) {
+    if (!may_match(tree, alternative)) return;
+    Walker<Sink>(tree, sink).walk(alternative.absolute ? 0 : context, alternative.steps);
+}
+
+// The same of every alternative that selects elements.
 template <class Sink>
 void evaluate(const XmlTree& tree, std::uint32_t context,
               const std::vector<Alternative>& alternatives, Sink& sink) {
     for (const Alternative& alternative : alternatives) {
-        if (!may_match(tree, alternative)) continue;
-        Walker<Sink>(tree, sink).walk(alternative.absolute ? 0 : context, alternative.steps);
+        if (alternative.attribute == 0) evaluate(tree, context, alternative, sink);
     }
 }
 
@@ -123,27 +126,6 @@ struct FirstElement {
 
     bool wants(std::uint32_t node) const { return node < best; }
     void element(std::uint32_t node) { best = std::min(best, node); }
-    static void attribute(std::uint32_t, const XmlTree::Attribute&) {}
-};
-
-// An attribute comes after its element and before that element's children.
-struct FirstValue {
-    std::uint32_t best = kNone;
-    const XmlTree::Attribute* best_attribute = nullptr;
-
-    bool wants(std::uint32_t node) const { return node <= best; }
-    void element(std::uint32_t node) {
-        if (node > best) return;
-        best = node;
-        best_attribute = nullptr;
-    }
-    void attribute(std::uint32_t node, const XmlTree::Attribute& found) {
-        const bool earlier =
-            node < best || (node == best && best_attribute != nullptr && &found < best_attribute);
-        if (!earlier) return;
-        best = node;
-        best_attribute = &found;
-    }
 };
 
 template <class Add>
@@ -152,7 +134,30 @@ struct EveryElement {
 
     static bool wants(std::uint32_t) { return true; }
     void element(std::uint32_t node) { add(node); }
-    static void attribute(std::uint32_t, const XmlTree::Attribute&) {}
+};
+
+/// The first value of a union: of each alternative the first element, or that element's attribute.
+struct FirstValue {
+    const XmlTree& tree;
+    std::uint32_t best = kNone;
+    const XmlTree::Attribute* attribute = nullptr;  ///< of the best element; null: it itself
+
+    void search(std::uint32_t context, const Alternative& alternative) {
+        constexpr std::uint32_t kNext = 1;  // the best one itself may have an earlier attribute
+        FirstElement found{best == kNone ? kNone : best + kNext};
+        const std::uint32_t unfound = found.best;
+        evaluate(tree, context, alternative, found);
+        if (found.best == unfound) return;
+        const XmlTree::Attribute* const its_attribute =
+            alternative.attribute == 0 ? nullptr
+                                       : find_attribute(tree, found.best, alternative.attribute);
+        if (alternative.attribute != 0 && its_attribute == nullptr) return;
+        // An attribute comes after its element and before that element's children.
+        if (found.best < best || std::less<>()(its_attribute, attribute)) {
+            best = found.best;
+            attribute = its_attribute;
+        }
+    }
 };
 
 // Paths that can yield a node twice, or nodes out of order: unions, and steps below a // step.
@@ -165,20 +170,15 @@ bool needs_sorting(const std::vector<Alternative>& alternatives) {
     });
 }
 
-/// The first element, and where it is asked for its attribute, that a plain path selects. The same
-/// result as the walker's at a fraction of its cost: this is how most values are read.
+/// The first element at the names of a plain path. The same result as the walker's at a fraction of
+/// its cost: this is how most values are read.
 struct PlainSearch {
     const XmlTree& tree;
     const xml_path::Plain& path;
-    const XmlTree::Attribute* attribute = nullptr;
 
     /// The element, kNone where there is none. `depth` names have been matched down to `node`.
-    std::uint32_t find(std::uint32_t node, std::size_t depth = 0) {
-        if (depth == path.children.size()) {
-            if (path.attribute == 0) return node;
-            attribute = find_attribute(tree, node, path.attribute);
-            return attribute != nullptr ? node : kNone;
-        }
+    std::uint32_t find(std::uint32_t node, std::size_t depth = 0) const {
+        if (depth == path.children.size()) return node;
         const XmlNameId name = path.children[depth];
         const XmlNameId* const names = tree.names.data();
         const XmlTree::Node* const nodes = tree.nodes.data();
@@ -232,20 +232,21 @@ XmlNode XmlNode::first(const XmlPath& path) const {
     return sink.best == kNone ? XmlNode{} : XmlNode(tree_, sink.best);
 }
 
-std::optional<std::string_view> XmlNode::value(const XmlPath& path) const {
+std::optional<XmlValue> XmlNode::find(const XmlPath& path) const {
     if (tree_ == nullptr) return std::nullopt;
-    if (path.plain_) {
-        PlainSearch search{*tree_, *path.plain_};
-        const std::uint32_t found = search.find(index_);
-        if (found == kNone) return std::nullopt;
-        return search.attribute != nullptr ? tree_->value(*search.attribute)
-                                           : text_of(*tree_, found);
+    if (!path.plain_) {
+        FirstValue first{*tree_};
+        for (const Alternative& alternative : path.alternatives_) first.search(index_, alternative);
+        if (first.best == kNone) return std::nullopt;
+        if (first.attribute != nullptr) return XmlValue{tree_->value(*first.attribute), true};
+        return XmlValue{text_of(*tree_, first.best)};
     }
-    FirstValue sink;
-    evaluate(*tree_, index_, path.alternatives_, sink);
-    if (sink.best == kNone) return std::nullopt;
-    return sink.best_attribute != nullptr ? tree_->value(*sink.best_attribute)
-                                          : text_of(*tree_, sink.best);
+    const std::uint32_t found = PlainSearch{*tree_, *path.plain_}.find(index_);
+    if (found == kNone) return std::nullopt;
+    if (path.plain_->attribute == 0) return XmlValue{text_of(*tree_, found)};
+    const auto* const attribute = find_attribute(*tree_, found, path.plain_->attribute);
+    if (attribute == nullptr) return std::nullopt;
+    return XmlValue{tree_->value(*attribute), true};
 }
 
 std::vector<XmlNode> XmlNode::select(const XmlPath& path) const {

@@ -54,7 +54,7 @@ struct Predicate {
 };
 
 struct Step {
-    enum class Axis : std::uint8_t { kChild, kDescendant, kAttribute };
+    enum class Axis : std::uint8_t { kChild, kDescendant };
     Axis axis = Axis::kChild;
     XmlNameId name = 0;
     std::uint32_t position = 0;  ///< 1-based among the step's matches in one parent, 0 for all
@@ -64,6 +64,7 @@ struct Step {
 struct Alternative {
     bool absolute = false;
     std::vector<Step> steps;  ///< none: the context itself
+    XmlNameId attribute = 0;  ///< of the first element that the steps select; 0: none
 };
 
 /// What most paths are: names of children from the context down, perhaps an attribute of the last.
@@ -74,11 +75,13 @@ struct Plain {
 
 }  // namespace xml_path
 
-/// A compiled path: child steps (a/b), a leading / or //, or // between steps, an attribute at the
-/// end (@a or a/@b), attributes compared ([@type='x']), a 1-based position ([2], after any such
-/// comparison), a union (a/b | c/d), also in brackets at the front of a path ((a | b)/c), and "."
-/// for the context itself. Results come in document order, each once. Elements are named without a
-/// prefix, and are those in no namespace; attributes are named as written (lang, xml:lang).
+/// A compiled path: child steps (a/b), a leading / or //, or // between steps, attributes compared
+/// ([@type='x']), a 1-based position ([2], after any such comparison), a union (a/b | c/d), also in
+/// brackets at the front of a path ((a | b)/c), and "." for the context itself. Results come in
+/// document order, each once. A path of a union, but not one that begins with brackets, may end in
+/// an attribute (@a or a/@b): that of the first element at the steps before it and of no later one.
+/// Elements are named without a prefix, and are those in no namespace; attributes are named as
+/// written (lang, xml:lang).
 class XmlPath {
   public:
     /// Compiles `expression`; throws std::invalid_argument naming it when it is no such path.
@@ -91,6 +94,12 @@ class XmlPath {
     friend class XmlNode;
     std::vector<xml_path::Alternative> alternatives_;
     std::optional<xml_path::Plain> plain_;  ///< the same path, where it is a plain one
+};
+
+/// What a path selects: an element's text or an attribute's value. A view into the document.
+struct XmlValue {
+    std::string_view text;
+    bool of_attribute = false;
 };
 
 /// An element of a document, or none. A handle: cheap to copy, valid while its document lives, also
@@ -114,9 +123,16 @@ class XmlNode {
     /// The first element that the path selects, or none.
     XmlNode first(const XmlPath& path) const;
 
-    /// The text of the first element, or the value of the first attribute, that the path selects;
-    /// none when it selects nothing. An attribute precedes the children of its element.
-    std::optional<std::string_view> value(const XmlPath& path) const;
+    /// The text of the element, or the value of the attribute, that comes first of what the paths
+    /// of the union select; none when they select nothing. An attribute precedes the children of
+    /// its element.
+    std::optional<XmlValue> find(const XmlPath& path) const;
+
+    /// As find: the text alone.
+    std::optional<std::string_view> value(const XmlPath& path) const {
+        const std::optional<XmlValue> found = find(path);
+        return found ? std::optional(found->text) : std::nullopt;
+    }
 
     /// Every element that the path selects, in document order.
     std::vector<XmlNode> select(const XmlPath& path) const;

@@ -72,24 +72,21 @@ class Compiler {
     }
 
     void add_step(Alternatives& heads, Step::Axis axis) {
-        const Step step = this->step(axis);
-        for (Alternative& head : heads) {
-            const bool ended =
-                !head.steps.empty() && head.steps.back().axis == Step::Axis::kAttribute;
-            if (ended) fail();
-            head.steps.push_back(step);
+        for (const Alternative& head : heads) {
+            if (head.attribute != 0) fail();
         }
+        if (take("@")) {
+            if (axis == Step::Axis::kDescendant || heads.size() != 1) fail();
+            heads.front().attribute = attribute_name();
+            return;
+        }
+        const Step step = this->step(axis);
+        for (Alternative& head : heads) head.steps.push_back(step);
     }
 
     Step step(Step::Axis axis) {
         Step step;
         step.axis = axis;
-        if (take("@")) {
-            if (axis == Step::Axis::kDescendant) fail();
-            step.axis = Step::Axis::kAttribute;
-            step.name = attribute_name();
-            return step;
-        }
         step.name = names_.add(name());
         while (step.position == 0 && take("[")) {
             if (take("@")) {
@@ -176,15 +173,12 @@ class Compiler {
 std::optional<xml_path::Plain> as_plain(const Alternatives& alternatives) {
     if (alternatives.size() != 1 || alternatives.front().absolute) return std::nullopt;
     xml_path::Plain plain;
+    plain.attribute = alternatives.front().attribute;
     for (const Step& step : alternatives.front().steps) {
-        if (step.axis == Step::Axis::kAttribute) {
-            plain.attribute = step.name;
-        } else if (step.axis == Step::Axis::kChild && step.position == 0 &&
-                   step.predicates.empty()) {
-            plain.children.push_back(step.name);
-        } else {
-            return std::nullopt;
-        }
+        const bool is_plain =
+            step.axis == Step::Axis::kChild && step.position == 0 && step.predicates.empty();
+        if (!is_plain) return std::nullopt;
+        plain.children.push_back(step.name);
     }
     return plain;
 }

@@ -11,13 +11,17 @@ std::optional<std::string_view> text_if_present(XmlNode node) {
     return node ? std::optional(node.text()) : std::nullopt;
 }
 
-std::string host_text(std::optional<std::string_view> text, std::string_view default_text) {
-    if (!text) {
-        return std::string(default_text);
+// An element's text, every line feed as CR LF.
+void append_host_text(std::string& target, std::string_view text) {
+    for (;;) {
+        const std::size_t line_feed = text.find('\n');
+        target += text.substr(0, line_feed);
+        if (line_feed == std::string_view::npos) {
+            return;
+        }
+        target += text::kCrLf;
+        text.remove_prefix(line_feed + 1);
     }
-    std::string result;
-    append_host_text(result, *text);
-    return result;
 }
 
 double number(std::optional<std::string_view> text, double default_value) {
@@ -36,25 +40,32 @@ std::optional<DateTime> date(std::optional<std::string_view> text,
 
 }  // namespace
 
-void append_host_text(std::string& target, std::string_view text) {
-    for (;;) {
-        const std::size_t line_feed = text.find('\n');
-        target += text.substr(0, line_feed);
-        if (line_feed == std::string_view::npos) {
-            return;
-        }
-        target += text::kCrLf;
-        text.remove_prefix(line_feed + 1);
+bool append_sub_node_text(std::string& target, XmlNode node, const XmlPath& path) {
+    const std::optional<XmlValue> value = node.find(path);
+    if (!value) {
+        return false;
     }
+    if (value->of_attribute) {
+        target += value->text;
+    } else {
+        append_host_text(target, value->text);
+    }
+    return true;
 }
 
 std::string ZRXMLUtilities::GetNodeString(XmlNode node, std::string_view default_text) {
-    return host_text(text_if_present(node), default_text);
+    if (!node) {
+        return std::string(default_text);
+    }
+    std::string result;
+    append_host_text(result, node.text());
+    return result;
 }
 
 std::string ZRXMLUtilities::GetSubNodeString(XmlNode node, const XmlPath& path,
                                              std::string_view default_text) {
-    return host_text(node.value(path), default_text);
+    std::string result;
+    return append_sub_node_text(result, node, path) ? result : std::string(default_text);
 }
 
 std::int16_t ZRXMLUtilities::GetNodeInteger(XmlNode node, std::int16_t default_value) {

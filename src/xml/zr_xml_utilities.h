@@ -15,7 +15,8 @@ namespace zr {
 
 /// A missing node or attribute never raises: it yields the caller's default. A node that is present
 /// with empty text is not missing. Text that does not convert gives 0, or null for a date. A path
-/// may end in an attribute, whose value is then read as a node's text is.
+/// may end in an attribute, whose value is then read in the node's place, its line feeds as they
+/// are.
 class ZRXMLUtilities {
   public:
     /// The node's text with every line feed as CR LF.
@@ -53,8 +54,8 @@ class ZRXMLUtilities {
         std::optional<DateTime> default_date = {});
 };
 
-/// Appends a document's text to `target` in the host's line-break convention: every line feed as
-/// CR LF.
-void append_host_text(std::string& target, std::string_view text);
+/// Appends the text that GetSubNodeString reads to `target`. False, and nothing, when the path
+/// selects nothing.
+bool append_sub_node_text(std::string& target, XmlNode node, const XmlPath& path);
 
 }  // namespace zr

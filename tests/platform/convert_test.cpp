@@ -15,9 +15,13 @@ constexpr double kLargest = std::numeric_limits<double>::max();
 // The ISO text of a date, "none" without one.
 std::string iso(const std::optional<DateTime>& date) { return date ? date->to_iso() : "none"; }
 
-const char* const kNotNumbers[] = {"",    " ",    ".",   "-",   "+.",   "1e3",   "1,000", "$5",
-                                   "--1", "1-",   "- 1", "1 2", "0x1F", "1.2.3", "abc",   "\t1",
-                                   "١",   "1.5%", "(1)", "1\n", "NaN",  "inf"};
+const char* const kNotAmounts[] = {
+    "",       " ",        ".",        "-",       "+.",     "1e3",    "--1",      "1-",
+    "- 1",    "1 2",      "0x1F",     "1.2.3",   "abc",    "\t1",    "١",        "1.5%",
+    "(1)",    "1\n",      "NaN",      "inf",     "$",      "$.",     "$-5",      "$ 5",
+    "5$",     "$$5",      "1,20",     "12,00",   ",200",   "1,,200", "1200,000", "1,2000",
+    "1,200,", "1,200,00", "1.200,00", "1.5,000", "1, 200", "-,200",  ","};
+const char* const kAmountsOnly[] = {"1,000", "$5", "-$1,000.5"};
 
 TEST(Converters, ReadCurrency) {
     const struct {
@@ -45,12 +49,20 @@ TEST(Converters, ReadCurrency) {
         {"-922337203685477.5809", "-922337203685477.5808"},
         {"99999999999999999999999999999", "922337203685477.5807"},
         {"-99999999999999999999999999999", "-922337203685477.5808"},
+        {"1,200.00", "1200"},
+        {" $500 ", "500"},
+        {"-$1,200", "-1200"},
+        {"+$.5", "0.5"},
+        {"$12,345,678.90005", "12345678.9"},
+        {"922,337,203,685,477.5808", "922337203685477.5807"},
     };
     for (const auto& row : cases) {
         EXPECT_EQ(to_currency(row.text).to_plain(), row.expected) << row.text;
+        EXPECT_TRUE(is_currency(row.text)) << row.text;
     }
-    for (const char* text : kNotNumbers) {
+    for (const char* text : kNotAmounts) {
         EXPECT_TRUE(to_currency(text).is_zero()) << text;
+        EXPECT_FALSE(is_currency(text)) << text;
     }
 }
 
@@ -82,8 +94,12 @@ TEST(Converters, ReadNumbers) {
         EXPECT_EQ(to_number(row.text, row.decimals), row.expected) << row.text;
     }
     EXPECT_FALSE(std::signbit(to_number("-0.4", 0)));
-    for (const char* text : kNotNumbers) {
+    for (const char* text : kNotAmounts) {
         EXPECT_EQ(to_number(text, 2), 0) << text;
+    }
+    for (const char* text : kAmountsOnly) {
+        EXPECT_EQ(to_number(text, 2), 0) << text;
+        EXPECT_FALSE(is_number(text)) << text;
     }
 }
 

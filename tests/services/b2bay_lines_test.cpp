@@ -41,6 +41,43 @@ TEST(B2BayLines, AreThoseOfTheService) {
          "<credit-enquiry><credit-enquirer>E</credit-enquirer><enquiry-amount>0</enquiry-amount>"
          "<client-reference>R</client-reference></credit-enquiry>",
          "</credit-file>", "Enquiries", "Enquiry 1/On =E\r\n    Client Reference \"R\""},
+        // What one layout has as attributes another has as elements.
+        {kV2, "<default-file>",
+         "<default><joint-liability>Y</joint-liability><company-loan>Y</company-loan></default>",
+         "</default-file>", "Defaults", "Default /Joint Liability=Yes; Default /Company Loan=Yes"},
+        {kV2, "<individual><alias>",
+         "<create-date>2010-01-02</create-date><individual-name><family-name>B</family-name>"
+         "</individual-name>",
+         "</alias></individual>", "Individual", "Alias 1/Name (02-Jan-10)=B"},
+        {kV2, "<note-file>",
+         "<note unique-id='04' type='200'><create-date>2010-01-02</create-date></note>",
+         "</note-file>", "Notes", "Note 4/On 02-Jan-10=General: 2010-01-02"},
+        {kV2, "<identity-verification><property-ownership>",
+         "<property-ownership-verification-result><verified>Y</verified>"
+         "</property-ownership-verification-result>",
+         "</property-ownership></identity-verification>", "Verification",
+         "Property Ownership/Verified=Y"},
+        {kV2, "<verification>",
+         "<electronic-white-pages><phone-type>P</phone-type></electronic-white-pages>",
+         "</verification>", "Verification", "White Pages/Phone Type=P"},
+        {kV2, "<verification><electronic-white-pages><phone-type>P</phone-type>",
+         "</electronic-white-pages></verification><identity-verification><electronic-white-pages>",
+         "<phone-type>Q</phone-type></electronic-white-pages></identity-verification>",
+         "Verification", "White Pages/Phone Type=Q"},
+        {kAu, "<individual><address type='current'>",
+         "<create-date>2010-01-02</create-date><suburb>S</suburb>", "</address></individual>",
+         "Individual", "Addresses/current (02-Jan-10)=S"},
+        {kAu, "<individual><employment>",
+         "<create-date>2010-01-02</create-date><employer>E</employer>",
+         "</employment></individual>", "Individual", "Employment 1/Employer (02-Jan-10)=E"},
+        {kAu, "<individual-consumer-credit-file>",
+         "<file-note><date-recorded>2010-01-02</date-recorded></file-note>",
+         "</individual-consumer-credit-file>", "Consumer Notes", "Note 1/On 02-Jan-10=2010-01-02"},
+        {kAu, "<individual-commercial-credit-file>",
+         "<current-credit-provider><date-provided>2010-01-02</date-provided>"
+         "<credit-provider>C</credit-provider></current-credit-provider>",
+         "</individual-commercial-credit-file>", "Commercial Current Credit Providers",
+         "Current Credit Provider 1/On 02-Jan-10=C"},
         {kV2, "<judgement-file>", "<judgement date-paid='2012-01-02'/>", "</judgement-file>",
          "Judgements", "Judgement /Date Paid=02-Jan-12"},
         {kV2, "<lost-stolen-id-file>",
@@ -52,8 +89,10 @@ TEST(B2BayLines, AreThoseOfTheService) {
          "Lost/Stolen Id 2/On =Pass - NOT REPORTED TO POLICE"},
         {kV2, "<summary-data>",
          "<summary name='A' type='amount'>n/a</summary><summary name='B' type='amount'/>"
-         "<summary name='C' type='count'>4</summary>",
-         "</summary-data>", "Summary", "Summary Data/A=n/a; Summary Data/C=4"},
+         "<summary name='C' type='count'>4</summary>"
+         "<summary name='D' type='amount'>$1,234</summary>",
+         "</summary-data>", "Summary",
+         "Summary Data/A=n/a; Summary Data/C=4; Summary Data/D=$1,234.00"},
         {kV2, "<company/><company-default-file>",
          "<company-default unique-id='05'><date-account-opened>2010-01-02</date-account-opened>"
          "<company-default-status last-update-date='2011-01-02'>Paid</company-default-status>"
@@ -133,13 +172,31 @@ TEST(B2BayLines, OfAScoreAreNeverPrefixed) {
 }
 
 TEST(B2BayLines, OfAustralianScoresStandBesideTheMatch) {
-    Import import(kAu);
-    import.report("",
-                  "<score-data><score><risk-factor impact-level='High'>F</risk-factor>"
-                  "<population population-odds='2.5'/></score></score-data>"
-                  "<area-level-risk indicator='9'/>");
-    EXPECT_EQ(import.lines("Score"),
-              "Score/F risk=High; Score/Population Odds=2.5; Score/Area Level Risk=9");
+    const std::string of_score = "<area-level-risk indicator='7'/><area-level-risk indicator='8'/>";
+    const std::string of_report = "<area-level-risk indicator='9'/>";
+    const auto score_data = [](const std::string& more) {
+        return "<score-data>" + more + "</score-data>";
+    };
+    const struct {
+        std::string report;
+        const char* lines;
+    } cases[] = {
+        {score_data("<score><risk-factor impact-level='High'>F</risk-factor>"
+                    "<population population-odds='2.5'/></score>") +
+             of_report,
+         "Score/F risk=High; Score/Population Odds=2.5; Score/Area Level Risk=9"},
+        {score_data("<score><relative-risk>n/a</relative-risk><risk-odds>2.50</risk-odds>"
+                    "<population population-odds='even'/></score>"),
+         "Score/Relative Risk=n/a; Score/Risk Odds=2.5; Score/Population Odds=even"},
+        // The score's own comes before the report's, in one line.
+        {of_report + score_data(of_score), "Score/Area Level Risk=7"},
+        {score_data("<area-level-risk/>") + of_report, "Score/Area Level Risk=9"},
+    };
+    for (const auto& row : cases) {
+        Import import(kAu);
+        import.report("", row.report);
+        EXPECT_EQ(import.lines("Score"), row.lines) << row.report;
+    }
 }
 
 }  // namespace

@@ -127,6 +127,46 @@ TEST_F(NewZealandReply, ReadsTheBankruptcyFileOnlyWithoutAnyInsolvency) {
     }
 }
 
+TEST_F(NewZealandReply, LooksForTheCompanyInEveryReport) {
+    const std::string first = "<enquiry-report><director-report/></enquiry-report>";
+    const struct {
+        std::string response;
+        const char* company;
+        std::int16_t directors;
+    } cases[] = {
+        {first + "<enquiry-report><company><company><company-name>A</company-name></company>"
+                 "</company></enquiry-report>",
+         "A", 0},
+        {first + "<enquiry-report><company-report><company><company-name>B</company-name></company>"
+                 "</company-report><director-report/></enquiry-report>",
+         "B", 2},
+    };
+    for (const auto& row : cases) {
+        const Response& response = translated(row.response);
+        EXPECT_EQ(response.CompanyName(), row.company);
+        EXPECT_EQ(response.DirectorsCount(), row.directors) << row.company;
+    }
+}
+
+TEST_F(NewZealandReply, TakesTheMessageOfTheFirstResponseOnly) {
+    EXPECT_EQ(translated("<general-message>One</general-message></response><response>"
+                         "<general-message>Two</general-message>")
+                  .ResponseMessage(),
+              "One");
+    EXPECT_EQ(
+        translated("</response><response><general-message>Two</general-message>").ResponseMessage(),
+        "");
+}
+
+TEST_F(NewZealandReply, FindsTheFirstPropertyOwnershipResult) {
+    const std::string result = "<property-ownership-verification-result><property-owner>";
+    const std::string end = "</property-owner></property-ownership-verification-result>";
+    individual("<identity-verification><property-ownership/><property-ownership>" + result + "A" +
+               end + result + "B" + end + "</property-ownership><property-ownership>" + result +
+               "C" + end + "</property-ownership></identity-verification>");
+    EXPECT_EQ(lines("Verification", "Owner"), "A");
+}
+
 TEST_F(NewZealandReply, OwesNothingOnAJudgementWithAnyStatusCode) {
     const auto judgement = [](const std::string& status) {
         return "<judgement-file><judgement><judgement-amount>500</judgement-amount>" + status +

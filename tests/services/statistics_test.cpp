@@ -92,19 +92,20 @@ TEST(Statistics, CountEventsStrictlyLaterThanTheStartOfAPeriod) {
 }
 
 TEST(Statistics, CountWhatIsOwed) {
-    const auto default_of = [](const std::string& code, const std::string& amount) {
-        return "<individual-consumer-credit-file><default><account-details><default-status code='" +
-               code +
+    const auto default_of = [](const std::string& code, const std::string& amount,
+                               const std::string& before = "") {
+        return "<individual-consumer-credit-file><default><account-details>" + before +
+               "<default-status code='" + code +
                "'/></account-details><original-default><default-amount>1000.25</default-amount>"
                "</original-default><current-default><default-amount>" +
                amount +
                "</default-amount></current-default></default></individual-consumer-credit-file>";
     };
     const auto action_of = [](const std::string& type, const std::string& code,
-                              const std::string& amount) {
+                              const std::string& amount, const std::string& before = "") {
         return "<individual-public-data-file><court-action type='" + type +
-               "'><court-action-amount>" + amount +
-               "</court-action-amount><court-action-status code='" + code +
+               "'><court-action-amount>" + amount + "</court-action-amount>" + before +
+               "<court-action-status code='" + code +
                "'/></court-action></individual-public-data-file>";
     };
     const RecordFamily defaults = RecordFamily::kDefault;
@@ -125,13 +126,17 @@ TEST(Statistics, CountWhatIsOwed) {
         {default_of("", "0"), defaults, 0, "1000.25", "0"},
         {default_of("", "-5"), defaults, 0, "1000.25", "-5"},
         {default_of("", ""), defaults, 0, "1000.25", "0"},
-        {default_of("", "$500"), defaults, 0, "1000.25", "0"},
+        {default_of("", "$1,500"), defaults, 1, "1000.25", "1500"},
+        {default_of("", "AUD 500"), defaults, 0, "1000.25", "0"},
         {action_of("default-judgement", "D", "70"), judgements, 0, "70", "0"},
         {action_of("default-judgement", "P", "70"), judgements, 0, "70", "0"},
         {action_of("default-judgement", "S", "70"), judgements, 0, "70", "0"},
         {action_of("default-judgement", "U", "70"), judgements, 1, "70", "70"},
         {action_of("writ", "D", "70"), writs, 0, "70", "0"},
         {action_of("", "", "70"), writs, 1, "70", "70"},
+        // A code is that of the first status, which may have none.
+        {default_of("S", "500", "<default-status/>"), defaults, 1, "1000.25", "500"},
+        {action_of("", "D", "70", "<court-action-status/>"), writs, 1, "70", "70"},
     };
     FakeBureau bureau;
     for (const auto& row : cases) {

@@ -17,17 +17,20 @@ class Reading {
   public:
     explicit Reading(const std::string& content)
         : path_("r/n", names_),
+          attribute_path_("r/n/@date", names_),
           date_(names_.add("date")),
           document_(std::get<XmlDocument>(XmlDocument::parse("<r>" + content + "</r>", names_))) {}
 
     XmlNode root() const { return document_.root(); }
     XmlNode node() const { return root().first(path_); }
     const XmlPath& path() const { return path_; }
+    const XmlPath& attribute_path() const { return attribute_path_; }
     XmlNameId date() const { return date_; }
 
   private:
     XmlNames names_;
     XmlPath path_;
+    XmlPath attribute_path_;
     XmlNameId date_;
     XmlDocument document_;
 };
@@ -89,12 +92,14 @@ TEST(XmlUtilities, ReadsAttributesOrDefaults) {
         {"<n date='soon'/>", "soon", kDefault},
         {"<n date='2012-02-29'/>", "2012-02-29", kDay},
         {"<n/><n date='2012-02-29'/>", "none", kDefault},
+        {"<n date='one&#10;two'/>", "one\ntwo", kDefault},
     };
     for (const auto& row : cases) {
         const Reading read(row.content);
         EXPECT_EQ(Xml::GetAttributeString(read.node(), read.date(), "none"), row.text);
         EXPECT_EQ(Xml::GetSubNodeAttributeString(read.root(), read.path(), read.date(), "none"),
                   row.text);
+        EXPECT_EQ(Xml::GetSubNodeString(read.root(), read.attribute_path(), "none"), row.text);
         EXPECT_EQ(Xml::GetAttributeDate(read.node(), read.date(), kDefault), row.date);
         EXPECT_EQ(Xml::GetSubNodeAttributeDate(read.root(), read.path(), read.date(), kDefault),
                   row.date);

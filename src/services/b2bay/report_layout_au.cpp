@@ -1,8 +1,5 @@
 #include "services/b2bay/report_layout_au.h"
 
-#include <array>
-#include <cstddef>
-
 #include "services/b2bay/summary_lines.h"
 #include "services/common/australian_sections.h"
 #include "services/common/australian_statistics.h"
@@ -16,10 +13,30 @@ using australia::kReport;
 using namespace australia::lines;    // lines that the VedaXML reports have, too
 using namespace australia::counted;  // rows that the VedaXML statistics have, too
 
+// Dates that one layout of the bureau has as attributes and another as elements.
+constexpr std::string_view kCreateDate = "@create-date | create-date";
+
+constexpr Line kB2BayAddressLines[] = {
+    line(Pieces{text_at("@type"), date_at(kCreateDate).within(" (", ")")}, kAddressText),
+};
+
 constexpr Line kB2BayEmploymentLines[] = {
-    text(Pieces{constant("Employer"), date_at("@create-date").within(" (", ")")}, "employer"),
+    text(Pieces{constant("Employer"), date_at(kCreateDate).within(" (", ")")}, "employer"),
     text("Occupation", "occupation"),
 };
+
+constexpr Line kB2BayNoteLines[] = {
+    text(Pieces{constant("On "), date_at("@date-recorded | date-recorded")}, "."),
+};
+
+constexpr Line kB2BayCurrentProviderLines[] = {
+    line(Pieces{constant("On "), date_at("@date-provided | date-provided")}, kCurrentProvider),
+};
+
+constexpr Section with_lines(Section section, std::span<const Line> lines) {
+    section.lines = lines;
+    return section;
+}
 
 // A role's words; its type where it has none.
 constexpr Case kRole[] = {
@@ -30,19 +47,6 @@ constexpr Case kAccountRole[] = {
     {"", text_at("account-details/role/@type")},
     otherwise(text_at("account-details/role")),
 };
-
-/// The lines with another one in place of that with its label.
-template <std::size_t n>
-constexpr std::array<Line, n> with(const Line (&lines)[n], const Line& other) {
-    std::array<Line, n> changed = std::to_array(lines);
-    for (Line& line : changed) {
-        const Piece& label = line.label.all().front();
-        if (label.form == Form::kConstant && label.before == other.label.all().front().before) {
-            line = other;
-        }
-    }
-    return changed;
-}
 
 constexpr auto kB2BayDefaultLines =
     with(kDefaultLines,
@@ -55,17 +59,31 @@ constexpr auto kB2BayConsumerEnquiryLines =
          line("Account Type",
               Pieces{text_at("account-type"), choice_at("role", kRole).within(" as ").if_value()}));
 
+constexpr Line number_or_text(const Pieces& label, std::string_view path) {
+    return line(label, of(Form::kNumberText, path));
+}
+
 constexpr Line kB2BayScoreLines[] = {
     text("Type", "score/@type"),
     text("Scorecard", "score/scorecard-name"),
-    number("Relative Risk", "score/relative-risk"),
-    number("Relative Risk Index", "score/relative-risk-index"),
-    number("Risk Odds", "score/risk-odds"),
+    number_or_text("Relative Risk", "score/relative-risk"),
+    number_or_text("Relative Risk Index", "score/relative-risk-index"),
+    number_or_text("Risk Odds", "score/risk-odds"),
     line_for_each("score/risk-factor", text_at(".").within("", " risk"),
                   Pieces{text_at("@impact-level"), text_at("@impact-effect").joined(" ")}),
     text("Population", "score/population/@population-name | score/population/population-name"),
-    number("Population Odds",
-           "score/population/@population-odds | score/population/population-odds"),
+    number_or_text("Population Odds",
+                   "score/population/@population-odds | score/population/population-odds"),
+};
+
+// The score's own, or else that beside it.
+constexpr std::string_view kAreaLevelRiskOfScore = "score-data[1]/area-level-risk/@indicator";
+constexpr Case kAreaLevelRisk[] = {
+    {"", text_at("area-level-risk/@indicator")},
+    otherwise(text_at(kAreaLevelRiskOfScore)),
+};
+constexpr Line kB2BayAreaLevelRiskLines[] = {
+    line("Area Level Risk", choice_at(kAreaLevelRiskOfScore, kAreaLevelRisk)),
 };
 
 // Group, word, sub-group, numbering, source, records, lines: in the order of the report. The file
@@ -74,15 +92,15 @@ constexpr Section kSections[] = {
     {Group::kPerson, "Individual", "Details", Numbering::kNone, kMatch, "individual[1]",
      kPersonLines},
     {Group::kPerson, "Individual", "Addresses", Numbering::kNone, kMatch, "individual[1]/address",
-     kAddressLines},
+     kB2BayAddressLines},
     {Group::kPerson, "Individual", "Employment", Numbering::kPosition, kMatch,
      "individual[1]/employment", kB2BayEmploymentLines},
 
     sections::kConsumerCrossReferences,
     {Group::kPrefixed, "Consumer Defaults", "Default", Numbering::kPosition, kMatch,
      "individual-consumer-credit-file/default", kB2BayDefaultLines},
-    sections::kConsumerNotes,
-    sections::kConsumerCurrentCreditProviders,
+    with_lines(sections::kConsumerNotes, kB2BayNoteLines),
+    with_lines(sections::kConsumerCurrentCreditProviders, kB2BayCurrentProviderLines),
     {Group::kPrefixed, "Consumer Enquiries", "Consumer Enquiry", Numbering::kPosition, kMatch,
      "individual-consumer-credit-file/credit-enquiry", kB2BayConsumerEnquiryLines},
     {Group::kPrefixed, "Consumer  File Messages", "Message", Numbering::kPosition, kMatch,
@@ -91,8 +109,8 @@ constexpr Section kSections[] = {
     sections::kCommercialCrossReferences,
     {Group::kPrefixed, "Commercial Defaults", "Default", Numbering::kPosition, kMatch,
      "individual-commercial-credit-file/default", kB2BayDefaultLines},
-    sections::kCommercialNotes,
-    sections::kCommercialCurrentCreditProviders,
+    with_lines(sections::kCommercialNotes, kB2BayNoteLines),
+    with_lines(sections::kCommercialCurrentCreditProviders, kB2BayCurrentProviderLines),
     sections::kCommercialEnquiries,
     {Group::kPrefixed, "Commercial  File Messages", "Message", Numbering::kPosition, kMatch,
      "individual-commercial-credit-file/file-message", kMessageLines},
@@ -108,8 +126,7 @@ constexpr Section kSections[] = {
     {Group::kPrefixed, "Summary", "Summary Data", Numbering::kNone, kReport, "summary-data/summary",
      b2bay::lines::kSummaryLines},
     {Group::kPlain, "Score", "Score", Numbering::kNone, kReport, "score-data[1]", kB2BayScoreLines},
-    {Group::kPlain, "Score", "Score", Numbering::kNone, kReport,
-     "score-data[1]/area-level-risk[1] | area-level-risk[1]", kAreaLevelRiskLines},
+    {Group::kPlain, "Score", "Score", Numbering::kNone, kReport, ".", kB2BayAreaLevelRiskLines},
 };
 
 constexpr StatisticsCategory kCategories[] = {

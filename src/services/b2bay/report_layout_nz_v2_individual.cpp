@@ -13,10 +13,20 @@ namespace person = new_zealand::lines;
 
 constexpr std::uint8_t kReport = 0;  // the only source
 
+// One layout of the bureau has this as an attribute, another as an element; so others below.
+constexpr std::string_view kCreateDate = "@create-date | create-date";
+
 constexpr Line kAliasLines[] = {
-    line(person::kAliasLabel,
+    line(Pieces{constant("Name"), date_at(kCreateDate).within(" (", ")")},
          Pieces{of(Form::kPersonName, "."),
                 date_at("date-of-birth").within(" (Date of Birth ", ")").if_value()}),
+};
+
+constexpr auto kPropertyOwnershipLines =
+    with(person::kPropertyOwnershipLines, text("Verified", "@verified | verified"));
+
+constexpr Line kNoteLines[] = {
+    line(Pieces{constant("On "), date_at(kCreateDate)}, person::kNoteText),
 };
 
 constexpr Piece kEnquiryText[] = {
@@ -33,8 +43,8 @@ constexpr Case kYes[] = {{"Y", constant("Yes")}};
 
 constexpr Line kDefaultLines[] = {
     text("Detail Number", "@defaulter-detail-number"),
-    line("Joint Liability", choice_at("@joint-liability", kYes)),
-    line("Company Loan", choice_at("@company-loan", kYes)),
+    line("Joint Liability", choice_at("@joint-liability | joint-liability", kYes)),
+    line("Company Loan", choice_at("@company-loan | company-loan", kYes)),
     date("Load Date", "load-date"),
     date("Default Date", "default-date"),
     text("Credit Provider", "credit-provider"),
@@ -60,7 +70,6 @@ constexpr Line kJudgementLines[] = {
     money("Judgement Amount", "judgement-amount"),
     text("Court Type", "court-type"),
     text("Judgement Status", "judgement-status"),
-    // One layout of the bureau has it as an attribute, another as an element.
     date("Date Paid", "@date-paid | date-paid"),
     person_name("Name"),
     text("Narrative", "narrative"),
@@ -102,6 +111,9 @@ constexpr Line kLostOrStolenIdLines[] = {
     line(person::kOnCreateDate, kLostOrStolenIdText),
 };
 
+// Where white pages are looked for first.
+constexpr std::string_view kWhitePages = "identity-verification[1]/electronic-white-pages[1]";
+
 // Group, word, sub-group, numbering, source, records, lines, identifier: in the order of the
 // report. A position of 1 stands where the report has the node once.
 constexpr Section kSections[] = {
@@ -116,14 +128,22 @@ constexpr Section kSections[] = {
 
     {Group::kPrefixed, "Verification", "Property Ownership", Numbering::kNone, kReport,
      "identity-verification[1]/property-ownership[1]/property-ownership-verification-result[1]",
-     person::kPropertyOwnershipLines},
-    {Group::kPrefixed, "Verification", "White Pages", Numbering::kNone, kReport,
-     "identity-verification[1]/electronic-white-pages[1]", person::kWhitePagesLines},
+     kPropertyOwnershipLines},
+    {Group::kPrefixed, "Verification", "White Pages", Numbering::kNone, kReport, kWhitePages,
+     person::kWhitePagesLines},
+    {.group = Group::kPrefixed,
+     .word = "Verification",
+     .sub_group = "White Pages",
+     .numbering = Numbering::kNone,
+     .source = kReport,
+     .records = "verification[1]/electronic-white-pages[1]",
+     .lines = person::kWhitePagesLines,
+     .without = kWhitePages},
     {Group::kPrefixed, "Verification", "Driver Licence", Numbering::kNone, kReport,
      "identity-verification[1]/driver-licence[1]", person::kDriverLicenceLines},
 
-    {Group::kPrefixed, "Notes", "Note", Numbering::kId, kReport, "note-file/note",
-     person::kNoteLines, "@unique-id"},
+    {Group::kPrefixed, "Notes", "Note", Numbering::kId, kReport, "note-file/note", kNoteLines,
+     "@unique-id"},
     {Group::kPrefixed, "Enquiries", "Enquiry", Numbering::kPosition, kReport,
      "credit-file/credit-enquiry", kEnquiryLines},
     {Group::kPrefixed, "Defaults", "Default", Numbering::kId, kReport, "default-file/default",

@@ -25,12 +25,12 @@ inline constexpr Piece kAddressText[] = {
 
 // An account type with the subject's role: any role in the consumer file, in the commercial file
 // any but the principal's.
-inline constexpr Pieces kConsumerAccountType{text_at("account-type"),
-                                             text_at("role/@type").within(" as ").if_node("role")};
-inline constexpr Pieces kCommercialAccountType{
+inline constexpr Piece kConsumerAccountType[] = {
+    text_at("account-type"), text_at("role/@type").within(" as ").if_node("role")};
+inline constexpr Piece kCommercialAccountType[] = {
     text_at("account-type"),
     text_at("role/@type").within(" (", ")").unless("role/@type", "PRINCIPAL")};
-inline constexpr Pieces kDefaultAccountType{
+inline constexpr Piece kDefaultAccountType[] = {
     text_at("account-details/account-type"),
     text_at("account-details/role/@type").within(" as ").if_node("account-details/role")};
 
@@ -58,7 +58,7 @@ inline constexpr Line kCrossReferenceLines[] = {
 };
 
 inline constexpr Line kDefaultLines[] = {
-    line("Account Type", kDefaultAccountType),
+    line("Account Type", all(kDefaultAccountType).if_any_value()),
     text("Client Reference", "account-details/client-reference"),
     line("Status",
          Pieces{text_at("account-details/default-status"),
@@ -77,22 +77,29 @@ inline constexpr Line kNoteLines[] = {
     text(Pieces{constant("On "), date_at("@date-recorded")}, "."),
 };
 
+inline constexpr Pieces kCurrentProvider{
+    text_at("credit-provider"), text_at("client-reference").within(" (Reference ", ")").if_value()};
+
 inline constexpr Line kCurrentProviderLines[] = {
-    line(Pieces{constant("On "), date_at("@date-provided")},
-         Pieces{text_at("credit-provider"),
-                text_at("client-reference").within(" (Reference ", ")").if_value()}),
+    line(Pieces{constant("On "), date_at("@date-provided")}, kCurrentProvider),
 };
 
 inline constexpr Line kConsumerEnquiryLines[] = {
-    date("Enquiry date", "@enquiry-date"),      text("Enquiry type", "@type"),
-    text("Enquirer", "credit-enquirer"),        text("Enquirer Reference", "client-reference"),
-    line("Account Type", kConsumerAccountType), money("Enquiry Amount", "enquiry-amount"),
+    date("Enquiry date", "@enquiry-date"),
+    text("Enquiry type", "@type"),
+    text("Enquirer", "credit-enquirer"),
+    text("Enquirer Reference", "client-reference"),
+    line("Account Type", all(kConsumerAccountType).if_any_value()),
+    money("Enquiry Amount", "enquiry-amount"),
 };
 
 inline constexpr Line kCommercialEnquiryLines[] = {
-    date("Enquiry date", "@enquiry-date"),        text("Enquiry type", "@type"),
-    text("Enquirer", "credit-enquirer"),          text("Enquirer Reference", "client-reference"),
-    line("Account Type", kCommercialAccountType), money("Enquiry Amount", "enquiry-amount"),
+    date("Enquiry date", "@enquiry-date"),
+    text("Enquiry type", "@type"),
+    text("Enquirer", "credit-enquirer"),
+    text("Enquirer Reference", "client-reference"),
+    line("Account Type", all(kCommercialAccountType).if_any_value()),
+    money("Enquiry Amount", "enquiry-amount"),
 };
 
 inline constexpr Line kMessageLines[] = {
@@ -118,32 +125,39 @@ inline constexpr Line kDisqualifiedDirectorshipLines[] = {
     date("Date Disqualified Until", "date-disqualified-until"),
 };
 
+inline constexpr Piece kBusinessRegistration[] = {
+    text_at("business/business-registration/@state | business/business-registration/state"),
+    text_at("business/business-registration/@number | business/business-registration/number")
+        .within(", Number "),
+};
+
 inline constexpr Line kProprietorshipLines[] = {
     date("Date Appointed", "date-appointed"),
     text("Bureau Reference", "business/bureau-reference"),
     text("Business Name", "business/business-name"),
     text("Australian Business Number", "business/australian-business-number"),
-    line("Business Registration", Pieces{text_at("business/business-registration/@state | "
-                                                 "business/business-registration/state"),
-                                         text_at("business/business-registration/@number | "
-                                                 "business/business-registration/number")
-                                             .within(", Number ")
-                                             .if_node("business/business-registration")}),
+    line("Business Registration", all(kBusinessRegistration).if_any_value()),
+};
+
+inline constexpr Piece kProceedings[] = {
+    text_at("proceedings/@state | proceedings/state"),
+    text_at("proceedings/@year | proceedings/year").within(", "),
+    text_at("proceedings/@number | proceedings/number").within(", Number "),
 };
 
 inline constexpr Line kBankruptcyLines[] = {
     text("Type", "bankruptcy-type"),
     date("Date Declared", "date-declared"),
     text("Narrative", "narrative"),
-    line("Proceedings (State, Year, Number)",
-         Pieces{text_at("proceedings/@state | proceedings/state"),
-                text_at("proceedings/@year | proceedings/year").within(", ").if_node("proceedings"),
-                text_at("proceedings/@number | proceedings/number")
-                    .within(", Number ")
-                    .if_node("proceedings")}),
+    line("Proceedings (State, Year, Number)", all(kProceedings).if_any_value()),
     line("Discharge Status", Pieces{text_at("discharge-status"),
                                     date_at("discharge-status/@date").within(" on ").if_value()}),
     text("Co-Borrower", "co-borrower"),
+};
+
+inline constexpr Piece kCourtActionStatus[] = {
+    text_at("court-action-status"),
+    date_at("court-action-status/@date").within(" (", ")"),
 };
 
 inline constexpr Line kCourtActionLines[] = {
@@ -153,11 +167,7 @@ inline constexpr Line kCourtActionLines[] = {
     text("Court Type", "court-type"),
     text("Court Action Id", "plaint-number"),
     money("Court Action Amount", "court-action-amount"),
-    line(
-        "Court Action Status",
-        Pieces{
-            text_at("court-action-status"),
-            date_at("court-action-status/@date").within(" (", ")").if_node("court-action-status")}),
+    line("Court Action Status", all(kCourtActionStatus).if_any_value()),
 };
 
 inline constexpr Case kSummaryValue[] = {
@@ -171,16 +181,19 @@ inline constexpr Line kSummaryLines[] = {
     line(text_at("@name"), choice_at("@type", kSummaryValue)),
 };
 
+inline constexpr Piece kRiskFactor[] = {
+    text_at("@impact-level"),
+    text_at("@impact-effect").within(" "),
+};
+
 inline constexpr Line kScoreLines[] = {
     text("Type", "score/@type"),
     text("Scorecard", "score/scorecard-name"),
     number("Relative Risk", "score/relative-risk"),
     number("Relative Risk Index", "score/relative-risk-index"),
     number("Risk Odds", "score/risk-odds"),
-    line_for_each(
-        "score/risk-factor", text_at(".").within("", " risk"),
-        Pieces{text_at("@impact-level"),
-               text_at("@impact-effect").within(" ").if_node("@impact-level | @impact-effect")}),
+    line_for_each("score/risk-factor", text_at(".").within("", " risk"),
+                  all(kRiskFactor).if_any_value()),
     line("Population", text_at("score/population/@population-name | "
                                "score/population/population-name")),
     line("Population Odds", of(Form::kNumber,

@@ -53,10 +53,8 @@ inline constexpr Line kAddressLines[] = {
     line(Pieces{text_at("@type"), date_at("@create-date").within(" (", ")")}, kAddressText),
 };
 
-inline constexpr Pieces kAliasLabel{constant("Name"), date_at("@create-date").within(" (", ")")};
-
 inline constexpr Line kAliasLines[] = {
-    line(kAliasLabel,
+    line(Pieces{constant("Name"), date_at("@create-date").within(" (", ")")},
          Pieces{of(Form::kPersonName, "."),
                 date_at("date-of-birth").within(" (Date of Birth ", ")").if_other_birth()}),
 };
@@ -90,8 +88,10 @@ inline constexpr Line kDriverLicenceLines[] = {
     text("Narrative", "general-message"),
 };
 
+inline constexpr Pieces kNoteText{lookup_at("NotesTypeCodes", "@type"), text_at(".").within(": ")};
+
 inline constexpr Line kNoteLines[] = {
-    line(kOnCreateDate, Pieces{lookup_at("NotesTypeCodes", "@type"), text_at(".").within(": ")}),
+    line(kOnCreateDate, kNoteText),
 };
 
 // What was asked for: the account type, "for" an amount, and the enquirer's reference.

@@ -22,8 +22,9 @@ enum class Form : std::uint8_t {
     kGeneralDate,  ///< a date in the platform's general form
     kMoney,        ///< an amount (0 when missing) in the facade's CurrencyFormat
     kMoneySymbol,  ///< an amount (0 when missing) in the facade's CurrencyFormatSymbol
-    kMoneyText,    ///< the same of a text that is a number; any other as it stands
+    kMoneyText,    ///< the same of a text that is an amount; any other as it stands
     kNumber,       ///< a number (0 when missing) in the platform's default form
+    kNumberText,   ///< the same of a text that is a number; any other as it stands
     kLookup,       ///< the description that a code table gives for the code
     kPersonName,   ///< the names of the person at the path, joined by blanks
     kId,           ///< an identifier without its leading zeros
@@ -40,6 +41,7 @@ enum class Form : std::uint8_t {
 enum class When : std::uint8_t {
     kAlways,
     kIfValue,        ///< its value is not empty
+    kIfAnyValue,     ///< the value of one of its parts is not empty, whatever stands around them
     kIfAmount,       ///< its amount is not 0
     kIfOtherBirth,   ///< its date is one, and not the subject's date of birth
     kIfNode,         ///< the node at `condition` is present
@@ -79,6 +81,12 @@ struct Piece {
         piece.when = When::kIfValue;
         return piece;
     }
+    /// The piece, written only when a value of its parts is not empty: never its constants alone.
+    constexpr Piece if_any_value() const {
+        Piece piece = *this;
+        piece.when = When::kIfAnyValue;
+        return piece;
+    }
     /// The piece, written only when its amount is not 0.
     constexpr Piece if_amount() const {
         Piece piece = *this;
@@ -106,8 +114,7 @@ struct Piece {
         piece.condition = path_of_node;
         return piece;
     }
-    /// The piece, left out when the value at this path is this one in any letter case. With no
-    /// value of its own and nothing before it, it is left out as well.
+    /// The piece, left out when the value at this path is this one in any letter case.
     constexpr Piece unless(std::string_view path_of_value, std::string_view value) const {
         Piece piece = *this;
         piece.when = When::kUnless;
@@ -225,6 +232,19 @@ constexpr Line lookup(const Pieces& label, std::string_view table, std::string_v
 }
 constexpr Line person_name(const Pieces& label, std::string_view path = ".") {
     return line(label, of(Form::kPersonName, path));
+}
+
+/// The lines with another one in place of that with its label.
+template <std::size_t n>
+constexpr std::array<Line, n> with(const Line (&lines)[n], const Line& other) {
+    std::array<Line, n> changed = std::to_array(lines);
+    for (Line& line : changed) {
+        const Piece& label = line.label.all().front();
+        if (label.form == Form::kConstant && label.before == other.label.all().front().before) {
+            line = other;
+        }
+    }
+    return changed;
 }
 
 /// How a section's group is made of the prefix that the writer is given.

@@ -209,10 +209,11 @@ void ReportWriter::append(std::string& target, std::size_t start, const Compiled
         target += piece.before;
     }
     const std::size_t value_begin = target.size();
+    const std::size_t values_before = values_;
     append_value(target, compiled, record);
-    const bool needs_value = piece.when == When::kIfValue || piece.when == When::kJoined ||
-                             (piece.when == When::kUnless && first);
-    if (target.size() == value_begin && needs_value) {
+    const bool needs_value = piece.when == When::kIfValue || piece.when == When::kJoined;
+    if ((needs_value && target.size() == value_begin) ||
+        (piece.when == When::kIfAnyValue && values_ == values_before)) {
         target.resize(piece_begin);
         return;
     }
@@ -247,11 +248,20 @@ bool ReportWriter::condition_holds(const CompiledPiece& compiled, XmlNode record
 
 void ReportWriter::append_value(std::string& target, const CompiledPiece& compiled,
                                 XmlNode record) {
+    const std::size_t begin = target.size();
+    append_form(target, compiled, record);
+    if (compiled.parts.empty() && target.size() != begin) {
+        ++values_;
+    }
+}
+
+void ReportWriter::append_form(std::string& target, const CompiledPiece& compiled, XmlNode record) {
     switch (compiled.piece->form) {
         case Form::kConstant:
             return;
         case Form::kText:
-            return append_host_text(target, record.value(compiled.path).value_or(""));
+            append_sub_node_text(target, record, compiled.path);
+            return;
         case Form::kDate:
             return append_date(target, formats_.date, record.value(compiled.path));
         case Form::kGeneralDate:
@@ -260,6 +270,7 @@ void ReportWriter::append_value(std::string& target, const CompiledPiece& compil
         case Form::kMoneySymbol:
         case Form::kMoneyText:
         case Form::kNumber:
+        case Form::kNumberText:
         case Form::kCount:
         case Form::kPercent:
             return append_amount(target, compiled, record);
@@ -290,16 +301,18 @@ void ReportWriter::append_amount(std::string& target, const CompiledPiece& compi
     if (text.value_or("").empty() && layout_.missing_ == MissingAmounts::kNoLine) {
         return;
     }
+    const Form form = compiled.piece->form;
+    if ((form == Form::kMoneyText && !convert::is_currency(text.value_or(""))) ||
+        (form == Form::kNumberText && !convert::is_number(text.value_or("")))) {
+        append_sub_node_text(target, record, compiled.path);
+        return;
+    }
     const auto amount = [&] { return convert::to_currency(text.value_or("")); };
     const auto number = [&] { return ZRXMLUtilities::GetSubNodeDouble(record, compiled.path, 0); };
-    switch (compiled.piece->form) {
+    switch (form) {
         case Form::kMoney:
             return formats_.money.append(target, amount());
         case Form::kMoneyText:
-            if (!convert::is_number(text.value_or(""))) {
-                return append_host_text(target, text.value_or(""));
-            }
-            [[fallthrough]];
         case Form::kMoneySymbol:
             return formats_.money_symbol.append(target, amount());
         case Form::kCount:
@@ -360,7 +373,7 @@ void ReportWriter::append_person_name(std::string& target, XmlNode person) {
     for (const XmlPath* part :
          {&layout_.first_given_name_, &layout_.other_given_name_, &layout_.family_name_}) {
         std::string text;
-        append_host_text(text, person.value(*part).value_or(""));
+        append_sub_node_text(text, person, *part);
         join_part(name, " ", text);
     }
     target += name;

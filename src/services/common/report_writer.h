@@ -115,7 +115,9 @@ class ReportWriter {
     /// `start` is where the text that the piece belongs to begins in the target.
     void append(std::string& target, std::size_t start, const CompiledPiece& piece, XmlNode record);
     bool condition_holds(const CompiledPiece& piece, XmlNode record) const;
+    /// The value without what stands around it; counts it unless it is made of pieces itself.
     void append_value(std::string& target, const CompiledPiece& piece, XmlNode record);
+    void append_form(std::string& target, const CompiledPiece& piece, XmlNode record);
     void append_amount(std::string& target, const CompiledPiece& piece, XmlNode record) const;
     static void append_date(std::string& target, const RegionalFormat& format,
                             std::optional<std::string_view> value);
@@ -132,7 +134,8 @@ class ReportWriter {
     std::vector<const CodeTableItems*> tables_;
     std::vector<XmlNode> records_;
     std::vector<XmlNode> nested_;
-    std::string text_;  ///< of the label or value being made
+    std::string text_;        ///< of the label or value being made
+    std::size_t values_ = 0;  ///< that were not empty so far
     std::optional<DateTime> date_of_birth_;
 
     // Where the writer stands.

@@ -15,6 +15,9 @@ std::string_view unique_id(XmlNode record, const XmlPath& id, Runs runs) {
 
 std::size_t end_of_run(std::span<const XmlNode> records, std::size_t first, const XmlPath& id,
                        Runs runs) {
+    if (runs == Runs::kAll) {
+        return records.size();
+    }
     std::size_t end = first + 1;
     const std::string_view shared = unique_id(records[first], id, runs);
     if (runs == Runs::kNone || (shared.empty() && runs != Runs::kById)) {

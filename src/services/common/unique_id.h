@@ -16,6 +16,7 @@ enum class Runs : std::uint8_t {
     kById,        ///< identifiers without their leading zeros; none equals none
     kByFilledId,  ///< the same, but a record without an identifier stands for itself
     kByText,      ///< identifiers as they stand; one without stands for itself
+    kAll,         ///< all of them, whatever their identifiers: the first is the one that counts
 };
 
 /// The identifier at the path without its leading zeros; "" when it is missing or all zeros. With

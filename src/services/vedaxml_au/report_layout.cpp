@@ -9,13 +9,15 @@ namespace {
 using namespace lines;    // the lines of the sections below
 using namespace counted;  // the rows of the categories below
 
-// Group, word, sub-group, numbering, source, records, lines: in the order of the report.
+// Group, word, sub-group, numbering, source, records, lines: in the order of the report. A position
+// of 1 stands where the report has the node once.
 constexpr Section kSections[] = {
-    {Group::kPerson, "Individual", "Details", Numbering::kNone, kMatch, "individual", kPersonLines},
-    {Group::kPerson, "Individual", "Addresses", Numbering::kNone, kMatch, "individual/address",
+    {Group::kPerson, "Individual", "Details", Numbering::kNone, kMatch, "individual[1]",
+     kPersonLines},
+    {Group::kPerson, "Individual", "Addresses", Numbering::kNone, kMatch, "individual[1]/address",
      kAddressLines},
     {Group::kPerson, "Individual", "Employment", Numbering::kPosition, kMatch,
-     "individual/employment", kEmploymentLines},
+     "individual[1]/employment", kEmploymentLines},
 
     sections::kConsumerCrossReferences,
     {Group::kPrefixed, "Consumer Defaults", "Default", Numbering::kPosition, kMatch,
@@ -46,8 +48,8 @@ constexpr Section kSections[] = {
     // These belong to the report rather than to the match; the score's group has no prefix.
     {Group::kPrefixed, "Summary", "Summary Data", Numbering::kNone, kReport, "summary-data/summary",
      kSummaryLines},
-    {Group::kPlain, "Score", "Score", Numbering::kNone, kReport, "score-data", kScoreLines},
-    {Group::kPlain, "Score", "Score", Numbering::kNone, kReport, "area-level-risk",
+    {Group::kPlain, "Score", "Score", Numbering::kNone, kReport, "score-data[1]", kScoreLines},
+    {Group::kPlain, "Score", "Score", Numbering::kNone, kReport, "area-level-risk[1]",
      kAreaLevelRiskLines},
 };
 

@@ -55,14 +55,15 @@ class Translation {
 void Translation::run(XmlNode root) {
     const XmlNode report = root.first(paths_.summary.enquiry_report);
     write_service_lines(paths_.summary.request_id, service_.ServiceNameFriendly(), root, response_);
-    response_.ResponseMessage(ZRXMLUtilities::GetSubNodeString(root, paths_.general_message));
+    response_.ResponseMessage(
+        ZRXMLUtilities::GetSubNodeString(root.first(paths_.response), paths_.general_message));
     response_.elements().AddElement("Response", "Service", "MESSAGE", response_.ResponseMessage());
 
-    if (const XmlNode company = report.first(paths_.summary.company)) {
+    if (const XmlNode company = root.first(paths_.company)) {
         translate_company(report, company);
-    } else if (report.first(paths_.summary.company_of_report)) {
-        report.select(paths_.summary.directors, directors_);
-        translate_company(report, report.first(paths_.summary.company_report));
+    } else if (root.first(paths_.company_of_report)) {
+        root.select(paths_.directors, directors_);
+        translate_company(report, root.first(paths_.company_report));
     } else {
         translate_individual(root, report);
     }
@@ -125,7 +126,7 @@ void Translation::write_individual(XmlNode report, XmlNode licence_report, XmlNo
 }
 
 void Translation::write_company(XmlNode company) {
-    if (const XmlNode details = company.first(paths_.company)) {
+    if (const XmlNode details = company.first(paths_.company_details)) {
         response_.CompanyName(ZRXMLUtilities::GetSubNodeString(details, paths_.company_name));
         response_.CompanyNumber(ZRXMLUtilities::GetSubNodeString(details, paths_.company_number));
     }

@@ -24,8 +24,15 @@ struct ReplyPaths {
     layout::CompiledLayout individual_layout;
     layout::CompiledLayout company_layout;
 
+    // In the document, under whichever response or enquiry report has them.
+    XmlPath response;
+    XmlPath company;
+    XmlPath company_report;
+    XmlPath company_of_report;
+    XmlPath directors;
     XmlPath licence_report;
     XmlPath fines_report;
+    // Under the response.
     XmlPath general_message;
     // Under an individual's report.
     XmlPath file_age;
@@ -33,7 +40,7 @@ struct ReplyPaths {
     XmlPath fines_balance;
     XmlPath fines_amount;
     // Under the company.
-    XmlPath company;
+    XmlPath company_details;
     XmlPath company_name;
     XmlPath company_number;
 };
