@@ -37,13 +37,17 @@ std::string failure_message(std::int32_t number) {
            "3. VedaXML has failed to respond to this request.";
 }
 
-/// The first property whose text XML does not allow, of the request or of its service. Without one
-/// the host has written such a code into a table.
-std::string unsendable_property(const Request& request, const Service& service) {
-    const auto find = [](const auto& properties, const auto& record) {
+/// The property, of the request or of its service, from which the document has the character at
+/// `position`, told by what stands before it. Without one the host has written it into a table.
+std::string unsendable_property(const Request& request, const Service& service,
+                                std::size_t position) {
+    const std::string_view document = request.RequestXML();
+    const std::size_t start = document.find_last_of(">\";", position) + 1;
+    const std::string_view piece = document.substr(start, position - start + 1);
+    const auto find = [piece](const auto& properties, const auto& record) {
         for (const auto& property : properties) {
-            if (property.write != nullptr &&
-                text::find_not_xml(text_of(property.read(record))) != std::string_view::npos) {
+            const Value value = property.read(record);
+            if (property.write != nullptr && text_of(value).find(piece) != std::string_view::npos) {
                 return std::string(property.name);
             }
         }
@@ -103,8 +107,10 @@ HttpRequest VedaXmlService::http_request(const Request& request) const {
 
 std::optional<XmlDocument> VedaXmlService::ExecuteRequest(Request& request) {
     constexpr int kOk = 200;
-    if (text::find_not_xml(request.RequestXML()) != std::string_view::npos) {
-        fail(unsendable_property(request, *this) + " holds a character that XML does not allow.");
+    if (const std::size_t at = text::find_not_xml(request.RequestXML());
+        at != std::string_view::npos) {
+        fail(unsendable_property(request, *this, at) +
+             " holds a character that XML does not allow.");
         return std::nullopt;
     }
     Response& response = RequestInternals::Response(request);
