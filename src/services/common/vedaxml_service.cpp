@@ -3,6 +3,7 @@
 #include <iterator>
 #include <utility>
 
+#include "platform/secret.h"
 #include "services/common/shared_procedures.h"
 
 namespace zr {
@@ -37,8 +38,7 @@ std::string failure_message(const std::exception& error) {
            "3. VedaXML has failed to respond to this request.";
 }
 
-HttpProxy proxy(const VedaXmlService& service) {
-    HttpProxy proxy;
+void fill(HttpProxy& proxy, const VedaXmlService& service) {
     if (service.ProxyServer() == "[PRECONFIG]") {
         proxy.mode = HttpProxy::Mode::kPreconfigured;
     } else if (!service.ProxyServer().empty()) {
@@ -49,10 +49,24 @@ HttpProxy proxy(const VedaXmlService& service) {
         proxy.user = service.ProxyUserName();
         proxy.password = service.ProxyPassword();
     }
-    return proxy;
 }
 
+/// Wipes the secrets of a request that was made; its document has them too.
+struct Forgetting {
+    HttpRequest& request;
+    ~Forgetting() {
+        wipe(request.password);
+        wipe(request.proxy.password);
+        wipe(request.body);
+    }
+};
+
 }  // namespace
+
+VedaXmlService::~VedaXmlService() {
+    wipe(UserPassword_);
+    wipe(ProxyPassword_);
+}
 
 BcaSender VedaXmlService::bca_sender() const {
     return {.user_id = UserId(),
@@ -77,7 +91,7 @@ HttpRequest VedaXmlService::http_request(const Request& request) const {
     http.password = UserPassword();
     http.content_type = "text/xml";
     http.body = request.RequestXML();
-    http.proxy = proxy(*this);
+    fill(http.proxy, *this);
     http.timeouts = {limit, limit, limit, limit};
     return http;
 }
@@ -86,7 +100,8 @@ std::optional<XmlDocument> VedaXmlService::ExecuteRequest(Request& request) {
     constexpr int kOk = 200;
     Response& response = RequestInternals::Response(request);
     response.Clear();
-    const HttpRequest http = http_request(request);
+    HttpRequest http = http_request(request);
+    const Forgetting at_the_end{http};
     try {
         HttpReply reply = context().Runtime().transport().exchange(http);
         response.ResponseXML(std::move(reply.body));
