@@ -189,6 +189,9 @@ class XmlDocument {
     /// first.
     XmlNode root() const;
 
+    /// The name of the document element as it stands, without a prefix, whatever its namespace.
+    std::string_view document_element() const;
+
   private:
     explicit XmlDocument(std::unique_ptr<const XmlTree> tree);
     std::unique_ptr<const XmlTree> tree_;

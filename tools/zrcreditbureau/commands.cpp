@@ -142,6 +142,16 @@ void write_html(Output& output, const Outcome& outcome) {
     }
 }
 
+/// A reply to something else, or a document that is no reply, translates into nothing as well as
+/// one without any adverse record does.
+void warn_without_report(const Response& response) {
+    if (response.BureauFileId().empty() && response.MatchType().empty() &&
+        response.CompanyName().empty() && response.LastName().empty() &&
+        response.FirstName().empty()) {
+        std::cerr << "Warning: the reply holds no report: it names nobody and no file.\n";
+    }
+}
+
 int run_one(const Invocation& invocation) {
     require_country(invocation);
     // What cannot be written fails before anything is sent.
@@ -161,6 +171,10 @@ int run_one(const Invocation& invocation) {
     }
     if (html) {
         write_html(*html, outcome);
+    }
+    if (performer.operation() == Operation::kEnquire ||
+        performer.operation() == Operation::kTranslate) {
+        warn_without_report(*outcome.response);
     }
     if (performer.operation() == Operation::kCompose && outcome.request_xml.empty()) {
         std::cerr << "Nothing was composed: the request has not been filled in.\n";

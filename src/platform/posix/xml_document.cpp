@@ -68,6 +68,7 @@ void start_element(void* context, const xmlChar* name, const xmlChar*, const xml
     if (!reader.admit_element()) return;
     reader.run([&] {
         Target& into = *static_cast<Target*>(reader.target);
+        into.builder.name_document(view(name));
         into.builder.start_element(uri == nullptr ? into.names.id(name) : XmlNameId{0});
         const xmlChar** const end =
             attributes + std::ptrdiff_t{kFieldCount} * (attribute_count - defaulted_count);
