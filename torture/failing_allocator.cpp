@@ -1,10 +1,10 @@
 // A machine whose memory ends: every allocation of a task fails once, one run a point, each in a
 // process of its own, and what a host then sees is told apart.
-//     failing_allocator FOLDER [TASK...] [--from] [--step N]
+//     failing_allocator FOLDER [TASK...] [--from] [--step N | --at POINT]
 // FOLDER holds examples/ and xslt/. With --from every allocation after the point fails too; with
-// --step only each Nth point is tried. A line a task: its name, the points tried, and how many
-// ended right, with a clean failure, wrong, in an exception, in a crash. Exit status 1 when any of
-// the last three occurred.
+// --step only each Nth point is tried, with --at one in this process, and its result is shown. A
+// line a task: its name, the points tried, and how many ended right, with a clean failure, wrong,
+// in an exception, in a crash. Exit status 1 when any of the last three occurred.
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -75,6 +75,13 @@ struct Task {
 
 bool is_red_page(const std::string& html) { return html.find("color:red") != std::string::npos; }
 
+std::string without_page(std::string text) {
+    const std::size_t at = text.find("\"ResponseHTML\":\"");
+    if (at == std::string::npos) return text;
+    const std::size_t end = text.find('"', text.find("</html>", at));
+    return text.replace(at, end - at, "red");
+}
+
 struct Enquiry {
     FakeBureau bureau;
     std::string reply;
@@ -100,11 +107,7 @@ struct Enquiry {
         automation::JsonWriter json;
         automation::write_response(json, response);
         std::string text(json.view());
-        if (is_red_page(response.ResponseHTML())) {
-            const std::size_t at = text.find("\"ResponseHTML\":\"");
-            const std::size_t end = text.find("</html>", at);
-            text.replace(at, end - at, "red");
-        }
+        if (is_red_page(response.ResponseHTML())) text = without_page(std::move(text));
         return text;
     }
 };
@@ -173,13 +176,6 @@ const struct {
     {"json", json},
 };
 
-std::string without_page(std::string text) {
-    const std::size_t at = text.find("\"ResponseHTML\":\"");
-    if (at == std::string::npos) return text;
-    const std::size_t end = text.find("</html>", at);
-    return text.replace(at, end - at, "red");
-}
-
 Outcome attempt(const Task& task, const std::string& expected, long point) {
     to_go = point;
     armed = true;
@@ -199,10 +195,16 @@ Outcome attempt(const Task& task, const std::string& expected, long point) {
 }
 
 /// True when nothing worse than a clean failure occurred.
-bool run(const char* name, const std::function<Task()>& prepare, long step) {
+bool run(const char* name, const std::function<Task()>& prepare, long step, long only) {
     const Task reference = prepare();
     const bool done = reference.act();
     const std::string expected = reference.result();
+    if (only != 0) {  // here, for a debugger
+        const Task task = prepare();
+        std::printf("%s at %ld: %d\n", name, only, attempt(task, expected, only));
+        std::printf("%s\n", task.result().c_str());
+        return true;
+    }
     std::array<long, 6> counts{};
     long first_bad = 0;
     for (long point = 1; done; point += step) {
@@ -239,11 +241,14 @@ int main(int argc, char** argv) {
     const std::vector<std::string_view> arguments(argv + 1, argv + argc);
     std::vector<std::string_view> wanted;
     long step = 1;
+    long only = 0;
     for (std::size_t i = 0; i < arguments.size(); ++i) {
         if (arguments[i] == "--from") {
             keeps_failing = true;
         } else if (arguments[i] == "--step" && i + 1 < arguments.size()) {
             step = std::max(1L, std::strtol(argv[++i + 1], nullptr, 10));
+        } else if (arguments[i] == "--at" && i + 1 < arguments.size()) {
+            only = std::strtol(argv[++i + 1], nullptr, 10);
         } else {
             wanted.push_back(arguments[i]);
         }
@@ -259,7 +264,7 @@ int main(int argc, char** argv) {
                            std::find(wanted.begin() + 1, wanted.end(), task.name) != wanted.end();
         if (asked)
             held = run(
-                       task.name, [&] { return task.prepare(folder); }, step) &&
+                       task.name, [&] { return task.prepare(folder); }, step, only) &&
                    held;
     }
     return held ? 0 : 1;

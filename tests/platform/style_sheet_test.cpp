@@ -276,13 +276,14 @@ TEST_F(StyleSheetTest, BoundsWhatASheetUses) {
         {doubled("<a/>", "><xsl:copy-of select='$'/><xsl:copy-of select='$'/>", 30), tree},
         {doubled("0123456789", " select='concat($, $)'>", 34), text},
         {doubled("0123456789", "><xsl:value-of select='$'/><xsl:value-of select='$'/>", 34), text},
-        {"<xsl:value-of select=\"count(//*[count(//*[contains(/, 'z')]) = 1])\"/>", time},
         {"<xsl:for-each select='//*'><xsl:number level='any' count='*[//*]'/></xsl:for-each>",
          "peration limit exceeded"},
         {"<xsl:for-each select='//*'><xsl:for-each select='//*'><a b='{/}'/></xsl:for-each>"
          "</xsl:for-each>",
          time},
-        {doubled("0123456789", " select='concat($, $)'>", 23),
+        {doubled("0123456789", " select='concat($, $)'>", 18) +
+             "<xsl:for-each select='//q[position() &lt; 30]'><a><xsl:value-of select='$v18'/></a>"
+             "</xsl:for-each>",
          "It writes more than 67108864 bytes."},
     };
     for (const auto& c : cases) {
@@ -318,9 +319,13 @@ TEST_F(StyleSheetTest, ReadsNeighboursOnly) {
     };
     for (const auto& c : cases) {
         const std::string name = "in/s" + std::to_string(&c - cases) + ".xsl";
+        std::string address = c.address;
+        for (std::size_t at; (at = address.find(' ')) != std::string::npos;) {
+            address.replace(at, 1, "%20");
+        }
         const std::string sheet =
             write_sheet(as_text("<xsl:template match='/'><xsl:value-of select=\"document('" +
-                                c.address + "')\"/></xsl:template>"),
+                                address + "')\"/></xsl:template>"),
                         name);
         const std::string result = transform(kReply, sheet);
         if (c.expected == refused) {
