@@ -2,9 +2,10 @@
 // process of its own, and what a host then sees is told apart.
 //     failing_allocator FOLDER [TASK...] [--from] [--step N | --at POINT]
 // FOLDER holds examples/ and xslt/. With --from every allocation after the point fails too; with
-// --step only each Nth point is tried, with --at one in this process, and its result is shown. A
-// line a task: its name, the points tried, and how many ended right, with a clean failure, wrong,
-// in an exception, in a crash. Exit status 1 when any of the last three occurred.
+// --step only each Nth point is tried, with --at one in this process, and its result is shown.
+// ZR_POINTS in the environment shows the points that went wrong. A line a task: its name, the
+// points tried, and how many ended right, with a clean failure, wrong, in an exception, in a crash.
+// Exit status 1 when any of the last three occurred.
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -176,6 +177,8 @@ const struct {
     {"json", json},
 };
 
+const bool shows_points = std::getenv("ZR_POINTS") != nullptr;
+
 Outcome attempt(const Task& task, const std::string& expected, long point) {
     to_go = point;
     armed = true;
@@ -191,7 +194,16 @@ Outcome attempt(const Task& task, const std::string& expected, long point) {
     if (!done) return task.reason().empty() ? kWrong : kClean;
     const std::string result = task.result();
     if (result == expected) return kRight;
-    return result == without_page(expected) ? kClean : kWrong;
+    if (result == without_page(expected)) return kClean;
+    if (shows_points) {
+        const auto at = static_cast<std::size_t>(
+            std::mismatch(result.begin(), result.end(), expected.begin(), expected.end()).first -
+            result.begin());
+        std::printf("  not %.80s\n  but %.80s\n",
+                    expected.substr(std::min(at, expected.size())).c_str(), result.c_str() + at);
+        std::fflush(stdout);
+    }
+    return kWrong;
 }
 
 /// True when nothing worse than a clean failure occurred.
@@ -221,7 +233,7 @@ bool run(const char* name, const std::function<Task()>& prepare, long step, long
         ++counts.at(outcome);
         const bool bad = outcome != kRight && outcome != kClean;
         if (bad && first_bad == 0) first_bad = point;
-        if (bad && std::getenv("ZR_POINTS") != nullptr) std::printf("  %ld: %d\n", point, outcome);
+        if (bad && shows_points) std::printf("  %ld: %d\n", point, outcome);
     }
     const long tried =
         counts[kRight] + counts[kClean] + counts[kWrong] + counts[kException] + counts[kCrash];

@@ -8,6 +8,7 @@
 #include <libxslt/xsltutils.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <new>
 #include <unordered_map>
 #include <utility>
@@ -86,9 +87,10 @@ DocumentPtr parse_input(std::string_view xml) {
 
 SheetPtr compile(SheetSession& session, const std::string& file_name) {
     DocumentPtr document(session.load(file_name, nullptr));
+    errno = 0;  // many a failure to allocate leaves its mark only there
     SheetPtr sheet(xsltParseStylesheetDoc(document.get()));
     if (sheet != nullptr) static_cast<void>(document.release());
-    if (session.memory_ended()) throw std::bad_alloc();
+    if (errno == ENOMEM || session.memory_ended()) throw std::bad_alloc();
     if (sheet == nullptr || sheet->errors != 0) {
         fail("The style sheet could not be compiled", session.complaint());
     }

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <atomic>
+#include <cerrno>
 #include <cstdio>
 #include <cstring>
 #include <fstream>
@@ -213,6 +214,7 @@ xmlDocPtr SheetSession::load(const std::string& path, xmlDictPtr dictionary) {
 
 xmlDocPtr SheetSession::load_named(const xmlChar* address, xmlDictPtr dictionary,
                                    bool is_sheet) noexcept {
+    memory_ended_ = memory_ended_ || errno == ENOMEM;  // reading a file forgets it
     try {
         const std::string path = local_path(reinterpret_cast<const char*>(address));
         if (path.empty()) {
