@@ -284,5 +284,21 @@ TEST(Reply, IsRenderedEvenWhenItIsFaulty) {
     EXPECT_TRUE(page.ends_with(").</span></body></html>")) << page;
 }
 
+TEST(Reply, HasNoMarkupInThePageThatSaysWhatFailed) {
+    FakeBureau bureau;
+    australian(bureau).XSLTFileName("/<script>&/none.xsl");
+    const std::string named = bureau.translated("<BCAmessage/>").ResponseHTML();
+    EXPECT_NE(named.find("'/&lt;script&gt;&amp;/none.xsl'"), std::string::npos) << named;
+
+    const std::string sheet = testing::TempDir() + "any.xsl";
+    std::ofstream(sheet) << "<xsl:stylesheet version='1.0' "
+                            "xmlns:xsl='http://www.w3.org/1999/XSL/Transform'/>";
+    australian(bureau).XSLTFileName(sheet);
+    const std::string quoted =
+        bureau.translated("<a b='<script>alert(1)</script>&x;'>").ResponseHTML();
+    EXPECT_EQ(quoted.find("<script"), std::string::npos) << quoted;
+    EXPECT_NE(quoted.find("Unescaped '&lt;'"), std::string::npos) << quoted;
+}
+
 }  // namespace
 }  // namespace zr::test
