@@ -1,0 +1,46 @@
+#include "services/reply_service.h"
+
+#include <utility>
+
+#include "services/shared_procedures.h"
+
+namespace zr {
+
+bool ReplyService::fail(std::string message) {
+    context().SetErrorMessage(std::move(message));
+    return false;
+}
+
+std::optional<XmlDocument> ReplyService::LoadResponseXML(std::string_view response_xml) {
+    CheckedReply reply = check(response_xml);
+    if (!reply.document) {
+        fail(std::move(reply.message));
+    }
+    return std::move(reply.document);
+}
+
+bool ReplyService::BuildResponse(Request& request, const DateTime& response_date,
+                                 const std::string& response_xml) {
+    return build_response(request, response_date, response_xml, std::nullopt);
+}
+
+bool ReplyService::build_response(Request& request, const DateTime& response_date,
+                                  std::string response_xml, std::optional<XmlDocument> document) {
+    Response& response = RequestInternals::Response(request);
+    response.Clear();
+    response.ResponseDate(response_date);
+    // The rendering is made even of a reply that turns out to be faulty.
+    response.ResponseHTML(
+        TransformToHTML(context().Runtime().style_sheets(), response_xml, XSLTFileName()));
+    response.ResponseXML(std::move(response_xml));
+    if (!document) {
+        document = LoadResponseXML(response.ResponseXML());
+    }
+    if (!document) {
+        return false;
+    }
+    translate(request, document->root());
+    return true;
+}
+
+}  // namespace zr
