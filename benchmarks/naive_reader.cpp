@@ -9,9 +9,9 @@
 #include <stdexcept>
 #include <string_view>
 
+#include "reports/statistics.h"
 #include "services/b2bay/report_layout_au.h"
 #include "services/b2bay/report_tables_nz.h"
-#include "services/common/statistics.h"
 #include "services/vedaxml_au/report_layout.h"
 #include "services/vedaxml_nz/report_layout.h"
 #include "services/vedaxml_nz/statistics_tables.h"

@@ -6,11 +6,11 @@
 #include <string>
 #include <string_view>
 
-#include "facade/services.h"
 #include "platform/date_time.h"
 #include "platform/error.h"
 #include "records/request.h"
-#include "services/common/service_context.h"
+#include "services/registry.h"
+#include "services/service_context.h"
 
 namespace zr {
 

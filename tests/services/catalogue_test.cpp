@@ -8,7 +8,7 @@
 #include "case_file.h"
 #include "services/b2bay/report_layout_au.h"
 #include "services/b2bay/report_tables_nz.h"
-#include "services/common/shared_procedures.h"
+#include "services/shared_procedures.h"
 #include "services/vedaxml_au/report_layout.h"
 #include "services/vedaxml_nz/report_layout.h"
 #include "support/fake_bureau.h"

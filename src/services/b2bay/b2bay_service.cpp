@@ -1,6 +1,6 @@
 #include "services/b2bay/b2bay_service.h"
 
-#include "services/common/service_settings.h"
+#include "services/service_settings.h"
 
 namespace zr {
 

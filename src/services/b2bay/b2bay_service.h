@@ -3,7 +3,7 @@
 
 #include <span>
 
-#include "services/common/reply_service.h"
+#include "services/reply_service.h"
 
 namespace zr {
 

@@ -4,8 +4,8 @@
 #include <string_view>
 
 #include "services/b2bay/street_types.h"
-#include "services/common/catalogue_rows.h"
-#include "services/common/new_zealand_codes.h"
+#include "services/catalogue_rows.h"
+#include "services/vedaxml_nz/codes.h"
 
 namespace zr::b2bay {
 namespace {

@@ -3,8 +3,8 @@
 
 #include "services/b2bay/catalogue.h"
 #include "services/b2bay/street_types.h"
-#include "services/common/catalogue_rows.h"
-#include "services/common/new_zealand_codes.h"
+#include "services/catalogue_rows.h"
+#include "services/vedaxml_nz/codes.h"
 
 namespace zr::b2bay {
 namespace {

@@ -1,7 +1,7 @@
 // Lines of a company's report that both versions of the New Zealand B2Bay reports have.
 #pragma once
 
-#include "services/common/report_layout.h"
+#include "reports/layout.h"
 
 namespace zr::b2bay::lines {
 

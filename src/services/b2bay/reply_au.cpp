@@ -2,11 +2,11 @@
 
 #include <array>
 
+#include "reports/statistics.h"
+#include "reports/writer.h"
 #include "services/b2bay/report_layout_au.h"
-#include "services/common/australian_summary.h"
-#include "services/common/report_writer.h"
-#include "services/common/statistics.h"
 #include "services/vedaxml_au/reply.h"
+#include "services/vedaxml_au/summary.h"
 
 namespace zr::b2bay {
 namespace {
@@ -35,7 +35,7 @@ CheckedReply check_australian(std::string_view response_xml) {
 
 void translate_australian(const ServiceContext& context, const Service& service, Response& response,
                           XmlNode root) {
-    const layout::ReportFormats formats(context);
+    const layout::ReportFormats formats(context.format_settings());
     const auto table = [&](std::string_view name) { return service.CodeTables().find(name); };
     const australia::SummaryPaths& summary = paths().summary;
     const XmlNode report = root.first(summary.enquiry_report);

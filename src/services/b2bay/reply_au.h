@@ -4,8 +4,8 @@
 #include <string_view>
 
 #include "records/response.h"
-#include "services/common/reply_checks.h"
-#include "services/common/service.h"
+#include "services/reply_checks.h"
+#include "services/service.h"
 
 namespace zr::b2bay {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "services/common/catalogue_rows.h"
+#include "services/catalogue_rows.h"
 #include "services/vedaxml_nz/reply.h"
 
 namespace zr::b2bay {
@@ -27,7 +27,7 @@ class ReportReader::Translation {
           product_(service.Products().find(request.ProductId())),
           add_directors_statistics_(add_directors_statistics),
           response_(RequestInternals::Response(request)),
-          formats_(context),
+          formats_(context.format_settings()),
           periods_(response_.ResponseDate()) {}
 
     void run(XmlNode root);

@@ -4,11 +4,11 @@
 #include <string_view>
 
 #include "records/request.h"
+#include "reports/writer.h"
 #include "services/b2bay/report_tables_nz.h"
-#include "services/common/new_zealand_summary.h"
-#include "services/common/reply_checks.h"
-#include "services/common/report_writer.h"
-#include "services/common/service.h"
+#include "services/reply_checks.h"
+#include "services/service.h"
+#include "services/vedaxml_nz/summary.h"
 
 namespace zr::b2bay {
 

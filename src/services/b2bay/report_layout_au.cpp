@@ -1,8 +1,8 @@
 #include "services/b2bay/report_layout_au.h"
 
 #include "services/b2bay/summary_lines.h"
-#include "services/common/australian_sections.h"
-#include "services/common/australian_statistics.h"
+#include "services/vedaxml_au/sections.h"
+#include "services/vedaxml_au/statistics.h"
 
 namespace zr::b2bay {
 namespace {

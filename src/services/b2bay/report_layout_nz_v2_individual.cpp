@@ -1,7 +1,7 @@
 #include "services/b2bay/individual_lines_nz.h"
 #include "services/b2bay/report_tables_nz.h"
 #include "services/b2bay/summary_lines.h"
-#include "services/common/new_zealand_individual_lines.h"
+#include "services/vedaxml_nz/individual_lines.h"
 
 namespace zr::b2bay {
 namespace {

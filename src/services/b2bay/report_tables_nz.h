@@ -3,9 +3,9 @@
 
 #include <span>
 
-#include "services/common/report_layout.h"
-#include "services/common/response_fields.h"
-#include "services/common/statistics.h"
+#include "reports/layout.h"
+#include "reports/response_fields.h"
+#include "reports/statistics.h"
 
 namespace zr::b2bay {
 

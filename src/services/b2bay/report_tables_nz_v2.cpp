@@ -1,5 +1,5 @@
 #include "services/b2bay/report_tables_nz.h"
-#include "services/common/new_zealand_statistics.h"
+#include "services/vedaxml_nz/statistics.h"
 
 namespace zr::b2bay {
 namespace {

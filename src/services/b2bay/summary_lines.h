@@ -1,7 +1,7 @@
 // Lines that the B2Bay reports of both countries have.
 #pragma once
 
-#include "services/common/report_layout.h"
+#include "reports/layout.h"
 
 namespace zr::b2bay::lines {
 

@@ -3,7 +3,7 @@
 #include <span>
 #include <string_view>
 
-#include "services/common/catalogue_rows.h"
+#include "services/catalogue_rows.h"
 #include "services/vedaxml_au/street_types.h"
 
 namespace zr {

@@ -4,8 +4,8 @@
 #include <string>
 
 #include "platform/text.h"
-#include "services/common/report_writer.h"
-#include "services/common/statistics.h"
+#include "reports/statistics.h"
+#include "reports/writer.h"
 #include "services/vedaxml_au/reply_paths.h"
 #include "services/vedaxml_au/report_layout.h"
 #include "xml/zr_xml_utilities.h"
@@ -17,7 +17,7 @@ namespace {
 class Translation {
   public:
     Translation(const ServiceContext& context, const Service& service, Response& response)
-        : service_(service), response_(response), formats_(context) {}
+        : service_(service), response_(response), formats_(context.format_settings()) {}
 
     void run(XmlNode root);
 

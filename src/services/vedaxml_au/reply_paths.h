@@ -6,10 +6,10 @@
 
 #include "platform/xml_document.h"
 #include "records/company_selections.h"
-#include "services/common/australian_summary.h"
-#include "services/common/reply_checks.h"
-#include "services/common/report_writer.h"
-#include "services/common/statistics.h"
+#include "reports/statistics.h"
+#include "reports/writer.h"
+#include "services/reply_checks.h"
+#include "services/vedaxml_au/summary.h"
 
 namespace zr::australia {
 

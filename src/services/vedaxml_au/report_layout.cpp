@@ -1,7 +1,7 @@
 #include "services/vedaxml_au/report_layout.h"
 
-#include "services/common/australian_sections.h"
-#include "services/common/australian_statistics.h"
+#include "services/vedaxml_au/sections.h"
+#include "services/vedaxml_au/statistics.h"
 
 namespace zr::australia {
 namespace {

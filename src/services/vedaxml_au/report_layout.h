@@ -4,8 +4,8 @@
 
 #include <span>
 
-#include "services/common/report_layout.h"
-#include "services/common/statistics.h"
+#include "reports/layout.h"
+#include "reports/statistics.h"
 
 namespace zr::australia {
 

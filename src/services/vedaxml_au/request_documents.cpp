@@ -5,8 +5,8 @@
 
 #include "platform/error.h"
 #include "platform/text.h"
-#include "services/common/address_writing.h"
-#include "services/common/message_writing.h"
+#include "services/address_writing.h"
+#include "services/message_writing.h"
 #include "xml/zr_xml_builder.h"
 
 namespace zr {

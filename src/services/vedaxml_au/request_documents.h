@@ -6,7 +6,7 @@
 
 #include "records/products.h"
 #include "records/request.h"
-#include "services/common/bca_message.h"
+#include "services/bca_message.h"
 
 namespace zr {
 

@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "platform/secret.h"
-#include "services/common/vedaxml_service.h"
+#include "services/vedaxml_service.h"
 
 namespace zr {
 

@@ -3,8 +3,8 @@
 #include <span>
 #include <string_view>
 
-#include "services/common/catalogue_rows.h"
-#include "services/common/new_zealand_codes.h"
+#include "services/catalogue_rows.h"
+#include "services/vedaxml_nz/codes.h"
 #include "services/vedaxml_nz/street_types.h"
 
 namespace zr {

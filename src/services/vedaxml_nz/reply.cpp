@@ -4,10 +4,10 @@
 #include <string>
 #include <vector>
 
-#include "services/common/catalogue_rows.h"
-#include "services/common/new_zealand_statistics.h"
-#include "services/common/report_writer.h"
+#include "reports/writer.h"
+#include "services/catalogue_rows.h"
 #include "services/vedaxml_nz/reply_paths.h"
+#include "services/vedaxml_nz/statistics.h"
 #include "services/vedaxml_nz/statistics_tables.h"
 #include "xml/zr_xml_utilities.h"
 
@@ -23,7 +23,7 @@ class Translation {
           product_(service.Products().find(request.ProductId())),
           add_directors_statistics_(add_directors_statistics),
           response_(RequestInternals::Response(request)),
-          formats_(context),
+          formats_(context.format_settings()),
           periods_(response_.ResponseDate()) {}
 
     void run(XmlNode root);

@@ -5,8 +5,8 @@
 #include <string_view>
 
 #include "records/request.h"
-#include "services/common/reply_checks.h"
-#include "services/common/service.h"
+#include "services/reply_checks.h"
+#include "services/service.h"
 
 namespace zr::new_zealand {
 

@@ -2,11 +2,11 @@
 #pragma once
 
 #include "platform/xml_document.h"
-#include "services/common/new_zealand_summary.h"
-#include "services/common/reply_checks.h"
-#include "services/common/report_writer.h"
-#include "services/common/statistics.h"
+#include "reports/statistics.h"
+#include "reports/writer.h"
+#include "services/reply_checks.h"
 #include "services/vedaxml_nz/company_search.h"
+#include "services/vedaxml_nz/summary.h"
 
 namespace zr::new_zealand {
 

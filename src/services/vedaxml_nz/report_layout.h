@@ -3,7 +3,7 @@
 
 #include <span>
 
-#include "services/common/report_layout.h"
+#include "reports/layout.h"
 
 namespace zr::new_zealand {
 

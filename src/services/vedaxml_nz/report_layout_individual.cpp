@@ -1,4 +1,4 @@
-#include "services/common/new_zealand_individual_lines.h"
+#include "services/vedaxml_nz/individual_lines.h"
 #include "services/vedaxml_nz/report_layout.h"
 
 namespace zr::new_zealand {

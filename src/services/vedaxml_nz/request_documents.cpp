@@ -3,8 +3,8 @@
 #include "platform/convert.h"
 #include "platform/digits.h"
 #include "platform/text.h"
-#include "services/common/address_writing.h"
-#include "services/common/message_writing.h"
+#include "services/address_writing.h"
+#include "services/message_writing.h"
 
 namespace zr {
 namespace {

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "services/common/vedaxml_service.h"
+#include "services/vedaxml_service.h"
 
 namespace zr {
 

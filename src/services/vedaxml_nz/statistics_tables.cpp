@@ -1,6 +1,6 @@
 #include "services/vedaxml_nz/statistics_tables.h"
 
-#include "services/common/new_zealand_statistics.h"
+#include "services/vedaxml_nz/statistics.h"
 
 namespace zr::new_zealand {
 namespace {

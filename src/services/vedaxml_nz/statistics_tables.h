@@ -3,7 +3,7 @@
 
 #include <span>
 
-#include "services/common/statistics.h"
+#include "reports/statistics.h"
 
 namespace zr::new_zealand {
 

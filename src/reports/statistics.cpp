@@ -1,0 +1,167 @@
+#include "reports/statistics.h"
+
+#include <algorithm>
+#include <cstddef>
+
+#include "platform/text.h"
+#include "reports/runs.h"
+#include "xml/zr_xml_utilities.h"
+
+namespace zr {
+namespace {
+
+XmlPath compile(std::string_view path, XmlNames& names) {
+    return path.empty() ? XmlPath() : XmlPath(path, names);
+}
+
+bool is_one_of(std::span<const std::string_view> values, std::string_view value) {
+    return !value.empty() && std::find(values.begin(), values.end(), value) != values.end();
+}
+
+constexpr std::string_view kPeriodLabels[] = {"In last year", "In last 2 years", "In last 3 years",
+                                              "In last 4 years"};
+
+void write_open_count(Response& response, std::string_view group, const SummaryBlock& block) {
+    const std::int16_t count = response.statistics(block.family).open;
+    if (!block.open_label.empty() && (response.Company() || !block.open_of_companies)) {
+        const bool none = block.none_when_zero && count == 0;
+        response.elements().AddElement(group, block.sub_group, block.open_label,
+                                       none ? "None" : std::to_string(count));
+    }
+}
+
+}  // namespace
+
+StatisticsPeriods::StatisticsPeriods(const DateTime& response_date)
+    : starts_{response_date.years_before(1), response_date.years_before(2),
+              response_date.years_before(3), response_date.years_before(4)} {}
+
+void StatisticsPeriods::count(FamilyStatistics& statistics, const DateTime& event) const {
+    for (std::size_t year = 0; year < starts_.size(); ++year) {
+        if (event > starts_[year]) {
+            increment(statistics.years[year]);
+        }
+    }
+}
+
+StatisticsTable::StatisticsTable(std::span<const StatisticsCategory> categories, XmlNames& names) {
+    rows_.reserve(categories.size());
+    for (const StatisticsCategory& category : categories) {
+        rows_.push_back({.category = &category,
+                         .records = compile(category.records, names),
+                         .instead_of = compile(category.instead_of, names),
+                         .only = compile(category.only_path, names),
+                         .run_id = compile(category.run_id, names),
+                         .event_date = compile(category.event_date, names),
+                         .loaded = compile(category.loaded, names),
+                         .outstanding = compile(category.outstanding, names),
+                         .settled = compile(category.settled_path, names),
+                         .status = compile(category.status_path, names)});
+    }
+}
+
+void StatisticsTable::update(Response& response, XmlNode node,
+                             const StatisticsPeriods& periods) const {
+    std::vector<XmlNode> records;
+    for (const Compiled& row : rows_) {
+        if (node.first(row.instead_of)) {
+            continue;
+        }
+        FamilyStatistics& statistics = response.statistics(row.category->family);
+        node.select(row.records, records);
+        for (std::size_t index = 0; index < records.size();
+             index = end_of_run(records, index, row.run_id, row.category->runs)) {
+            if (counts(row, records[index])) {
+                count_record(row, records[index], periods, statistics);
+            }
+        }
+    }
+}
+
+bool StatisticsTable::counts(const Compiled& row, XmlNode record) {
+    const StatisticsCategory& category = *row.category;
+    if (category.only_path.empty()) {
+        return true;
+    }
+    const std::string_view value = record.value(row.only).value_or("");
+    if (!category.only_codes.empty()) {
+        return is_one_of(category.only_codes, text::upper(value));
+    }
+    return (value == category.only_value) != category.only_others;
+}
+
+Currency StatisticsTable::outstanding(const Compiled& row, XmlNode record) {
+    const std::string_view code = record.value(row.settled).value_or("");
+    const bool settled = code.empty() ? row.category->settled_without_code
+                                      : row.category->settled_by_any_code ||
+                                            is_one_of(row.category->settled_codes, code);
+    return settled ? Currency()
+                   : ZRXMLUtilities::GetSubNodeCurrency(record, row.outstanding, Currency());
+}
+
+bool StatisticsTable::is_open(const Compiled& row, XmlNode record, Currency outstanding) {
+    const auto has_status = [&] {
+        return is_one_of(row.category->statuses,
+                         text::upper(record.value(row.status).value_or("")));
+    };
+    switch (row.category->open) {
+        case Open::kUnlessStatus:
+            return !has_status();
+        case Open::kIfStatus:
+            return has_status();
+        case Open::kUnlessNode:
+            return !record.value(row.status);
+        case Open::kNever:
+            return false;
+        case Open::kOwing:
+            return outstanding > Currency();
+    }
+    return false;
+}
+
+void StatisticsTable::count_record(const Compiled& row, XmlNode record,
+                                   const StatisticsPeriods& periods, FamilyStatistics& statistics) {
+    const Currency owed = outstanding(row, record);
+    increment(statistics.total);
+    if (const auto event = ZRXMLUtilities::GetSubNodeDate(record, row.event_date)) {
+        periods.count(statistics, *event);
+    }
+    if (is_open(row, record, owed)) {
+        increment(statistics.open);
+    }
+    statistics.loaded_balance += owed;
+    statistics.loaded_value += ZRXMLUtilities::GetSubNodeCurrency(record, row.loaded, Currency());
+}
+
+void write_quick_summary(Response& response, std::span<const SummaryBlock> blocks) {
+    constexpr std::string_view kGroup = "Quick Summary";
+    for (const SummaryBlock& block : blocks) {
+        const FamilyStatistics& counted = response.statistics(block.family);
+        if (counted.total > 0) {
+            response.elements().AddElement(kGroup, block.sub_group, "Total",
+                                           std::to_string(counted.total));
+            write_open_count(response, kGroup, block);
+        }
+    }
+}
+
+void write_statistics(Response& response, std::span<const SummaryBlock> blocks) {
+    constexpr std::string_view kGroup = "Statistics";
+    ResponseElements& lines = response.elements();
+    for (const SummaryBlock& block : blocks) {
+        const FamilyStatistics& counted = response.statistics(block.family);
+        if (counted.total == 0) {
+            continue;
+        }
+        for (std::size_t year = counted.years.size(); year-- > 0;) {
+            if (counted.years[year] > 0) {
+                lines.AddElement(kGroup, block.sub_group, kPeriodLabels[year],
+                                 std::to_string(counted.years[year]));
+            }
+        }
+        lines.AddElement(kGroup, block.sub_group, "Total", std::to_string(counted.total));
+        write_open_count(response, kGroup, block);
+    }
+}
+
+}  // namespace zr

@@ -1,0 +1,156 @@
+// Writes the lines of a report from its layout.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/regional_format.h"
+#include "platform/xml_document.h"
+#include "records/code_tables.h"
+#include "records/response_elements.h"
+#include "reports/layout.h"
+
+namespace zr::layout {
+
+/// A layout whose paths are compiled against a service's names. Constant once made.
+class CompiledLayout {
+  public:
+    CompiledLayout(std::span<const Section> sections, XmlNames& names,
+                   MissingAmounts missing = MissingAmounts::kZero);
+
+  private:
+    friend class ReportWriter;
+
+    struct CompiledPiece {
+        const Piece* piece;
+        XmlPath path;
+        XmlPath condition;
+        std::size_t table = 0;             ///< index into tables_
+        std::vector<CompiledPiece> parts;  ///< of the piece's parts or cases
+    };
+    struct CompiledText {
+        std::vector<CompiledPiece> pieces;
+        bool constant = false;  ///< one constant piece: nothing to copy
+    };
+    struct CompiledLine {
+        CompiledText label;
+        CompiledText value;
+        std::optional<XmlPath> each;
+    };
+    struct CompiledSection {
+        const Section* section;
+        XmlPath records;
+        XmlPath id;
+        XmlPath without;
+        std::vector<CompiledLine> lines;
+    };
+
+    CompiledText compile(const Pieces& pieces, XmlNames& names);
+    CompiledPiece compile(const Piece& piece, XmlNames& names);
+    std::size_t table_index(std::string_view name);
+
+    std::vector<CompiledSection> sections_;
+    std::vector<std::string_view> tables_;
+    MissingAmounts missing_;
+    XmlPath first_given_name_;
+    XmlPath other_given_name_;
+    XmlPath family_name_;
+};
+
+/// The formats that no setting of the facade changes, made once for each region.
+struct FixedFormats {
+    explicit FixedFormats(Region region);
+    static const FixedFormats& of(Region region);
+
+    RegionalFormat general_date;
+    RegionalFormat number;
+    RegionalFormat count;
+    RegionalFormat percent;
+};
+
+/// The formats of dates and amounts that a host chooses, and the region they are written for.
+struct FormatSettings {
+    std::string_view date;
+    std::string_view money;
+    std::string_view money_symbol;
+    Region region;
+};
+
+/// The formats of one translation, compiled once from the settings.
+struct ReportFormats {
+    explicit ReportFormats(const FormatSettings& settings);
+
+    RegionalFormat date;
+    RegionalFormat money;
+    RegionalFormat money_symbol;
+    const FixedFormats& fixed;
+};
+
+/// Finds a code table by name; null for one that the service does not have.
+using TableFinder = std::function<const CodeTableItems*(std::string_view name)>;
+
+/// Writes a layout's lines into a response.
+class ReportWriter {
+  public:
+    /// `date_of_birth` is the subject's, for pieces that show another one only.
+    ReportWriter(const CompiledLayout& layout, const ReportFormats& formats,
+                 const TableFinder& find_table, ResponseElements& lines,
+                 const std::optional<DateTime>& date_of_birth = {});
+
+    /// Writes every section. `sources` are the nodes that sections start from; an absent one leaves
+    /// its sections out. The prefix is "" for the subject itself.
+    void write(std::span<const XmlNode> sources, std::string_view prefix);
+
+  private:
+    using CompiledText = CompiledLayout::CompiledText;
+    using CompiledPiece = CompiledLayout::CompiledPiece;
+
+    using CompiledSection = CompiledLayout::CompiledSection;
+    using CompiledLine = CompiledLayout::CompiledLine;
+
+    void write_section(const CompiledSection& section, XmlNode source, std::string_view prefix);
+    void write_record(const CompiledSection& section);
+    void add_line(const CompiledLine& line, XmlNode record);
+
+    /// The text of the pieces, kept as long as the lines.
+    std::string_view kept(const CompiledText& text, XmlNode record);
+    void append(std::string& target, std::span<const CompiledPiece> pieces, XmlNode record);
+    /// `start` is where the text that the piece belongs to begins in the target.
+    void append(std::string& target, std::size_t start, const CompiledPiece& piece, XmlNode record);
+    bool condition_holds(const CompiledPiece& piece, XmlNode record) const;
+    /// The value without what stands around it; counts it unless it is made of pieces itself.
+    void append_value(std::string& target, const CompiledPiece& piece, XmlNode record);
+    void append_form(std::string& target, const CompiledPiece& piece, XmlNode record);
+    void append_amount(std::string& target, const CompiledPiece& piece, XmlNode record) const;
+    static void append_date(std::string& target, const RegionalFormat& format,
+                            std::optional<std::string_view> value);
+    void append_description(std::string& target, const CompiledPiece& piece, XmlNode record) const;
+    void append_each(std::string& target, const CompiledPiece& piece,
+                     std::span<const XmlNode> records);
+    void append_choice(std::string& target, const CompiledPiece& piece, XmlNode record);
+    void append_person_name(std::string& target, XmlNode person);
+    std::string_view sub_group();
+
+    const CompiledLayout& layout_;
+    const ReportFormats& formats_;
+    ResponseElements& lines_;
+    std::vector<const CodeTableItems*> tables_;
+    std::vector<XmlNode> records_;
+    std::vector<XmlNode> nested_;
+    std::string text_;        ///< of the label or value being made
+    std::size_t values_ = 0;  ///< that were not empty so far
+    std::optional<DateTime> date_of_birth_;
+
+    // Where the writer stands.
+    const CompiledSection* section_ = nullptr;
+    std::string_view group_;
+    std::size_t position_ = 0;
+    std::span<const XmlNode> run_;  ///< the record, and those merged into it
+    std::string_view sub_group_;    ///< of the record, once it has a line
+};
+
+}  // namespace zr::layout

@@ -1,0 +1,50 @@
+#include "services/reply_service.h"
+
+#include <utility>
+
+#include "services/shared_procedures.h"
+
+namespace zr {
+
+bool ReplyService::fail(std::string message) {
+    context().SetErrorMessage(std::move(message));
+    return false;
+}
+
+std::optional<XmlDocument> ReplyService::LoadResponseXML(std::string_view response_xml) {
+    CheckedReply reply = check(response_xml);
+    if (!reply.document) {
+        fail(std::move(reply.message));
+    }
+    return std::move(reply.document);
+}
+
+bool ReplyService::BuildResponse(Request& request, DateTime response_date,
+                                 const std::string& response_xml) {
+    return build_response(request, response_date, response_xml, std::nullopt);
+}
+
+bool ReplyService::build_response(Request& request, DateTime response_date,
+                                  std::string response_xml, std::optional<XmlDocument> document) {
+    Response& response = RequestInternals::Response(request);
+    response.Clear();
+    response.ResponseDate(response_date);
+    response.ResponseXML(std::move(response_xml));
+    try {
+        // The rendering is made even of a reply that turns out to be faulty.
+        response.ResponseHTML(TransformToHTML(context().Runtime().style_sheets(),
+                                              response.ResponseXML(), XSLTFileName()));
+        if (!document) {
+            document = LoadResponseXML(response.ResponseXML());
+        }
+        if (document) {
+            translate(request, document->root());
+        }
+    } catch (...) {
+        RequestInternals::Dirty(request, true);  // half a response answers no later enquiry
+        throw;
+    }
+    return document.has_value();
+}
+
+}  // namespace zr

@@ -1,0 +1,46 @@
+// What the services that translate replies have in common: the style sheet and BuildResponse.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/xml_document.h"
+#include "services/reply_checks.h"
+#include "services/service.h"
+
+namespace zr {
+
+/// A service that turns a bureau's replies into responses.
+class ReplyService : public Service {
+  public:
+    /// The style sheet that turns a reply into ResponseHTML; starts empty, which gives none.
+    const std::string& XSLTFileName() const { return xslt_file_name_; }
+    void XSLTFileName(std::string_view name) { xslt_file_name_ = name; }
+
+    // Component-internal: the facade calls this.
+    bool BuildResponse(Request& request, DateTime response_date,
+                       const std::string& response_xml) override;
+
+  protected:
+    /// Parses a reply and checks it for the bureau's errors.
+    virtual CheckedReply check(std::string_view response_xml) const = 0;
+
+    /// Fills the response, whose document fields are set already, from a checked reply.
+    virtual void translate(Request& request, XmlNode root) = 0;
+
+    /// Stores the reason and answers false.
+    bool fail(std::string message);
+
+    /// Parses and checks a reply: the document, or nothing after storing the reason.
+    std::optional<XmlDocument> LoadResponseXML(std::string_view response_xml);
+
+    /// BuildResponse for a reply that may have been parsed already.
+    bool build_response(Request& request, DateTime response_date, std::string response_xml,
+                        std::optional<XmlDocument> document);
+
+  private:
+    std::string xslt_file_name_;
+};
+
+}  // namespace zr
