@@ -8,8 +8,8 @@
 namespace zr {
 
 /// The style sheets that one facade has used. Runs XSLT 1.0 with the EXSLT and msxsl:node-set
-/// functions; a sheet may include its neighbours on disk, but not write, create folders or reach
-/// the network. One thread at a time.
+/// functions; a sheet may include files and read its neighbours on disk, but not write, create
+/// folders or reach the network; its time, tree, text and output are bounded. One thread at a time.
 class StyleSheets {
   public:
     StyleSheets();
@@ -19,7 +19,7 @@ class StyleSheets {
 
     /// Transforms the XML text with the sheet in `file_name`; the output is text (UTF-8) as the
     /// sheet's xsl:output asks, without a byte-order mark. Throws PlatformError when the text or
-    /// the sheet cannot be read, parsed or run.
+    /// the sheet cannot be read, parsed or run, std::bad_alloc when memory ends.
     std::string transform(std::string_view xml, const std::string& file_name);
 
   private:

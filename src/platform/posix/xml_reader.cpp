@@ -6,6 +6,7 @@
 #include <libxml/xmlerror.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <cstring>
 #include <limits>
 #include <new>
@@ -170,8 +171,11 @@ std::optional<XmlParseError> XmlReader::parse() {
     }
     first_names_ = static_cast<std::size_t>(xmlDictSize(context_->dict));
     inputPush(context_, input);
+    errno = 0;
     xmlParseDocument(context_);
     if (thrown_) std::rethrow_exception(thrown_);
+    // Not every failure to allocate is reported.
+    if (errno == ENOMEM || context_->errNo == XML_ERR_NO_MEMORY) throw std::bad_alloc();
     if (!error_ && context_->wellFormed == 0) fail(XML_ERR_INTERNAL_ERROR, "Not well-formed.");
     return error_;
 }
