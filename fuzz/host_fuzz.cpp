@@ -40,9 +40,10 @@ class Script {
     }
 
     std::string text() {
-        const std::size_t size = std::min(next(256) * (next(2) == 0 ? 1U : 40U), rest_.size());
-        const std::string result(rest_.substr(0, size));
-        rest_.remove_prefix(size);
+        const std::size_t pieces = next(256);
+        const std::size_t wanted = pieces * (next(2) == 0 ? 1U : 40U);
+        const std::string result(rest_.substr(0, wanted));
+        rest_.remove_prefix(result.size());
         return result;
     }
 
@@ -71,16 +72,17 @@ class Bureau final : public zr::HttpTransport {
     Script& script_;
 };
 
-constexpr std::array<std::string_view, 7> kNames = {
-    "VedaXMLAU", "VedaXMLNZ", "B2BayAU", "B2BayNZ", "B2BayNZ_V2", "vedaxmlau", ""};
+constexpr std::array<std::string_view, 7> kNames = {"VedaXMLAU",  "VedaXMLNZ", "B2BayAU", "B2BayNZ",
+                                                    "B2BayNZ_V2", "vedaxmlau", ""};
 
 /// What a host holds on to, and the calls that it makes.
 class Host {
   public:
-    explicit Host(Script& script) : script_(script), bureau_([this] {
-        return std::make_unique<zr::Runtime>(std::make_unique<Bureau>(script_),
-                                             [] { return DateTime::ymd(2012, 6, 15); });
-    }) {
+    explicit Host(Script& script)
+        : script_(script), bureau_([this] {
+              return std::make_unique<zr::Runtime>(std::make_unique<Bureau>(script_),
+                                                   [] { return DateTime::ymd(2012, 6, 15); });
+          }) {
         request_ = bureau_.CreateRequest();
     }
 
@@ -100,7 +102,7 @@ class Host {
     void call() {
         switch (script_.next(16)) {
             case 0:
-                return expect(bureau_.Initialise(script_.next(4) == 0 ? script_.text()
+                return expect(bureau_.Initialise(script_.next(4) == 0   ? script_.text()
                                                  : script_.next(2) == 0 ? "AU"
                                                                         : "NZ"));
             case 1:
@@ -121,12 +123,11 @@ class Host {
             case 8:
                 return expect(bureau_.ExecuteVerifyConnection(name()));
             case 9:
-                return expect(bureau_.BuildResponse(*request_, DateTime::ymd(2012, 6, 15),
-                                                    script_.text()));
+                return expect(
+                    bureau_.BuildResponse(*request_, DateTime::ymd(2012, 6, 15), script_.text()));
             case 10:
                 held_.clear();
-                held_.emplace_back(request_->Response(),
-                                   zr::fuzz::read_all(*request_->Response()));
+                held_.emplace_back(request_->Response(), zr::fuzz::read_all(*request_->Response()));
                 return;
             case 11:
                 request_->Response(nullptr);
@@ -211,8 +212,7 @@ class Host {
         const zr::Services& services = bureau_.Services();
         try {
             // Positions that are none raise, as documented.
-            zr::Service& service =
-                services.Item(static_cast<std::int32_t>(script_.next(5)));
+            zr::Service& service = services.Item(static_cast<std::int32_t>(script_.next(5)));
             const auto settings = service.settings();
             const auto& setting = settings[script_.next(settings.size())];
             // A style sheet would be a file of this machine.

@@ -1,5 +1,5 @@
-// Reads whatever it is given as a job line and translates or composes what it asks for: an answer in
-// one line of JSON, whatever the line was.
+// Reads whatever it is given as a job line and translates or composes what it asks for: an answer
+// in one line of JSON, whatever the line was.
 
 #include <cstddef>
 #include <cstdint>
@@ -35,8 +35,8 @@ void answer(zr::cli::Performer& performer, std::string_view line) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string_view line(reinterpret_cast<const char*>(data), size);
     // A line never has a line break, and a style sheet would be a file of this machine.
-    if (line.find('\n') != std::string_view::npos ||
-        line.find("XSLT") != std::string_view::npos || line.find("\\u") != std::string_view::npos) {
+    if (line.find('\n') != std::string_view::npos || line.find("XSLT") != std::string_view::npos ||
+        line.find("\\u") != std::string_view::npos) {
         return 0;
     }
     static zr::cli::Performer translating(Operation::kTranslate);

@@ -27,7 +27,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string reply(reinterpret_cast<const char*>(data), size);
     const zr::Products& products = bureau.Services().Item(kService).Products();
     // Products differ in the layout of their report; the reply chooses one.
-    const auto chosen = static_cast<std::int32_t>(size % static_cast<std::size_t>(products.Count()));
+    const auto chosen =
+        static_cast<std::int32_t>(size % static_cast<std::size_t>(products.Count()));
     for (const std::int32_t position : {1, 1 + chosen}) {
         const auto request = bureau.CreateRequest();
         request->ServiceName(kService);

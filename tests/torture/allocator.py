@@ -1,23 +1,26 @@
 """A failing allocator at every point: a clean failure or the right answer, never a crash.
 
-A program that runs in the component's process makes each allocation fail in turn, and prints a line
-an area: its name, how many points were tried, how many held.
+`failing_allocator` runs tasks in the component's process again and again, each time with another
+allocation that fails, alone or with all behind it.
 """
 
 import re
 
-from kit import BIN, EXAMPLES, Folder, jobs_of, host, run
+from kit import BIN, EXAMPLES, Folder, ROOT, jobs_of, host, run
 
 PROGRAM = BIN / "failing_allocator"
-LIMIT = 500
+LINE = re.compile(r"^(\S+)\s+tried\s+(\d+)\s+right\s+(\d+)\s+clean\s+(\d+)(.*)", re.M)
 
 
 def examine_points(tally, bounded):
-    done = run([PROGRAM, *(["--bounded"] if bounded else [])], limit=LIMIT)
-    areas = re.findall(r"^(\S.*?)\s+(\d+)\s+(\d+)\s*$", done.out.decode(), re.M)
-    tally.expect("the program ends well", areas and not done.died, done)
-    for area, tried, held in areas:
-        tally.count(f"every point of {area}", int(tried), int(held), done.said()[-2000:])
+    for how in ([], ["--from"]):
+        done = run([PROGRAM, ROOT, *how, *(["--step", "25"] if bounded else [])], limit=1800)
+        rows = LINE.findall(done.out.decode())
+        tally.expect("the program tries its tasks", rows and not done.died, done)
+        for task, tried, right, clean, rest in rows:
+            tally.count(f"{task}: one allocation fails" if not how else
+                        f"{task}: all from one on fail", int(tried), int(right) + int(clean),
+                        task + rest)
 
 
 def examine_address_space(tally, bounded):

@@ -2,7 +2,6 @@
 
 import os
 import subprocess
-import threading
 
 from kit import EXAMPLES, Folder, HOST, jobs_of, surroundings
 
@@ -25,19 +24,10 @@ def run_jobs(command, path, folder, count):
                                    stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
                                    env=surroundings())
         seen, results = [], 0
-        done = threading.Event()
-
-        def watch():
-            while not done.wait(0.05):
-                seen.append((results, megabytes(process.pid)))
-
-        watcher = threading.Thread(target=watch)
-        watcher.start()
-        while block := process.stdout.read(1 << 20):
+        while block := process.stdout.read1(1 << 16):
             results += block.count(b"\n")
+            seen.append((results, megabytes(process.pid)))
         process.wait()
-        done.set()
-        watcher.join()
     late = [size for at, size in seen if size and at > count * 0.9]
     early = [size for at, size in seen if size and count * 0.1 < at < count * 0.3]
     return process.returncode, results, early, late
