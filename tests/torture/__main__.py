@@ -9,8 +9,8 @@ from kit import BUILD, Tally
 
 # Each group is a file with examine(tally, bounded); its first line of comment says what it shows.
 GROUPS = ["conformance", "doctype", "shapes", "network", "gateway", "tls", "redirects", "proxies",
-          "surroundings", "canaries", "sheets", "allocator", "kills", "machine", "endurance",
-          "threads", "fuzzing"]
+          "charsets", "surroundings", "canaries", "sheets", "allocator", "batches", "kills", "machine",
+          "endurance", "threads", "fuzzing"]
 SHOWN = 5  # faults a case that are printed; all are in the file
 
 
