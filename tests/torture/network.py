@@ -209,10 +209,11 @@ def examine_strays(tally):
 
 
 def examine(tally, bounded):
-    side_by_side(lambda name: examine_fault(tally, name, *FAULTS[name], MOST_SECONDS), FAULTS)
-    examine_challenges(tally)
-    examine_strays(tally)
     waiting = [(name, *row, MOST_SECONDS + 20) for name, row in WAITING.items()]
     if not bounded:
         waiting += [(name, *row, WHOLE_SECONDS) for name, row in NEVER_ENDING.items()]
-    side_by_side(lambda case: examine_fault(tally, *case), waiting, len(waiting))
+    faults = [(name, *row, MOST_SECONDS) for name, row in FAULTS.items()]
+    # Those that wait begin first, beside the two at a time that work.
+    side_by_side(lambda case: examine_fault(tally, *case), waiting + faults, len(waiting) + 2)
+    examine_challenges(tally)
+    examine_strays(tally)

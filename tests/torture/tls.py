@@ -49,13 +49,13 @@ BAD = {
     "no authentication": ({}, ciphers("aNULL"), SECURITY),
 }
 BROKEN = {
+    "says nothing": (lambda peer: peer.hold(), TIMEOUT),
     "plain text": (lambda peer: peer.send(b"HTTP/1.1 200 OK\r\n\r\n<r/>"), SECURITY + "|" + LOST),
     "closes at once": (lambda peer: None, LOST + "|" + SECURITY),
     "closes after the greeting": (lambda peer: peer.stream.recv(4096), LOST + "|" + SECURITY),
     "an alert": (lambda peer: peer.send(b"\x15\x03\x03\x00\x02\x02\x28"), SECURITY + "|" + LOST),
     "records of noise": (lambda peer: peer.send(b"\x16\x03\x03\x40\x00" + b"\xff" * 16384),
                          SECURITY + "|" + LOST),
-    "says nothing": (lambda peer: peer.hold(), TIMEOUT),
 }
 
 
@@ -89,6 +89,8 @@ def examine(tally, _bounded):
             chain = folder / "leaf.pem" if how.get("authority") == "leaf" else None
             examine_server(tally, name, Server(answer, tls(both, chain, change)), expected, folder)
 
-        side_by_side(bad, BAD)
-        side_by_side(lambda name: examine_server(tally, name, Server(BROKEN[name][0]),
-                                                 BROKEN[name][1], folder), BROKEN, len(BROKEN))
+        def broken(name):
+            handle, expected = BROKEN[name]
+            examine_server(tally, name, Server(handle), expected, folder)
+
+        side_by_side(lambda name: (bad if name in BAD else broken)(name), [*BROKEN, *BAD], 3)
