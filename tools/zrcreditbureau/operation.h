@@ -21,6 +21,12 @@ enum class Operation {
     kTranslate,  ///< translates a stored reply
 };
 
+/// Whether it asks the bureau: what it gets may have been charged for and cannot be had again.
+constexpr bool asks_bureau(Operation operation) {
+    return operation == Operation::kEnquire || operation == Operation::kList ||
+           operation == Operation::kVerify;
+}
+
 struct Outcome {
     bool result = false;
     std::string error_message;  ///< "" when the result is true

@@ -286,8 +286,10 @@ std::optional<Invocation> read_command_line(int argc, const char* const* argv, i
         add_output_options(*part, command, given, invocation);
         examples.append("  ").append(command.example).append("\n");
     }
-    app.footer(examples + "Every command explains itself: zrcreditbureau COMMAND --help\n" +
-               "Exit status: 0 for success, 1 when the operation fails, 2 for misuse.");
+    app.footer(
+        examples + "Every command explains itself: zrcreditbureau COMMAND --help\n" +
+        "Exit status: 0 for success, 1 when the operation fails, 2 for misuse, 3 when an answer\n"
+        "that was charged for could not be written and is kept elsewhere.");
     try {
         app.parse(reversed_arguments(argc, argv));
     } catch (const CLI::Success& help) {
