@@ -35,8 +35,8 @@ constexpr std::size_t kResultsPerWorker = 4;
 /// Few enough that workers share the jobs evenly, many enough that sharing costs nothing.
 constexpr std::size_t kMostItems = 8;
 
-/// Failures told on standard error: enough to see what is wrong.
-constexpr std::uint64_t kMostFailuresTold = 20;
+/// What is told of single jobs on standard error: enough to see what is wrong.
+constexpr std::uint64_t kMostMessages = 20;
 
 /// Translates the reply in a file; whatever is wrong with it is its outcome.
 Outcome translate_file(Performer& performer, const Job& base, const std::string& path) {
@@ -105,7 +105,7 @@ class Run {
     bool take(std::vector<BatchItem>& items, std::uint64_t& number);
     BatchResult perform(Performer& performer, const std::vector<BatchItem>& items);
     void write(const BatchResult& result);
-    void tell(const std::vector<std::string>& failures);
+    void tell(const std::vector<std::string>& messages);
 
     const Batch& batch_;
     JobSource& source_;
@@ -118,6 +118,7 @@ class Run {
     OrderedResults results_;
     std::atomic<std::uint64_t> translated_ = 0;
     std::atomic<std::uint64_t> failed_ = 0;
+    std::atomic<std::uint64_t> doubtful_ = 0;
     std::uint64_t told_ = 0;  // of the one that writes
     std::mutex failure_mutex_;
     std::exception_ptr failure_;
@@ -149,12 +150,13 @@ BatchResult Run::perform(Performer& performer, const std::vector<BatchItem>& ite
         write_result(json, batch_.operation, outcome, source_.files() ? item.text : std::string());
         result.lines.append(json.view()).append("\n");
         json.clear();
-        if (outcome.result) {
-            ++result.translated;
-        } else {
-            result.failures.push_back(
+        ++(outcome.result ? result.translated : result.failed);
+        result.doubtful += outcome.result && !outcome.warning.empty() ? 1 : 0;
+        const std::string& message = outcome.result ? outcome.warning : outcome.error_message;
+        if (!message.empty()) {
+            result.messages.push_back(
                 (source_.files() ? item.text : "line " + std::to_string(item.number)) + ": " +
-                outcome.error_message);
+                message);
         }
     }
     return result;
@@ -168,18 +170,19 @@ void Run::write(const BatchResult& result) {
         output_.write(result.lines);
     }
     translated_ += result.translated;
-    failed_ += result.failures.size();
+    failed_ += result.failed;
+    doubtful_ += result.doubtful;
     if (!batch_.results_only) {
-        tell(result.failures);
+        tell(result.messages);
     }
 }
 
-void Run::tell(const std::vector<std::string>& failures) {
-    for (const std::string& failure : failures) {
-        if (told_ < kMostFailuresTold) {
-            progress_.say("zrcreditbureau: " + one_line(failure));
-        } else if (told_ == kMostFailuresTold) {
-            progress_.say("zrcreditbureau: what else fails is told in the results only.");
+void Run::tell(const std::vector<std::string>& messages) {
+    for (const std::string& message : messages) {
+        if (told_ < kMostMessages) {
+            progress_.say("zrcreditbureau: " + one_line(message));
+        } else if (told_ == kMostMessages) {
+            progress_.say("zrcreditbureau: what else there is to say is in the results only.");
         }
         ++told_;
     }
@@ -205,7 +208,7 @@ void Run::work() {
 }
 
 Standing Run::standing() const {
-    Standing standing{translated_, failed_};
+    Standing standing{translated_, failed_, doubtful_};
     const std::optional<std::uint64_t> total = source_.total();
     standing.share = !total ? -1
                      : *total == 0
@@ -258,6 +261,7 @@ std::string options_identity(const Job& job) {
     fingerprint.add(job.date_format.value_or("-"));
     fingerprint.add(job.currency_format.value_or("-"));
     fingerprint.add(job.currency_format_symbol.value_or("-"));
+    fingerprint.add(job.strict ? "strict" : "-");
     fingerprint.add(job.response_date ? job.response_date->to_iso() : "-");
     for (const SettingsLayer& layer : job.services) {
         add_value(fingerprint, layer.settings);
@@ -346,6 +350,12 @@ std::string left_in(const Batch& batch, const Target& target) {
                                         : "; --resume goes on";
 }
 
+std::string doubtful(const Standing& standing) {
+    return standing.doubtful == 0
+               ? ""
+               : ", " + std::to_string(standing.doubtful) + " without a matched file";
+}
+
 std::string summary(const Batch& batch, const Standing& standing, double seconds,
                     const Target& target, int signal) {
     std::string text = signal != 0 ? "interrupted: " : "";
@@ -356,7 +366,7 @@ std::string summary(const Batch& batch, const Standing& standing, double seconds
         (void)std::snprintf(figures, sizeof figures, " in %.2f s (%.0f a second)", seconds,
                             static_cast<double>(standing.translated + standing.failed) / seconds);
         text += std::to_string(standing.translated) + " translated, " +
-                std::to_string(standing.failed) + " failed" + figures;
+                std::to_string(standing.failed) + " failed" + doubtful(standing) + figures;
     }
     if (target.part && target.part->finished() > 0) {
         text += ", after " + std::to_string(target.part->finished()) + " done before";

@@ -68,7 +68,8 @@ std::string outcome_text(Operation operation, const Outcome& outcome) {
         case Operation::kTranslate:
             break;
     }
-    return report_text(*outcome.response, "The reply holds no report lines.");
+    return (outcome.warning.empty() ? "" : outcome.warning + "\n\n") +
+           report_text(*outcome.response, "The reply holds no report lines.");
 }
 
 constexpr std::string_view kNoHtml =
@@ -146,13 +147,17 @@ void deliver(Operation operation, Output& output, const std::function<void(Outpu
 int report(const Invocation& invocation, const Outcome& outcome, Output& output,
            std::optional<Output>& html) {
     const Operation operation = *invocation.command->operation;
-    if (outcome.result || invocation.format == Format::kJson) {
+    // What is refused for being doubtful is reported all the same.
+    if (outcome.result || !outcome.warning.empty() || invocation.format == Format::kJson) {
         deliver(operation, output,
                 [&](Output& target) { write_outcome(target, invocation, outcome); });
     }
     if (!outcome.result) {
         std::cerr << printable(outcome.error_message) << '\n';
         return kFailed;
+    }
+    if (!outcome.warning.empty()) {
+        std::cerr << "zrcreditbureau: " + outcome.warning + "\n";
     }
     if (html && outcome.response->ResponseHTML().empty()) {
         std::cerr << kNoHtml;

@@ -128,6 +128,7 @@ void complete(Invocation& invocation, Given& given) {
     if (!given.country.empty()) {
         job.country = given.country;
     }
+    job.strict = given.strict;
     if (given.production) {
         job.test_mode = false;
     }

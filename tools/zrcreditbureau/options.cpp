@@ -139,6 +139,10 @@ void add_general_options(CLI::App& app, const Command& command, Given& given) {
     app.add_flag("--production", given.production,
                  "Address the bureau's production system instead of its test system")
         ->group(kGeneralGroup);
+    if (*command.operation == Operation::kEnquire || *command.operation == Operation::kTranslate) {
+        app.add_flag("--strict", given.strict, "A reply without a matched file is a failure")
+            ->group(kGeneralGroup);
+    }
     const std::pair<const char*, std::string*> formats[] = {
         {"--date-format", &given.date_format},
         {"--currency-format", &given.currency_format},

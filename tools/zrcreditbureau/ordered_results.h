@@ -17,7 +17,9 @@ struct BatchResult {
     std::string lines;
     std::size_t bytes = 0;  ///< of the jobs, as they were waited for
     std::uint64_t translated = 0;
-    std::vector<std::string> failures;  ///< why, of each job that failed
+    std::uint64_t failed = 0;
+    std::uint64_t doubtful = 0;         ///< of those translated
+    std::vector<std::string> messages;  ///< of each job that failed or is doubtful
     bool last = false;                  ///< the run was stopped: nothing behind it is written
 };
 

@@ -295,12 +295,13 @@ void write_or_rescue(Output& output, const std::function<void(Output&)>& write,
         (output.*settle)();
     } catch (const OutputError& error) {
         output.take_back();
-        const std::string reason = std::string(error.what()) + " The result ";
+        std::string reason = error.what();
+        reason += " The result ";
         for (const std::string& folder : {environment("TMPDIR"), std::string("/tmp"),
                                           environment("HOME"), std::string("/dev/shm")}) {
             const std::string path = rescue_file(folder, write);
             if (!path.empty()) {
-                throw RescuedError(reason + "is in " + path + ".");
+                throw RescuedError(reason.append("is in ").append(path).append("."));
             }
         }
         try {
