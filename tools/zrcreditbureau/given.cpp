@@ -9,7 +9,7 @@
 #include "zrcreditbureau/failure.h"
 #include "zrcreditbureau/files.h"
 #include "zrcreditbureau/option_values.h"
-#include "zrcreditbureau/part_file.h"
+#include "zrcreditbureau/output.h"
 #include "zrcreditbureau/reply_files.h"
 
 namespace zr::cli {
@@ -78,7 +78,7 @@ void complete_batch(Invocation& invocation, Given& given) {
     }
     batch.workers = given.jobs ? number_of_workers(*given.jobs) : 1;
     batch.shard = given.shard ? parse_shard(*given.shard) : Shard();
-    if (batch.resume && !PartFile::is_possible(invocation.output_path)) {
+    if (batch.resume && place_of(invocation.output_path) != Place::kFile) {
         throw MisuseError("--resume goes on with a file: name it with --output.");
     }
     if (!batch.input.empty()) {
@@ -128,6 +128,7 @@ void complete(Invocation& invocation, Given& given) {
     if (!given.country.empty()) {
         job.country = given.country;
     }
+    job.strict = given.strict;
     if (given.production) {
         job.test_mode = false;
     }
@@ -144,6 +145,11 @@ void complete(Invocation& invocation, Given& given) {
             job.response_date = convert::to_host_date(date.text());
         }
     }
+    invocation.inputs = {given.settings_file, given.request_file, invocation.batch.input};
+    for (const std::string& file : given.reply_files) {
+        invocation.inputs.push_back(file);
+    }
+    invocation.batch.operation = invocation.command->operation.value_or(Operation::kTranslate);
     invocation.format = format_of(given.format, *invocation.command);
     complete_batch(invocation, given);
     if (invocation.ndjson) {
