@@ -4,6 +4,7 @@
 #include <libxslt/extra.h>
 #include <libxslt/security.h>
 #include <libxslt/transform.h>
+#include <libxslt/variables.h>
 #include <libxslt/xsltInternals.h>
 #include <libxslt/xsltutils.h>
 
@@ -118,7 +119,15 @@ std::string serialise(xmlDocPtr result, xsltStylesheetPtr sheet) {
                : std::string(reinterpret_cast<const char*>(output), static_cast<std::size_t>(size));
 }
 
-std::string run(SheetSession& session, xsltStylesheetPtr sheet, xmlDocPtr input) {
+// Quoted: a value is text, never an expression.
+void give_parameters(xsltTransformContextPtr context, const SheetParameters& parameters) {
+    for (const auto& [name, value] : parameters) {
+        xsltQuoteOneUserParam(context, chars(name.c_str()), chars(value.c_str()));
+    }
+}
+
+std::string run(SheetSession& session, xsltStylesheetPtr sheet, xmlDocPtr input,
+                const SheetParameters& parameters) {
     const SecurityPtr security = restrictions();
     const ContextPtr context(allocated(xsltNewTransformContext(sheet, input)));
     xsltSetCtxtSecurityPrefs(security.get(), context.get());
@@ -127,6 +136,7 @@ std::string run(SheetSession& session, xsltStylesheetPtr sheet, xmlDocPtr input)
     context->opLimit = kMostOperations;
     xsltRegisterExtFunction(context.get(), chars("node-set"),
                             chars("urn:schemas-microsoft-com:xslt"), xsltFunctionNodeSet);
+    give_parameters(context.get(), parameters);
     const DocumentPtr result(
         xsltApplyStylesheetUser(sheet, input, nullptr, nullptr, nullptr, context.get()));
     const std::string complaint = session.discreet_complaint();
@@ -172,11 +182,12 @@ struct StyleSheets::Cache {
 StyleSheets::StyleSheets() : cache_(std::make_unique<Cache>()) {}
 StyleSheets::~StyleSheets() = default;
 
-std::string StyleSheets::transform(std::string_view xml, const std::string& file_name) {
+std::string StyleSheets::transform(std::string_view xml, const std::string& file_name,
+                                   const SheetParameters& parameters) {
     const DocumentPtr input = parse_input(xml);
     xsltStylesheetPtr sheet = cache_->get(file_name);
     SheetSession session;
-    return run(session, sheet, input.get());
+    return run(session, sheet, input.get(), parameters);
 }
 
 }  // namespace zr
