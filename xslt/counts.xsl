@@ -12,12 +12,13 @@
        records     all of them              dates        the nodes with their dates
        adverse     those in the headline    open-dates   the dates of the open ones
        open        those not paid or not discharged
-       untold      those of which the statistics do not say whether they are open
+       untold      counted ones of which the statistics do not say whether they are open; `tells` is
+                   false where they say it of none
        beside      adverse ones that the statistics leave out, beside-open the open ones of these
        listed      their amounts            owed         what is left to pay of them
        apart       what is left to pay without being part of the headline's amount
-       `ends` is false for a kind that is neither open nor closed. What else `as` can ask for is a plan
-       of the timeline. -->
+       `ends` is false for a kind that is neither open nor closed. Asked for two years,
+       `as` "2003 2012", it gives the row of the timeline. -->
   <xsl:template name="kind">
     <xsl:param name="as"/>
     <xsl:param name="label"/>
@@ -33,6 +34,7 @@
     <xsl:param name="owed" select="/.."/>
     <xsl:param name="apart" select="/.."/>
     <xsl:param name="ends" select="true()"/>
+    <xsl:param name="tells" select="true()"/>
     <xsl:choose>
       <xsl:when test="$as = 'tally'">
         <xsl:variable name="sum"><xsl:call-template name="total"><xsl:with-param name="of" select="$owed"/></xsl:call-template></xsl:variable>
@@ -44,8 +46,7 @@
         <xsl:if test="$beside"><xsl:value-of select="concat(', ', $label, ' (', count($beside), ')')"/></xsl:if>
       </xsl:when>
       <xsl:when test="$as = 'untold'">
-        <xsl:variable name="count" select="count($untold[count(. | $adverse) = count($adverse)])"/>
-        <xsl:if test="$count"><xsl:value-of select="concat(', ', $label, ' (', $count, ')')"/></xsl:if>
+        <xsl:if test="$untold"><xsl:value-of select="concat(', ', $label, ' (', count($untold), ')')"/></xsl:if>
       </xsl:when>
       <xsl:when test="$as = 'row'">
         <xsl:call-template name="count-row">
@@ -53,7 +54,7 @@
           <xsl:with-param name="count" select="count($records)"/>
           <xsl:with-param name="open"><xsl:choose>
             <xsl:when test="not($ends) or not($adverse | $beside)"/>
-            <xsl:when test="$untold and count($untold) = count($adverse | $beside)">not told</xsl:when>
+            <xsl:when test="not($tells)">not told</xsl:when>
             <xsl:otherwise><xsl:value-of select="count($open | $beside-open)"/></xsl:otherwise>
           </xsl:choose></xsl:with-param>
           <xsl:with-param name="listed" select="$listed"/>
@@ -67,7 +68,6 @@
         </xsl:if>
       </xsl:when>
       <xsl:when test="not($dates)"/>
-      <xsl:when test="$as = 'labels'"><xsl:value-of select="concat($label, '|')"/></xsl:when>
       <xsl:when test="$as = 'years'">
         <xsl:for-each select="$dates[substring(normalize-space(), 1, 4) &gt; 1800]">
           <xsl:sort select="substring(normalize-space(), 1, 4)" data-type="number"/>
@@ -77,12 +77,15 @@
         </xsl:for-each>
       </xsl:when>
       <xsl:otherwise>
-        <xsl:call-template name="timeline-row">
-          <xsl:with-param name="plan" select="$as"/>
-          <xsl:with-param name="label" select="$label"/>
+        <xsl:value-of select="concat($label, '|')"/>
+        <xsl:call-template name="years-of">
           <xsl:with-param name="dates" select="$dates"/>
           <xsl:with-param name="open-dates" select="$open-dates"/>
+          <xsl:with-param name="year" select="number(substring-before($as, ' ')) - 1"/>
+          <xsl:with-param name="first" select="number(substring-before($as, ' '))"/>
+          <xsl:with-param name="last" select="number(substring-after($as, ' '))"/>
         </xsl:call-template>
+        <xsl:text>;</xsl:text>
       </xsl:otherwise>
     </xsl:choose>
   </xsl:template>

@@ -1,5 +1,7 @@
 <?xml version="1.0" encoding="utf-8"?>
-<!-- The kinds of records of a New Zealand report, as each layout's statistics count them. -->
+<!-- The kinds of records of a New Zealand report, as each layout's statistics count them. Sets are
+     chosen by what is in a record, never by looking it up in another set: that takes the square of
+     their size. -->
 <xsl:stylesheet version="1.0" xmlns:xsl="http://www.w3.org/1999/XSL/Transform">
 
   <xsl:variable name="counted-insolvencies">|TYPNP|TYPRM|TYPSO|TYPVL|TYPCL|TYPIL|</xsl:variable>
@@ -18,26 +20,27 @@
     <xsl:variable name="uncounted" select="$of-company[count(. | $statistics) != count($statistics)]"/>
 
     <xsl:variable name="company-defaults" select="$of-company/company-default-file/company-default"/>
+    <xsl:variable name="left-out-defaults" select="$uncounted/company-default-file/company-default"/>
+    <xsl:variable name="counted-defaults" select="$statistics/company-default-file/company-default"/>
     <xsl:variable name="defaults" select="$people/default-file/default"/>
-    <xsl:variable name="uncounted-defaults" select="$uncounted/company-default-file/company-default"/>
-    <xsl:variable name="counted-defaults" select="$statistics/company-default-file/company-default | $defaults"/>
-    <xsl:variable name="unpaid" select="($company-defaults | $defaults)[translate(default-balance, '$, ', '') &gt; 0
-        or translate(default-balance-amount, '$, ', '') &gt; 0]"/>
+    <xsl:variable name="unpaid" select="$defaults[translate(default-balance, '$, ', '') &gt; 0
+                                                  or translate(default-balance-amount, '$, ', '') &gt; 0]"/>
     <xsl:call-template name="kind">
       <xsl:with-param name="as" select="$as"/>
       <xsl:with-param name="label">Defaults</xsl:with-param>
       <xsl:with-param name="records" select="$company-defaults | $defaults"/>
       <xsl:with-param name="dates" select="$company-defaults/@create-date | $defaults/@create-date[$first-layout]
                                            | $defaults/load-date[not($first-layout)]"/>
-      <xsl:with-param name="adverse" select="$counted-defaults"/>
-      <xsl:with-param name="open" select="$unpaid[count(. | $counted-defaults) = count($counted-defaults)]"/>
-      <xsl:with-param name="open-dates" select="$unpaid[self::company-default or $first-layout]/@create-date
-                                                | $unpaid/load-date[not($first-layout)]"/>
-      <xsl:with-param name="beside" select="$uncounted-defaults"/>
-      <xsl:with-param name="beside-open" select="$unpaid[count(. | $uncounted-defaults) = count($uncounted-defaults)]"/>
+      <xsl:with-param name="adverse" select="$counted-defaults | $defaults"/>
+      <xsl:with-param name="open" select="$counted-defaults[translate(default-balance, '$, ', '') &gt; 0] | $unpaid"/>
+      <xsl:with-param name="open-dates" select="$company-defaults[translate(default-balance, '$, ', '') &gt; 0]/@create-date
+          | $unpaid/@create-date[$first-layout] | $unpaid/load-date[not($first-layout)]"/>
+      <xsl:with-param name="beside" select="$left-out-defaults"/>
+      <xsl:with-param name="beside-open" select="$left-out-defaults[translate(default-balance, '$, ', '') &gt; 0]"/>
       <xsl:with-param name="listed" select="($company-defaults | $defaults)/default-amount | $defaults/default-original-amount"/>
-      <xsl:with-param name="owed" select="$counted-defaults/default-balance | $defaults/default-balance-amount"/>
-      <xsl:with-param name="apart" select="$uncounted-defaults/default-balance"/>
+      <xsl:with-param name="owed" select="$counted-defaults/default-balance | $defaults/default-balance
+                                          | $defaults/default-balance-amount"/>
+      <xsl:with-param name="apart" select="$left-out-defaults/default-balance"/>
     </xsl:call-template>
 
     <xsl:choose>
@@ -51,6 +54,7 @@
           <xsl:with-param name="dates" select="($collections | $company-collections)/@create-date"/>
           <xsl:with-param name="adverse" select="$collections | $company-collections"/>
           <xsl:with-param name="untold" select="$collections | $company-collections"/>
+          <xsl:with-param name="tells" select="false()"/>
           <xsl:with-param name="open-dates" select="($collections | $company-collections)
               [translate(collection-balance, '$, ', '') &gt; 0]/@create-date"/>
           <xsl:with-param name="listed" select="($collections | $company-collections)/collection-amount"/>
@@ -106,7 +110,8 @@
       <xsl:with-param name="adverse" select="$judgements | $counted-judgements"/>
       <xsl:with-param name="open" select="$open-judgements"/>
       <xsl:with-param name="open-dates" select="$open-judgements/load-date"/>
-      <xsl:with-param name="untold" select="$company-judgements | $judgements[not($vedaxml)]"/>
+      <xsl:with-param name="untold" select="$counted-judgements | $judgements[not($vedaxml)]"/>
+      <xsl:with-param name="tells" select="$vedaxml and $people"/>
       <xsl:with-param name="beside" select="$uncounted/company-judgement-file/company-judgement"/>
       <xsl:with-param name="listed" select="($judgements | $company-judgements)/judgement-amount"/>
       <!-- Version 2 takes a judgement with a status for one that is owed. -->
@@ -118,9 +123,11 @@
       <xsl:variable name="insolvencies" select="$people[$vedaxml]/insolvency-file/insolvency"/>
       <xsl:variable name="bankruptcies" select="$people/bankruptcy-file/bankruptcy"/>
       <xsl:variable name="counted" select="$insolvencies[contains($counted-insolvencies,
-              concat('|', translate(insolvency-type/@code, $small, $capital), '|')) and normalize-space(insolvency-type/@code)]
+              concat('|', translate(insolvency-type/@code, $small, $capital), '|')) and insolvency-type/@code != '']
           | $bankruptcies[not($vedaxml) or not(../../insolvency-file/insolvency)]"/>
-      <xsl:variable name="others" select="($insolvencies | $bankruptcies)[count(. | $counted) != count($counted)]"/>
+      <xsl:variable name="others" select="$insolvencies[not(contains($counted-insolvencies,
+              concat('|', translate(insolvency-type/@code, $small, $capital), '|')) and insolvency-type/@code != '')]
+          | $bankruptcies[$vedaxml and ../../insolvency-file/insolvency]"/>
       <xsl:variable name="undischarged" select="$counted[self::insolvency][not(discharged-date)]
           | $counted[self::bankruptcy][not($first-layout)][not(date-discharged)]
           | $counted[self::bankruptcy][$first-layout][not(@date-discharged)]"/>
@@ -167,7 +174,8 @@
       <xsl:with-param name="dates" select="$of-notices/@create-date | $personal-notices/load-date[not($first-layout)]
                                            | $personal-notices/publication-date[$first-layout]"/>
       <xsl:with-param name="adverse" select="$counts-notices"/>
-      <xsl:with-param name="beside" select="$adverse-notices[count(. | $counts-notices) != count($counts-notices)]"/>
+      <xsl:with-param name="beside" select="$adverse-notices[$first-layout
+                                            or count(../.. | $statistics) != count($statistics)]"/>
       <xsl:with-param name="ends" select="false()"/>
     </xsl:call-template>
 

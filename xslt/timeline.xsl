@@ -6,40 +6,43 @@
 
   <xsl:variable name="most-years" select="10"/>
 
+  <!-- The rows are counted once, as text: "Defaults|0 0,1 0,2 1,;Judgements|...;", for each kind the
+       records and the open ones of everything earlier, then of every year. -->
   <xsl:template name="timeline">
-    <xsl:variable name="labels"><xsl:call-template name="kinds"><xsl:with-param name="as">labels</xsl:with-param></xsl:call-template></xsl:variable>
     <xsl:variable name="years"><xsl:call-template name="kinds"><xsl:with-param name="as">years</xsl:with-param></xsl:call-template></xsl:variable>
-    <xsl:variable name="least"><xsl:call-template name="extreme"><xsl:with-param name="years" select="string($years)"/><xsl:with-param name="sign" select="-1"/></xsl:call-template></xsl:variable>
-    <xsl:variable name="most"><xsl:call-template name="extreme"><xsl:with-param name="years" select="string($years)"/><xsl:with-param name="sign" select="1"/></xsl:call-template></xsl:variable>
     <xsl:if test="string($years)">
+      <xsl:variable name="least"><xsl:call-template name="extreme"><xsl:with-param name="years" select="string($years)"/><xsl:with-param name="sign" select="-1"/></xsl:call-template></xsl:variable>
+      <xsl:variable name="most"><xsl:call-template name="extreme"><xsl:with-param name="years" select="string($years)"/><xsl:with-param name="sign" select="1"/></xsl:call-template></xsl:variable>
       <xsl:variable name="last" select="number(concat(substring($response-date, 1, 4), substring($most, 1, 4 * not($response-date))))"/>
-      <xsl:variable name="first" select="concat(substring($least, 1, 4 * ($least &gt; $last - $most-years and $least &lt;= $last)),
-          substring($last - $most-years + 1, 1, 4 * not($least &gt; $last - $most-years and $least &lt;= $last)))"/>
+      <xsl:variable name="all-fit" select="$least &gt; $last - $most-years and $least &lt;= $last"/>
+      <xsl:variable name="first" select="number(concat(substring($least, 1, 4 * $all-fit), substring($last - $most-years + 1, 1, 4 * not($all-fit))))"/>
+      <xsl:variable name="rows"><xsl:call-template name="kinds"><xsl:with-param name="as" select="concat($first, ' ', $last)"/></xsl:call-template></xsl:variable>
+      <xsl:variable name="undated"><xsl:call-template name="kinds"><xsl:with-param name="as">undated</xsl:with-param></xsl:call-template></xsl:variable>
       <figure class="timeline">
-        <figcaption>When it happened. A disc is a year with records and says how many; it is filled where one of them is open.<xsl:variable name="undated"><xsl:call-template name="kinds"><xsl:with-param name="as">undated</xsl:with-param></xsl:call-template></xsl:variable>
+        <figcaption>
+          <xsl:text>When it happened. A disc is a year with records and says how many; it is filled where one of them is open.</xsl:text>
           <xsl:if test="string($undated)"><xsl:value-of select="concat(' Without a date: ', substring($undated, 3), '.')"/></xsl:if>
         </figcaption>
         <xsl:call-template name="picture">
           <xsl:with-param name="class">broad</xsl:with-param>
-          <xsl:with-param name="labels" select="string($labels)"/>
-          <xsl:with-param name="first" select="number($first)"/>
+          <xsl:with-param name="rows" select="string($rows)"/>
+          <xsl:with-param name="first" select="$first"/>
           <xsl:with-param name="last" select="$last"/>
-          <xsl:with-param name="least" select="number($least)"/>
-          <xsl:with-param name="most" select="number($most)"/>
-          <xsl:with-param name="step" select="64"/>
+          <xsl:with-param name="older" select="$least &lt; $first"/>
+          <xsl:with-param name="later" select="$most &gt; $last"/>
         </xsl:call-template>
         <xsl:call-template name="picture">
           <xsl:with-param name="class">narrow</xsl:with-param>
-          <xsl:with-param name="labels" select="string($labels)"/>
-          <xsl:with-param name="first" select="number($first)"/>
+          <xsl:with-param name="rows" select="string($rows)"/>
+          <xsl:with-param name="first" select="$first"/>
           <xsl:with-param name="last" select="$last"/>
-          <xsl:with-param name="least" select="number($least)"/>
-          <xsl:with-param name="most" select="number($most)"/>
-          <xsl:with-param name="step" select="30"/>
+          <xsl:with-param name="older" select="$least &lt; $first"/>
+          <xsl:with-param name="later" select="$most &gt; $last"/>
         </xsl:call-template>
         <ul class="unseen">
-          <xsl:call-template name="kinds">
-            <xsl:with-param name="as" select="concat('words ', $first, ' ', $last, ' 0 ')"/>
+          <xsl:call-template name="told-rows">
+            <xsl:with-param name="rows" select="string($rows)"/>
+            <xsl:with-param name="first" select="$first"/>
           </xsl:call-template>
         </ul>
       </figure>
@@ -54,178 +57,201 @@
     <xsl:variable name="year" select="substring-before($years, ' ')"/>
     <xsl:choose>
       <xsl:when test="$year">
+        <xsl:variable name="better" select="$sign * $year &gt; $sign * $best"/>
         <xsl:call-template name="extreme">
           <xsl:with-param name="years" select="substring-after($years, ' ')"/>
           <xsl:with-param name="sign" select="$sign"/>
-          <xsl:with-param name="best" select="concat(substring($year, 1, 4 * ($sign * $year &gt; $sign * $best)),
-                                                     substring($best, 1, 4 * not($sign * $year &gt; $sign * $best)))"/>
+          <xsl:with-param name="best" select="concat(substring($year, 1, 4 * $better), substring($best, 1, 4 * not($better)))"/>
         </xsl:call-template>
       </xsl:when>
       <xsl:otherwise><xsl:value-of select="$best"/></xsl:otherwise>
     </xsl:choose>
   </xsl:template>
 
-  <!-- The broad picture has its labels before the rows, the narrow one above them. The first column is
-       for everything earlier, when there is anything. -->
-  <xsl:template name="picture">
-    <xsl:param name="class"/>
-    <xsl:param name="labels"/>
+  <!-- Records and open ones year by year: from the year before the first, which stands for all earlier
+       ones, to the last, which stands for all later ones too. -->
+  <xsl:template name="years-of">
+    <xsl:param name="dates"/>
+    <xsl:param name="open-dates"/>
+    <xsl:param name="year"/>
     <xsl:param name="first"/>
     <xsl:param name="last"/>
-    <xsl:param name="least"/>
-    <xsl:param name="most"/>
-    <xsl:param name="step"/>
-    <xsl:variable name="broad" select="$class = 'broad'"/>
-    <xsl:variable name="rows" select="string-length($labels) - string-length(translate($labels, '|', ''))"/>
-    <xsl:variable name="left" select="10 + 190 * $broad"/>
-    <xsl:variable name="row" select="36 + 10 * not($broad)"/>
-    <xsl:variable name="width" select="$left + $step * ($last - $first + 2)"/>
-    <xsl:variable name="height" select="$row * $rows + 28"/>
-    <svg class="{$class}" viewBox="0 0 {$width} {$height}"
-         width="{$width}" height="{$height}" aria-hidden="true" focusable="false">
-      <xsl:call-template name="year-labels">
-        <xsl:with-param name="year" select="$first - 1"/>
+    <xsl:if test="$year &lt;= $last">
+      <xsl:variable name="from" select="$year * ($year &gt;= $first)"/>
+      <xsl:variable name="to" select="$year + 10000 * ($year = $last)"/>
+      <xsl:variable name="these" select="$dates[substring(normalize-space(), 1, 4) &gt;= $from and substring(normalize-space(), 1, 4) &lt;= $to]"/>
+      <xsl:value-of select="concat(count($these), ' ')"/>
+      <xsl:choose>
+        <xsl:when test="$these"><xsl:value-of select="count($open-dates[substring(normalize-space(), 1, 4) &gt;= $from and substring(normalize-space(), 1, 4) &lt;= $to])"/></xsl:when>
+        <xsl:otherwise>0</xsl:otherwise>
+      </xsl:choose>
+      <xsl:text>,</xsl:text>
+      <xsl:call-template name="years-of">
+        <xsl:with-param name="dates" select="$dates"/>
+        <xsl:with-param name="open-dates" select="$open-dates"/>
+        <xsl:with-param name="year" select="$year + 1"/>
         <xsl:with-param name="first" select="$first"/>
         <xsl:with-param name="last" select="$last"/>
-        <xsl:with-param name="least" select="$least"/>
-        <xsl:with-param name="most" select="$most"/>
+      </xsl:call-template>
+    </xsl:if>
+  </xsl:template>
+
+  <!-- The broad picture has its labels before the rows, the narrow one above them. -->
+  <xsl:template name="picture">
+    <xsl:param name="class"/>
+    <xsl:param name="rows"/>
+    <xsl:param name="first"/>
+    <xsl:param name="last"/>
+    <xsl:param name="older"/>
+    <xsl:param name="later"/>
+    <xsl:variable name="broad" select="$class = 'broad'"/>
+    <xsl:variable name="step" select="30 + 34 * $broad"/>
+    <xsl:variable name="left" select="10 + 190 * $broad"/>
+    <xsl:variable name="row" select="46 - 10 * $broad"/>
+    <xsl:variable name="width" select="$left + $step * ($last - $first + 2)"/>
+    <xsl:variable name="height" select="28 + $row * (string-length($rows) - string-length(translate($rows, ';', '')))"/>
+    <svg class="{$class}" viewBox="0 0 {$width} {$height}" width="{$width}" height="{$height}" aria-hidden="true" focusable="false">
+      <xsl:call-template name="picture-rows">
+        <xsl:with-param name="rows" select="$rows"/>
+        <xsl:with-param name="broad" select="$broad"/>
         <xsl:with-param name="step" select="$step"/>
         <xsl:with-param name="left" select="$left"/>
+        <xsl:with-param name="row" select="$row"/>
+        <xsl:with-param name="width" select="$width"/>
+      </xsl:call-template>
+      <xsl:call-template name="year-labels">
+        <xsl:with-param name="year" select="$first - $older"/>
+        <xsl:with-param name="first" select="$first"/>
+        <xsl:with-param name="last" select="$last"/>
+        <xsl:with-param name="later" select="$later"/>
+        <xsl:with-param name="step" select="$step"/>
+        <xsl:with-param name="x" select="$left + $step * (1.5 - $older)"/>
         <xsl:with-param name="y" select="$height - 8"/>
       </xsl:call-template>
-      <xsl:call-template name="kinds">
-        <xsl:with-param name="as" select="concat($class, ' ', $first, ' ', $last, ' ', $step, ' |', $labels)"/>
-      </xsl:call-template>
     </svg>
+  </xsl:template>
+
+  <xsl:template name="picture-rows">
+    <xsl:param name="rows"/>
+    <xsl:param name="broad"/>
+    <xsl:param name="step"/>
+    <xsl:param name="left"/>
+    <xsl:param name="row"/>
+    <xsl:param name="width"/>
+    <xsl:param name="top" select="0"/>
+    <xsl:variable name="this" select="substring-before($rows, ';')"/>
+    <xsl:if test="$this">
+      <xsl:variable name="y" select="$top + $row - 18"/>
+      <text x="{2 * not($broad)}" y="{$top + 12 + 11 * $broad}"><xsl:value-of select="substring-before($this, '|')"/></text>
+      <path class="rail" d="M{$left} {$y}H{$width}"/>
+      <xsl:call-template name="discs">
+        <xsl:with-param name="years" select="substring-after($this, '|')"/>
+        <xsl:with-param name="x" select="$left + 0.5 * $step"/>
+        <xsl:with-param name="y" select="$y"/>
+        <xsl:with-param name="step" select="$step"/>
+      </xsl:call-template>
+      <xsl:call-template name="picture-rows">
+        <xsl:with-param name="rows" select="substring-after($rows, ';')"/>
+        <xsl:with-param name="broad" select="$broad"/>
+        <xsl:with-param name="step" select="$step"/>
+        <xsl:with-param name="left" select="$left"/>
+        <xsl:with-param name="row" select="$row"/>
+        <xsl:with-param name="width" select="$width"/>
+        <xsl:with-param name="top" select="$top + $row"/>
+      </xsl:call-template>
+    </xsl:if>
+  </xsl:template>
+
+  <xsl:template name="discs">
+    <xsl:param name="years"/>
+    <xsl:param name="x"/>
+    <xsl:param name="y"/>
+    <xsl:param name="step"/>
+    <xsl:variable name="this" select="substring-before($years, ',')"/>
+    <xsl:if test="$this">
+      <xsl:variable name="count" select="substring-before($this, ' ')"/>
+      <xsl:if test="$count &gt; 0">
+        <g class="disc{substring(' open', 1, 5 * (substring-after($this, ' ') &gt; 0))}">
+          <circle cx="{$x}" cy="{$y}" r="12"/>
+          <text x="{$x}" y="{$y + 4.5}" text-anchor="middle"><xsl:value-of select="$count"/></text>
+        </g>
+      </xsl:if>
+      <xsl:call-template name="discs">
+        <xsl:with-param name="years" select="substring-after($years, ',')"/>
+        <xsl:with-param name="x" select="$x + $step"/>
+        <xsl:with-param name="y" select="$y"/>
+        <xsl:with-param name="step" select="$step"/>
+      </xsl:call-template>
+    </xsl:if>
   </xsl:template>
 
   <xsl:template name="year-labels">
     <xsl:param name="year"/>
     <xsl:param name="first"/>
     <xsl:param name="last"/>
-    <xsl:param name="least"/>
-    <xsl:param name="most"/>
+    <xsl:param name="later"/>
     <xsl:param name="step"/>
-    <xsl:param name="left"/>
+    <xsl:param name="x"/>
     <xsl:param name="y"/>
     <xsl:if test="$year &lt;= $last">
-      <xsl:if test="$year &gt;= $first or $least &lt; $first">
-        <text x="{$left + $step * ($year - $first + 1.5)}" y="{$y}" text-anchor="middle">
-          <xsl:choose>
-            <xsl:when test="$year &lt; $first">older</xsl:when>
-            <xsl:when test="$step &lt; 40"><xsl:value-of select="concat('’', substring($year, 3))"/></xsl:when>
-            <xsl:otherwise><xsl:value-of select="$year"/></xsl:otherwise>
-          </xsl:choose>
-          <xsl:if test="$year = $last and $most &gt; $last">+</xsl:if>
-        </text>
-      </xsl:if>
+      <text x="{$x}" y="{$y}" text-anchor="middle">
+        <xsl:choose>
+          <xsl:when test="$year &lt; $first">older</xsl:when>
+          <xsl:when test="$step &lt; 40"><xsl:value-of select="concat('’', substring($year, 3))"/></xsl:when>
+          <xsl:otherwise><xsl:value-of select="$year"/></xsl:otherwise>
+        </xsl:choose>
+        <xsl:if test="$year = $last and $later">+</xsl:if>
+      </text>
       <xsl:call-template name="year-labels">
         <xsl:with-param name="year" select="$year + 1"/>
         <xsl:with-param name="first" select="$first"/>
         <xsl:with-param name="last" select="$last"/>
-        <xsl:with-param name="least" select="$least"/>
-        <xsl:with-param name="most" select="$most"/>
+        <xsl:with-param name="later" select="$later"/>
         <xsl:with-param name="step" select="$step"/>
-        <xsl:with-param name="left" select="$left"/>
+        <xsl:with-param name="x" select="$x + $step"/>
         <xsl:with-param name="y" select="$y"/>
       </xsl:call-template>
     </xsl:if>
   </xsl:template>
 
-  <!-- A kind's row of the picture, or in words. The plan is what is made, the first and the last year,
-       the width of a year and the labels of all rows: "broad 2003 2012 64 |Defaults|Judgements|". -->
-  <xsl:template name="timeline-row">
-    <xsl:param name="plan"/>
-    <xsl:param name="label"/>
-    <xsl:param name="dates"/>
-    <xsl:param name="open-dates"/>
-    <xsl:variable name="as" select="substring-before($plan, ' ')"/>
-    <xsl:variable name="first" select="number(substring($plan, string-length($as) + 2, 4))"/>
-    <xsl:variable name="last" select="number(substring($plan, string-length($as) + 7, 4))"/>
-    <xsl:variable name="step" select="number(substring-before(substring($plan, string-length($as) + 12), ' '))"/>
-    <xsl:variable name="labels" select="substring-after(substring($plan, string-length($as) + 12), ' ')"/>
-    <xsl:variable name="broad" select="$as = 'broad'"/>
-    <xsl:variable name="before" select="substring-before($labels, concat('|', $label, '|'))"/>
-    <xsl:variable name="row" select="36 + 10 * not($broad)"/>
-    <xsl:variable name="top" select="$row * (string-length($before) - string-length(translate($before, '|', '')))"/>
-    <xsl:variable name="left" select="10 + 190 * $broad"/>
-    <xsl:choose>
-      <xsl:when test="$as = 'words'">
-        <li>
-          <xsl:value-of select="concat($label, ':')"/>
-          <xsl:call-template name="years-of">
-            <xsl:with-param name="as" select="$as"/>
-            <xsl:with-param name="dates" select="$dates"/>
-            <xsl:with-param name="open-dates" select="$open-dates"/>
-            <xsl:with-param name="year" select="$first - 1"/>
-            <xsl:with-param name="first" select="$first"/>
-            <xsl:with-param name="last" select="$last"/>
-          </xsl:call-template>
-        </li>
-      </xsl:when>
-      <xsl:otherwise>
-        <g transform="translate(0 {$top})">
-          <text x="{2 * not($broad)}" y="{12 + 11 * $broad}"><xsl:value-of select="$label"/></text>
-          <path class="rail" d="M{$left} {$row - 18}h{$step * ($last - $first + 2)}"/>
-          <xsl:call-template name="years-of">
-            <xsl:with-param name="as" select="$as"/>
-            <xsl:with-param name="dates" select="$dates"/>
-            <xsl:with-param name="open-dates" select="$open-dates"/>
-            <xsl:with-param name="year" select="$first - 1"/>
-            <xsl:with-param name="first" select="$first"/>
-            <xsl:with-param name="last" select="$last"/>
-            <xsl:with-param name="x" select="$left + 0.5 * $step"/>
-            <xsl:with-param name="y" select="$row - 18"/>
-            <xsl:with-param name="step" select="$step"/>
-          </xsl:call-template>
-        </g>
-      </xsl:otherwise>
-    </xsl:choose>
+  <!-- The same in words: "Defaults: 2009: 1; 2011: 2 (1 open);". -->
+  <xsl:template name="told-rows">
+    <xsl:param name="rows"/>
+    <xsl:param name="first"/>
+    <xsl:variable name="this" select="substring-before($rows, ';')"/>
+    <xsl:if test="$this">
+      <li>
+        <xsl:value-of select="concat(substring-before($this, '|'), ':')"/>
+        <xsl:call-template name="told-years">
+          <xsl:with-param name="years" select="substring-after($this, '|')"/>
+          <xsl:with-param name="year" select="$first - 1"/>
+          <xsl:with-param name="first" select="$first"/>
+        </xsl:call-template>
+      </li>
+      <xsl:call-template name="told-rows">
+        <xsl:with-param name="rows" select="substring-after($rows, ';')"/>
+        <xsl:with-param name="first" select="$first"/>
+      </xsl:call-template>
+    </xsl:if>
   </xsl:template>
 
-  <!-- Year by year from the one before the first, which stands for all earlier ones, to the last, which
-       stands for all later ones too. -->
-  <xsl:template name="years-of">
-    <xsl:param name="as"/>
-    <xsl:param name="dates"/>
-    <xsl:param name="open-dates"/>
+  <xsl:template name="told-years">
+    <xsl:param name="years"/>
     <xsl:param name="year"/>
     <xsl:param name="first"/>
-    <xsl:param name="last"/>
-    <xsl:param name="x" select="0"/>
-    <xsl:param name="y"/>
-    <xsl:param name="step" select="0"/>
-    <xsl:if test="$year &lt;= $last">
-      <xsl:variable name="from" select="$year * ($year &gt;= $first)"/>
-      <xsl:variable name="to" select="$year + 10000 * ($year = $last)"/>
-      <xsl:variable name="count" select="count($dates[substring(normalize-space(), 1, 4) &gt;= $from and substring(normalize-space(), 1, 4) &lt;= $to])"/>
-      <xsl:if test="$count">
-        <xsl:variable name="open" select="count($open-dates[substring(normalize-space(), 1, 4) &gt;= $from and substring(normalize-space(), 1, 4) &lt;= $to])"/>
-        <xsl:choose>
-          <xsl:when test="$as = 'words'">
-            <xsl:value-of select="concat(substring(' before', 1, 7 * ($year &lt; $first)), ' ', $year + ($year &lt; $first), ': ', $count)"/>
-            <xsl:if test="$open"><xsl:value-of select="concat(' (', $open, ' open)')"/></xsl:if>
-            <xsl:text>;</xsl:text>
-          </xsl:when>
-          <xsl:otherwise>
-            <g>
-              <xsl:attribute name="class"><xsl:value-of select="concat('disc', substring(' open', 1, 5 * boolean($open)))"/></xsl:attribute>
-              <circle cx="{$x}" cy="{$y}" r="12"/>
-              <text x="{$x}" y="{$y + 4.5}" text-anchor="middle"><xsl:value-of select="$count"/></text>
-            </g>
-          </xsl:otherwise>
-        </xsl:choose>
+    <xsl:variable name="this" select="substring-before($years, ',')"/>
+    <xsl:if test="$this">
+      <xsl:if test="substring-before($this, ' ') &gt; 0">
+        <xsl:value-of select="concat(substring(' before', 1, 7 * ($year &lt; $first)), ' ', $year + ($year &lt; $first), ': ', substring-before($this, ' '))"/>
+        <xsl:if test="substring-after($this, ' ') &gt; 0">
+          <xsl:value-of select="concat(' (', substring-after($this, ' '), ' open)')"/>
+        </xsl:if>
+        <xsl:text>;</xsl:text>
       </xsl:if>
-      <xsl:call-template name="years-of">
-        <xsl:with-param name="as" select="$as"/>
-        <xsl:with-param name="dates" select="$dates"/>
-        <xsl:with-param name="open-dates" select="$open-dates"/>
+      <xsl:call-template name="told-years">
+        <xsl:with-param name="years" select="substring-after($years, ',')"/>
         <xsl:with-param name="year" select="$year + 1"/>
         <xsl:with-param name="first" select="$first"/>
-        <xsl:with-param name="last" select="$last"/>
-        <xsl:with-param name="x" select="$x + $step"/>
-        <xsl:with-param name="y" select="$y"/>
-        <xsl:with-param name="step" select="$step"/>
       </xsl:call-template>
     </xsl:if>
   </xsl:template>

@@ -136,6 +136,7 @@
         <xsl:with-param name="open" select="$open-actions[@type = 'default-judgement'][not($b2bay)]"/>
         <xsl:with-param name="open-dates" select="$open-actions[@type = 'default-judgement']/action-date"/>
         <xsl:with-param name="untold" select="$judgements[$b2bay]"/>
+        <xsl:with-param name="tells" select="not($b2bay)"/>
         <xsl:with-param name="listed" select="$judgements/court-action-amount"/>
         <xsl:with-param name="owed" select="$standing[@type = 'default-judgement'][not($b2bay)]/court-action-amount"/>
         <xsl:with-param name="as" select="$as"/>
