@@ -33,12 +33,12 @@ std::string as_page_text(std::string_view text) {
 }  // namespace
 
 std::string TransformToHTML(StyleSheets& style_sheets, std::string_view xml_text,
-                            const std::string& xslt_file_name) {
+                            const std::string& xslt_file_name, const SheetParameters& parameters) {
     if (xml_text.empty() || xslt_file_name.empty()) {
         return {};
     }
     try {
-        return style_sheets.transform(xml_text, xslt_file_name);
+        return style_sheets.transform(xml_text, xslt_file_name, parameters);
     } catch (...) {
         return "<html><body><span style='font:bold 10pt Verdana;color:red;'>"
                "Error transforming XML using XSL file '" +

@@ -68,6 +68,17 @@ std::string as_text(const std::string& rules) { return "<xsl:output method='text
 constexpr const char* kReply =
     "<?xml version='1.0' encoding='UTF-16'?>\n<r>\n  <a>1</a>\n  <a>2</a>\n <b>é€</b></r>";
 
+TEST_F(StyleSheetTest, TakesParametersAsText) {
+    const std::string sheet =
+        write_sheet(as_text("<xsl:param name='a'>own</xsl:param><xsl:param name='b'>own</xsl:param>"
+                            "<xsl:template match='/'><xsl:value-of select=\"concat($a, '|', $b)\"/>"
+                            "</xsl:template>"));
+    EXPECT_EQ(sheets_.transform("<r/>", sheet), "own|own");
+    EXPECT_EQ(sheets_.transform("<r/>", sheet, {{"a", "'it\"s' /r"}, {"unknown", "x"}}),
+              "'it\"s' /r|own");
+    EXPECT_EQ(sheets_.transform("<r/>", sheet), "own|own");
+}
+
 TEST_F(StyleSheetTest, WritesWhatItsOutputAsks) {
     const struct {
         const char* body;

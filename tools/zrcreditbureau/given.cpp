@@ -11,6 +11,7 @@
 #include "zrcreditbureau/option_values.h"
 #include "zrcreditbureau/output.h"
 #include "zrcreditbureau/reply_files.h"
+#include "zrcreditbureau/sheets.h"
 
 namespace zr::cli {
 namespace {
@@ -110,6 +111,24 @@ void complete_from_service(Job& job, bool translates) {
     }
 }
 
+/// Where HTML is asked for, the installed sheet of the service stands below every other setting.
+void complete_sheet(Invocation& invocation) {
+    if (invocation.format != Format::kHtml && invocation.html_path.empty()) {
+        return;
+    }
+    Job& job = invocation.job;
+    const std::string service(request_text(job, "ServiceName"));
+    const std::string sheet = installed_sheet(service);
+    if (!sheet.empty()) {
+        JsonValue settings = JsonValue::object();
+        add_member(settings, "XSLTFileName", JsonValue::text(sheet));
+        JsonValue services = JsonValue::object();
+        add_member(services, service, std::move(settings));
+        job.services.insert(job.services.begin(),
+                            {SettingsLayer::Scope::kNamedIfThere, std::move(services)});
+    }
+}
+
 }  // namespace
 
 void complete(Invocation& invocation, Given& given) {
@@ -161,6 +180,7 @@ void complete(Invocation& invocation, Given& given) {
     }
     const bool translates = invocation.command->operation == Operation::kTranslate;
     complete_from_service(job, translates);
+    complete_sheet(invocation);
     if (invocation.many) {
         invocation.batch.names = std::move(given.reply_files);
     } else if (translates) {

@@ -170,7 +170,8 @@ void add_output_options(CLI::App& app, const Command& command, Given& given,
         ->group(kOutputGroup);
     if (command.html) {
         app.add_option("--html", invocation.html_path,
-                       "File for the HTML of the reply, beside the report; needs --xslt-file-name")
+                       "File for the HTML of the reply, beside the report; made by the service's\n"
+                       "installed sheet unless --xslt-file-name names another")
             ->type_name("FILE")
             ->group(kOutputGroup);
     }

@@ -4,6 +4,7 @@
 #include <libxslt/extra.h>
 #include <libxslt/security.h>
 #include <libxslt/transform.h>
+#include <libxslt/variables.h>
 #include <libxslt/xsltInternals.h>
 #include <libxslt/xsltutils.h>
 
@@ -146,8 +147,15 @@ std::string serialise(xmlDocPtr result, xsltStylesheetPtr sheet) {
     return std::move(output.text);
 }
 
+// Quoted: a value is text, never an expression.
+void give_parameters(xsltTransformContextPtr context, const SheetParameters& parameters) {
+    for (const auto& [name, value] : parameters) {
+        xsltQuoteOneUserParam(context, chars(name.c_str()), chars(value.c_str()));
+    }
+}
+
 std::string run(SheetSession& session, xsltStylesheetPtr sheet, xmlDocPtr input,
-                std::size_t input_bytes) {
+                std::size_t input_bytes, const SheetParameters& parameters) {
     SheetBudget budget(input_bytes);
     const SecurityPtr security = restrictions();
     const ContextPtr context(allocated(xsltNewTransformContext(sheet, input)));
@@ -157,6 +165,7 @@ std::string run(SheetSession& session, xsltStylesheetPtr sheet, xmlDocPtr input,
     xsltRegisterExtFunction(context.get(), chars("node-set"),
                             chars("urn:schemas-microsoft-com:xslt"), xsltFunctionNodeSet);
     budget.govern(context.get());
+    give_parameters(context.get(), parameters);
     const DocumentPtr result(
         xsltApplyStylesheetUser(sheet, input, nullptr, nullptr, nullptr, context.get()));
     budget.admit();
@@ -209,11 +218,12 @@ struct StyleSheets::Cache {
 StyleSheets::StyleSheets() : cache_(std::make_unique<Cache>()) {}
 StyleSheets::~StyleSheets() = default;
 
-std::string StyleSheets::transform(std::string_view xml, const std::string& file_name) {
+std::string StyleSheets::transform(std::string_view xml, const std::string& file_name,
+                                   const SheetParameters& parameters) {
     const DocumentPtr input = parse_input(xml);
     xsltStylesheetPtr sheet = cache_->get(file_name);
     SheetSession session(file_name);
-    return run(session, sheet, input.get(), xml.size());
+    return run(session, sheet, input.get(), xml.size(), parameters);
 }
 
 }  // namespace zr
