@@ -86,7 +86,7 @@ function readBoth(xml) {
 // Words as a page and a report line may both write them.
 const comparable = text => text.replace(/[$,]/g, '').replace(/-/g, ' ').replace(/\s+/g, ' ').toUpperCase();
 function piecesOf(line) {
-  return line.replace(/(\d)\.00\b(?!%)/g, '$1').replace(/(\d-\d\d)T(\d)/g, '$1 $2').replace(/\b(\d+): \1/g, '$1: ')
+  return line.replace(/, Number\s*$/, '').replace(/(\d)\.00\b(?!%)/g, '$1').replace(/(\d-\d\d)T(\d)/g, '$1 $2').replace(/\b(\d+): \1/g, '$1: ')
     .split(/\r?\n| - |\(Reference |Client Reference |Corrections:|Date of Birth |barcode |: | for |[();"]/)
     .map(piece => piece.trim()).filter(piece => piece !== '');
 }
