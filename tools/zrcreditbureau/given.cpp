@@ -86,9 +86,10 @@ void complete_batch(Invocation& invocation, Given& given) {
     } else if (given.reply_files.empty() && !invocation.ndjson) {
         throw MisuseError("Name files or folders of replies, or --input FILE of jobs.");
     }
-    if (!invocation.html_path.empty() || (!given.format.empty() && given.format != "json")) {
+    if (!invocation.beside.empty() || (!given.format.empty() && given.format != "json")) {
         throw MisuseError(
-            "Many replies give one JSON result a line: no --html, no other --format.");
+            "Many replies give one JSON result a line: no other --format, no file of another "
+            "form.");
     }
     if (std::find(given.reply_files.begin(), given.reply_files.end(), "-") !=
         given.reply_files.end()) {
@@ -153,9 +154,10 @@ void complete(Invocation& invocation, Given& given) {
     invocation.format = format_of(given.format, *invocation.command);
     complete_batch(invocation, given);
     if (invocation.ndjson) {
-        if (!given.format.empty() || !invocation.html_path.empty() || !given.reply_files.empty()) {
+        if (!given.format.empty() || !invocation.beside.empty() || !given.reply_files.empty()) {
             throw MisuseError(
-                "--ndjson reads and writes JSON: no FILE, --format or --html with it.");
+                "--ndjson reads and writes JSON: no FILE, --format or file of another form with "
+                "it.");
         }
         return;
     }

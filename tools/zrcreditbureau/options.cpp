@@ -36,6 +36,20 @@ constexpr struct {
     {"ProductId", "--product,--product-id"},
 };
 
+/// Forms of the outcome that can have a file of their own beside the report.
+constexpr struct {
+    Format format;
+    const char* option;
+    const char* meaning;
+} kDocuments[] = {
+    {Format::kReply, "--reply",
+     "File for the bureau's reply, also where it fails: a charged reply can be translated again"},
+    {Format::kText, "--text", "File for the text, beside the report"},
+    {Format::kJson, "--json", "File for the JSON result, beside the report"},
+    {Format::kHtml, "--html",
+     "File for the HTML of the reply, beside the report; needs --xslt-file-name"},
+};
+
 std::string request_option_names(std::string_view property) {
     for (const auto& row : kRequestOptionNames) {
         if (row.property == property) {
@@ -168,11 +182,15 @@ void add_output_options(CLI::App& app, const Command& command, Given& given,
                    "File to write, which appears when it is complete; standard output otherwise")
         ->type_name("FILE")
         ->group(kOutputGroup);
-    if (command.html) {
-        app.add_option("--html", invocation.html_path,
-                       "File for the HTML of the reply, beside the report; needs --xslt-file-name")
-            ->type_name("FILE")
-            ->group(kOutputGroup);
+    for (const auto& row : kDocuments) {
+        if (command.html && (row.format != Format::kReply || asks_bureau(*command.operation))) {
+            const auto add = [&invocation, format = row.format](const std::string& path) {
+                invocation.beside.push_back({format, path});
+            };
+            app.add_option_function<std::string>(row.option, add, row.meaning)
+                ->type_name("FILE")
+                ->group(kOutputGroup);
+        }
     }
     if (command.operation) {
         app.add_flag("--ndjson", invocation.ndjson,
