@@ -1,7 +1,10 @@
 #include "zrcreditbureau/given.h"
 
+#include <unistd.h>
+
 #include <algorithm>
 #include <charconv>
+#include <cstdlib>
 #include <utility>
 
 #include "platform/convert.h"
@@ -67,6 +70,20 @@ std::uint32_t number_of_workers(const std::string& text) {
     return number;
 }
 
+/// The settings file in the user's configuration folder; "" where there is none.
+std::string usual_settings_file() {
+    const char* const configuration = std::getenv("XDG_CONFIG_HOME");
+    const char* const home = std::getenv("HOME");
+    std::string folder;
+    if (configuration != nullptr && *configuration == '/') {
+        folder = configuration;
+    } else if (home != nullptr && *home == '/') {
+        folder = std::string(home) + "/.config";
+    }
+    const std::string path = folder + "/zrcreditbureau/settings.json";
+    return !folder.empty() && ::access(path.c_str(), F_OK) == 0 ? path : "";
+}
+
 /// What the options say about many replies at once.
 void complete_batch(Invocation& invocation, Given& given) {
     Batch& batch = invocation.batch;
@@ -115,6 +132,9 @@ void complete_from_service(Job& job, bool translates) {
 
 void complete(Invocation& invocation, Given& given) {
     Job& job = invocation.job;
+    if (given.settings_file.empty()) {
+        given.settings_file = usual_settings_file();
+    }
     if (!given.settings_file.empty()) {
         read_settings_file(given.settings_file, job);
     }
