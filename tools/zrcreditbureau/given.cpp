@@ -150,6 +150,7 @@ void complete(Invocation& invocation, Given& given) {
         job.country = given.country;
     }
     job.strict = given.strict;
+    job.guarded = !given.no_guard;
     if (given.production) {
         job.test_mode = false;
     }

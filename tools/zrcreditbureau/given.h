@@ -14,6 +14,7 @@ struct Given {
     std::string country;
     bool production = false;
     bool strict = false;
+    bool no_guard = false;
     std::string date_format;
     std::string currency_format;
     std::string currency_format_symbol;

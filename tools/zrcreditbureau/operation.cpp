@@ -7,6 +7,7 @@
 #include "automation/json_form.h"
 #include "platform/error.h"
 #include "platform/text.h"
+#include "zrcreditbureau/guards.h"
 
 namespace zr::cli {
 
@@ -158,6 +159,9 @@ Outcome Performer::perform(const Job& job) {
     const std::unique_ptr<Request> request = bureau.CreateRequest();
     for (const JsonValue& properties : job.requests) {
         automation::read_request(properties, *request);
+    }
+    if (job.guarded && (operation_ == Operation::kEnquire || operation_ == Operation::kList)) {
+        guard_request(bureau, job, operation_ == Operation::kList, *request);
     }
     Outcome outcome;
     outcome.result = kProcedures[static_cast<std::size_t>(operation_)](bureau, *request, job);

@@ -160,6 +160,12 @@ void add_general_options(CLI::App& app, const Command& command, Given& given) {
         app.add_flag("--strict", given.strict, "A reply without a matched file is a failure")
             ->group(kGeneralGroup);
     }
+    if (*command.operation == Operation::kEnquire || *command.operation == Operation::kList) {
+        app.add_flag("--no-guard", given.no_guard,
+                     "Send also what is probably a mistake: unknown options and descriptions, an\n"
+                     "enquiry about nobody, an address that is not set")
+            ->group(kGeneralGroup);
+    }
     const std::pair<const char*, std::string*> formats[] = {
         {"--date-format", &given.date_format},
         {"--currency-format", &given.currency_format},
@@ -289,7 +295,8 @@ std::vector<std::string> command_names() {
     }
     // "--name: 1 required TEXT missing", in our words
     if (const std::string text = error.what(); dynamic_cast<const CLI::ArgumentMismatch*>(&error)) {
-        throw MisuseError(text.substr(0, text.find(':')) + " needs a value.");
+        throw MisuseError(text.substr(0, text.find(':')) +
+                          (text.ends_with("missing") ? " needs a value." : " is given twice."));
     }
     if (dynamic_cast<const CLI::ConversionError*>(&error) != nullptr) {
         throw MisuseError("A value was given to an option that takes none.");
