@@ -25,6 +25,7 @@ struct Given {
     std::string operation;
     std::vector<std::string> product_options;
     std::string format;
+    std::string fields;
     std::optional<std::string> jobs;
     std::optional<std::string> shard;
     automation::JsonValue request = automation::JsonValue::object();

@@ -185,33 +185,4 @@ Outcome Performer::perform(const Job& job) {
     return outcome;
 }
 
-void write_result(automation::JsonWriter& json, Operation operation, const Outcome& outcome,
-                  std::string_view file) {
-    json.begin_object();
-    if (!file.empty()) {
-        json.name("File");
-        json.text(file);
-    }
-    json.name("Result");
-    json.boolean(outcome.result);
-    json.name("ErrorMessage");
-    json.text(outcome.error_message);
-    if (!outcome.warning.empty()) {
-        json.name("Warning");
-        json.text(outcome.warning);
-    }
-    if (operation == Operation::kCompose) {
-        json.name("RequestXML");
-        json.text(outcome.request_xml);
-    } else {
-        json.name("Response");
-        if (outcome.response != nullptr) {
-            automation::write_response(json, *outcome.response);
-        } else {
-            json.null();
-        }
-    }
-    json.end_object();
-}
-
 }  // namespace zr::cli

@@ -182,7 +182,7 @@ void add_general_options(CLI::App& app, const Command& command, Given& given) {
 
 void add_output_options(CLI::App& app, const Command& command, Given& given,
                         Invocation& invocation) {
-    const std::string choices = command.html ? "text, json or html" : "text or json";
+    const std::string choices = command.html ? "text, json, html or csv" : "text or json";
     const char* const begin = command.format == Format::kJson ? "json" : "text";
     app.add_option("--format", given.format, choices + "; " + begin + " to begin with")
         ->type_name("FORMAT")
@@ -191,6 +191,13 @@ void add_output_options(CLI::App& app, const Command& command, Given& given,
                    "File to write, which appears when it is complete; standard output otherwise")
         ->type_name("FILE")
         ->group(kOutputGroup);
+    if (command.html) {
+        app.add_option("--fields", given.fields,
+                       "What json and csv results hold: summary, lines, or names of the response,\n"
+                       "joined by commas; a csv row is a reply, or with lines a line of its report")
+            ->type_name("NAMES")
+            ->group(kOutputGroup);
+    }
     for (const auto& row : kDocuments) {
         if (command.html && (row.format != Format::kReply || asks_bureau(*command.operation))) {
             const auto add = [&invocation, format = row.format](const std::string& path) {
