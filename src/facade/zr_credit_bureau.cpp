@@ -8,6 +8,8 @@
 namespace zr {
 namespace {
 
+constexpr std::string_view kNoRuntime = "Error creating ZRRuntime8 object. ";
+
 std::unique_ptr<Runtime> make_platform_runtime() {
     return std::make_unique<Runtime>(make_http_transport());
 }
@@ -26,7 +28,25 @@ bool ZRCreditBureau::fail(std::string message) {
     return false;
 }
 
+template <class Procedure>
+bool ZRCreditBureau::guarded(Procedure procedure) noexcept {
+    try {
+        try {
+            return procedure();
+        } catch (...) {
+            return fail(current_error_text());
+        }
+    } catch (...) {
+        error_message_ = &no_memory_;  // not even for the message
+        return false;
+    }
+}
+
 bool ZRCreditBureau::Initialise(std::string_view country) {
+    return guarded([&] { return initialise(country); });
+}
+
+bool ZRCreditBureau::initialise(std::string_view country) {
     // Cut first, trimmed after: " NZ" leaves " N", which is no country.
     const std::string code = text::upper(text::trim(text::first(country, 2)));
     if (code != "AU" && code != "NZ") {
@@ -36,18 +56,28 @@ bool ZRCreditBureau::Initialise(std::string_view country) {
     std::unique_ptr<zr::Runtime> runtime;
     try {
         runtime = make_runtime_();
-    } catch (const std::exception& error) {
-        return fail("Error creating ZRRuntime8 object. " + error_text(error));
+    } catch (...) {
+        return fail(std::string(kNoRuntime) + current_error_text());
     }
-    services_->Dispose();
+    if (runtime == nullptr) {
+        return fail(std::string(kNoRuntime) + "Nothing was made.");
+    }
+    // The old registry serves until the new one is complete.
+    auto services = std::make_unique<zr::Services>();
+    const bool result = services->Initialise(*this, country_);
+    services_ = std::move(services);
     runtime_ = std::move(runtime);
-    services_ = std::make_unique<zr::Services>();
-    return services_->Initialise(*this, country_);
+    disposed_ = false;
+    return result;
 }
 
 std::unique_ptr<Request> ZRCreditBureau::CreateRequest() {
-    auto request = std::make_unique<Request>();
-    request->Application(this);
+    std::unique_ptr<Request> request;
+    guarded([&] {
+        request = std::make_unique<Request>();
+        request->Application(this);
+        return true;
+    });
     return request;
 }
 
@@ -99,21 +129,17 @@ bool ZRCreditBureau::check_product(const Operation& operation, const Service& se
 
 template <class Procedure>
 bool ZRCreditBureau::run(const Operation& operation, Procedure procedure) {
-    if (runtime_ == nullptr) {
-        return fail("The credit bureau has not been initialised.");
-    }
-    if (operation.unchanged) {
-        return true;
-    }
-    Service* service = checked_service(operation);
-    if (service == nullptr) {
-        return false;
-    }
-    try {
-        return procedure(*service);
-    } catch (const std::exception& error) {
-        return fail(error_text(error));
-    }
+    return guarded([&] {
+        if (runtime_ == nullptr) {
+            return fail(disposed_ ? "The credit bureau has been disposed of."
+                                  : "The credit bureau has not been initialised.");
+        }
+        if (operation.unchanged) {
+            return true;
+        }
+        Service* service = checked_service(operation);
+        return service != nullptr && procedure(*service);
+    });
 }
 
 bool ZRCreditBureau::ExecuteCreditEnquiry(Request& request) {
@@ -134,12 +160,15 @@ bool ZRCreditBureau::ExecuteVerifyConnection(std::string_view service_name) {
     return run(operation, [](Service& service) { return service.VerifyConnection(); });
 }
 
-bool ZRCreditBureau::BuildResponse(Request& request, const DateTime& response_date,
+bool ZRCreditBureau::BuildResponse(Request& request, DateTime response_date,
                                    const std::string& response_xml) {
     const Operation operation{.service_name = request.ServiceName(),
                               .product_id = &request.ProductId(),
                               .refuse_obsolete = false};
     return run(operation, [&](Service& service) {
+        if (!response_date.is_date()) {
+            return fail("The response date is not a date of the years 100 to 9999.");
+        }
         return service.BuildResponse(request, response_date, response_xml);
     });
 }
@@ -155,6 +184,7 @@ std::string ZRCreditBureau::Version() {
 
 void ZRCreditBureau::Dispose() {
     services_->Dispose();
+    disposed_ = disposed_ || runtime_ != nullptr;
     runtime_.reset();
 }
 

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "platform/date_time.h"
+#include "platform/error.h"
 #include "records/request.h"
 #include "services/registry.h"
 #include "services/service_context.h"
@@ -15,11 +16,12 @@ namespace zr {
 
 /// The credit bureau of a country: hands out requests, checks and runs them on the country's
 /// services, and keeps the reason of the last failure. Initialise first; Dispose (or destruction)
-/// ends it. One thread at a time; any number of facades run side by side. Nothing is thrown at the
-/// host but what a collection's Item is documented to raise.
+/// ends it. One thread at a time; any number of facades run side by side. No operation throws at
+/// the host: what the host's own transport or clock throws, and memory that ends, are failures with
+/// a reason ("Not enough memory."). What a collection's Item is documented to raise is all.
 class ZRCreditBureau final : private ServiceContext {
   public:
-    /// Makes the runtime object; throws PlatformError when it cannot.
+    /// Makes the runtime object; throws, or gives none, when it cannot.
     using RuntimeMaker = std::function<std::unique_ptr<zr::Runtime>()>;
 
     ZRCreditBureau();
@@ -30,13 +32,14 @@ class ZRCreditBureau final : private ServiceContext {
     ZRCreditBureau& operator=(const ZRCreditBureau&) = delete;
 
     /// Sets the facade up for "AU" or "NZ" (the first two characters count, in any letter case).
-    /// False for another country, and when the runtime object cannot be made.
+    /// False for another country, and when the runtime object or the services cannot be made; what
+    /// was there before then still is.
     bool Initialise(std::string_view country);
 
     /// The country it was initialised for: "AU", "NZ", or "" before.
     const std::string& Country() const { return country_; }
 
-    /// A new request of this facade.
+    /// A new request of this facade; none when there is no memory for one.
     std::unique_ptr<Request> CreateRequest();
 
     /// Runs the request's enquiry and fills its response. True at once when the request has not
@@ -51,12 +54,11 @@ class ZRCreditBureau final : private ServiceContext {
     bool ExecuteVerifyConnection(std::string_view service_name);
 
     /// Translates a stored reply into the request's response. `response_date` is the day from which
-    /// the statistics count back.
-    bool BuildResponse(Request& request, const DateTime& response_date,
-                       const std::string& response_xml);
+    /// the statistics count back; both may come from that response itself.
+    bool BuildResponse(Request& request, DateTime response_date, const std::string& response_xml);
 
     /// The reason of the most recent failure, "" when there was none. Success does not clear it.
-    const std::string& ErrorMessage() const override { return error_message_; }
+    const std::string& ErrorMessage() const override { return *error_message_; }
 
     /// The country's services; an empty registry before Initialise and after Dispose.
     const zr::Services& Services() const { return *services_; }
@@ -89,7 +91,10 @@ class ZRCreditBureau final : private ServiceContext {
   private:
     // What services see of the facade.
     Region region() const override;
-    void SetErrorMessage(std::string message) override { error_message_ = std::move(message); }
+    void SetErrorMessage(std::string message) override {
+        own_message_ = std::move(message);
+        error_message_ = &own_message_;
+    }
     zr::Runtime& Runtime() override { return *runtime_; }
     ZRCreditBureau& facade() override { return *this; }
 
@@ -98,8 +103,11 @@ class ZRCreditBureau final : private ServiceContext {
 
     /// Stores the reason and answers false.
     bool fail(std::string message);
-    /// Runs the operation's checks in their order and then the service's procedure; a failure
-    /// inside the service is stored as its text.
+    /// Runs a procedure that answers as it does itself; whatever it throws is stored as its text.
+    template <class Procedure>
+    bool guarded(Procedure procedure) noexcept;
+    bool initialise(std::string_view country);
+    /// Runs the operation's checks in their order and then the service's procedure.
     template <class Procedure>
     bool run(const Operation& operation, Procedure procedure);
     /// The service that passes the operation's checks, or null after storing the reason.
@@ -115,7 +123,10 @@ class ZRCreditBureau final : private ServiceContext {
     std::string currency_format_ = "currency";
     std::string currency_format_symbol_ = "currency";
     std::string date_format_ = "medium date";
-    std::string error_message_;
+    bool disposed_ = false;
+    std::string own_message_;
+    const std::string no_memory_{kNoMemory};  ///< there may be none for it when it is needed
+    const std::string* error_message_ = &own_message_;
 };
 
 }  // namespace zr

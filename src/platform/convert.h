@@ -45,6 +45,9 @@ std::optional<std::chrono::seconds> to_time(std::string_view text);
 /// 2000-2029, 30-99 are 1930-1999.
 std::optional<DateTime> to_host_date(std::string_view text);
 
+/// The date in a value: itself, or the one that its text means.
+std::optional<DateTime> read_date(const DateOrNull& value);
+
 /// A double as text: up to 15 significant digits, "1E+15" and "1.5E-05" where plain digits do not
 /// serve, no trailing zeros.
 std::string to_text(double value);

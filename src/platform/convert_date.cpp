@@ -210,4 +210,10 @@ std::optional<DateTime> to_host_date(std::string_view text) {
     return result;
 }
 
+std::optional<DateTime> read_date(const DateOrNull& value) {
+    const std::string* text = std::get_if<std::string>(&value);
+    const auto read = text != nullptr ? to_host_date(*text) : std::nullopt;
+    return held_date(read ? DateOrNull(*read) : value);
+}
+
 }  // namespace zr::convert

@@ -31,6 +31,15 @@ struct DateTime {
 
     constexpr bool has_time() const { return time_of_day.count() != 0; }
 
+    /// Whether this is a day of the calendar, from year 100 to 9999, with a time within the day.
+    /// What is none (never set, 30 February) counts as null wherever a date is taken.
+    constexpr bool is_date() const {
+        constexpr std::chrono::year kFirst{100};
+        constexpr std::chrono::year kLast{9999};
+        return date.ok() && date.year() >= kFirst && date.year() <= kLast &&
+               time_of_day >= std::chrono::seconds{0} && time_of_day < std::chrono::days{1};
+    }
+
     /// The same day and month `years` calendar years earlier; 29 February falls back to the 28th in
     /// a year without it. The time of day stays.
     constexpr DateTime years_before(int years) const {
@@ -53,15 +62,18 @@ struct Null {
     constexpr bool operator==(const Null&) const = default;
 };
 
-/// What a date-or-null property holds: nothing, a text, or a date.
+/// What a date-or-null property holds: nothing, a text, or a date. A date that is none is nothing.
 using DateOrNull = std::variant<Null, std::string, DateTime>;
 
-constexpr bool is_null(const DateOrNull& value) { return std::holds_alternative<Null>(value); }
-
-/// The date in the value; none when it holds nothing or a text.
+/// The date in the value; none when it holds nothing, a text, or a date that is none.
 constexpr std::optional<DateTime> held_date(const DateOrNull& value) {
     const DateTime* date = std::get_if<DateTime>(&value);
-    return date ? std::optional<DateTime>(*date) : std::nullopt;
+    return date != nullptr && date->is_date() ? std::optional<DateTime>(*date) : std::nullopt;
+}
+
+/// Whether the value holds neither a text nor a date.
+constexpr bool is_null(const DateOrNull& value) {
+    return !std::holds_alternative<std::string>(value) && !held_date(value);
 }
 
 }  // namespace zr

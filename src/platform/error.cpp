@@ -1,6 +1,6 @@
 #include "platform/error.h"
 
-#include <string_view>
+#include <new>
 #include <utility>
 
 namespace zr {
@@ -34,7 +34,20 @@ std::string error_text(const std::exception& error) {
     if (const auto* platform_error = dynamic_cast<const PlatformError*>(&error)) {
         return error_text(*platform_error);
     }
+    if (dynamic_cast<const std::bad_alloc*>(&error) != nullptr) {
+        return std::string(kNoMemory);
+    }
     return compose(error_number::kUnexpected, error.what(), {});
+}
+
+std::string current_error_text() {
+    try {
+        throw;
+    } catch (const std::exception& error) {
+        return error_text(error);
+    } catch (...) {
+        return compose(error_number::kUnexpected, "Something unknown was thrown", {});
+    }
 }
 
 }  // namespace zr

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <exception>
 #include <string>
+#include <string_view>
 
 namespace zr {
 
@@ -55,7 +56,13 @@ class PlatformError : public std::exception {
 /// alone.
 std::string error_text(const PlatformError& error);
 
-/// The same of any exception: those that are not a PlatformError carry number kUnexpected.
+/// The same of any exception: those that are not a PlatformError carry number kUnexpected. Where
+/// memory ended the text is kNoMemory alone.
 std::string error_text(const std::exception& error);
+
+/// The same of whatever is being caught.
+std::string current_error_text();
+
+inline constexpr std::string_view kNoMemory = "Not enough memory.";
 
 }  // namespace zr

@@ -167,6 +167,9 @@ void RegionalFormat::append(std::string& target, double number) const {
 }
 
 void RegionalFormat::append(std::string& target, const DateTime& date) const {
+    if (!date.is_date()) {
+        return;
+    }
     if (compiled_->date) {
         compiled_->date->append(target, date);
     } else {

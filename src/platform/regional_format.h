@@ -15,7 +15,8 @@ enum class Region { kAustralia, kNewZealand };
 
 /// One pattern, compiled once and applied many times. Names of patterns ("currency", "medium date")
 /// are recognised without regard to letter case. An empty pattern formats as the default conversion
-/// does; a pattern that cannot apply to the value gives the value's default text. Never throws.
+/// does; a pattern that cannot apply to the value gives the value's default text. A date
+/// that is none is written as nothing. Never throws.
 class RegionalFormat {
   public:
     explicit RegionalFormat(std::string_view pattern, Region region = Region::kAustralia);

@@ -163,10 +163,6 @@ DateField minutes_after_hour(DateField field, DateField previous) {
 
 void append_general_date(std::string& target, const DateTime& date) {
     constexpr auto kZeroDay = std::chrono::year{1899} / std::chrono::December / 30;
-    if (!date.date.ok()) {
-        target += date.to_iso();  // no calendar day, so nothing to write better
-        return;
-    }
     if (!date.has_time()) {
         append_short_date(target, date);
         return;
@@ -230,10 +226,6 @@ void DatePattern::add_half_of_day(std::string_view text) {
 }
 
 void DatePattern::append(std::string& target, const DateTime& date) const {
-    if (!date.date.ok()) {
-        append_general_date(target, date);
-        return;
-    }
     for (const Token& token : tokens_) {
         if (token.field == DateField::kLiteral) {
             target += token.text;

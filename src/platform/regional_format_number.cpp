@@ -125,7 +125,7 @@ bool NumberPattern::Section::add_exponent(PatternReader& reader, char letter) {
 
 NumberPattern::Section NumberPattern::Section::compile(PatternReader& reader) {
     Section section;
-    bool after_point = false;
+    bool& after_point = section.has_point;
     int commas = 0;  // since the last digit before the point
     while (!reader.done()) {
         const PatternReader::Piece piece = reader.next();
@@ -156,7 +156,7 @@ NumberPattern::Section NumberPattern::Section::compile(PatternReader& reader) {
 
 // Gives the number the scale and the places of the section.
 void NumberPattern::Section::round(Decimal& number) const {
-    if (!has_digits()) {
+    if (!writes_number()) {
         return;
     }
     number.scale(scale);

@@ -76,6 +76,7 @@ class NumberPattern {
         int scale = 0;
         int least_exponent = 0;
         bool grouped = false;
+        bool has_point = false;
         bool has_exponent = false;
         bool signs_exponent = false;  // a positive exponent has its sign too
 
@@ -85,7 +86,7 @@ class NumberPattern {
         Token& last_token(Token::Kind kind);
         bool add_exponent(PatternReader& reader, char letter);
 
-        bool has_digits() const { return whole_places + fraction_places != 0; }
+        bool writes_number() const { return has_point || whole_places + fraction_places != 0; }
         void round(Decimal& number) const;
         void append(std::string& target, Decimal& number) const;
         void append_whole(std::string& target, const Decimal& number, int from, int to) const;

@@ -78,6 +78,21 @@ std::string replace_all(std::string_view value, std::string_view from, std::stri
 
 bool is_valid_utf8(std::string_view value) { return find_invalid(value, 0) == value.size(); }
 
+std::size_t find_not_xml(std::string_view value) {
+    constexpr char32_t kFirstPrintable = 0x20;
+    for (std::size_t position = 0; position < value.size();) {
+        const utf8::Decoded at = utf8::decode(value, position);
+        const bool allowed = at.code >= kFirstPrintable
+                                 ? at.valid && at.code != 0xFFFE && at.code != 0xFFFF
+                                 : at.code == '\t' || at.code == '\n' || at.code == '\r';
+        if (!allowed) {
+            return position;
+        }
+        position += at.size;
+    }
+    return std::string_view::npos;
+}
+
 std::string to_valid_utf8(std::string_view value) {
     std::string result;
     result.reserve(value.size());

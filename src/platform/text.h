@@ -39,6 +39,10 @@ std::string replace_all(std::string_view value, std::string_view from, std::stri
 /// True when the bytes are valid UTF-8.
 bool is_valid_utf8(std::string_view value);
 
+/// Where the first character stands that XML allows in no form: a control character other than tab
+/// and line breaks, U+FFFE and U+FFFF, or a byte that starts no valid sequence; npos for none.
+std::size_t find_not_xml(std::string_view value);
+
 /// The text with every byte that starts no valid sequence replaced by U+FFFD: its length stays.
 std::string to_valid_utf8(std::string_view value);
 

@@ -1,5 +1,7 @@
 #include "records/code_tables.h"
 
+#include <algorithm>
+
 namespace zr {
 namespace {
 
@@ -20,11 +22,22 @@ const CodeTableItem& CodeTableItems::Item(std::int32_t position) const {
 }
 
 const CodeTableItem& CodeTableItems::Item(std::string_view code) const {
-    const auto found = positions_.find(code);
-    if (allow_duplicate_codes_ || found == positions_.end()) {
+    const CodeTableItem* item = allow_duplicate_codes_ ? nullptr : find_code(code);
+    if (item == nullptr) {
         raise_item_not_found();
     }
-    return items_[found->second];
+    return *item;
+}
+
+const CodeTableItem* CodeTableItems::find_code(std::string_view code) const {
+    if (*recoded_) {
+        const auto found = std::ranges::find_if(items_, [code](const CodeTableItem& item) {
+            return text::equal_ignoring_case(item.Code(), code);
+        });
+        return found == items_.end() ? nullptr : &*found;
+    }
+    const auto found = positions_.find(code);
+    return found == positions_.end() ? nullptr : &items_[found->second];
 }
 
 const CodeTableItem* CodeTableItems::find_description(std::string_view description) const {
@@ -43,8 +56,8 @@ std::string CodeTableItems::GetCodeFromDescription(std::string_view description,
 }
 
 std::string_view CodeTableItems::GetDescriptionFromCode(std::string_view code) const {
-    const auto found = positions_.find(code);
-    return found == positions_.end() ? std::string_view() : items_[found->second].Description();
+    const CodeTableItem* item = find_code(code);
+    return item != nullptr ? std::string_view(item->Description()) : std::string_view();
 }
 
 std::string CodeTableItems::ValidateDescription(std::string_view description) const {
@@ -57,7 +70,7 @@ const CodeTableItem& CodeTableItems::AddItem(std::string_view code, std::string_
     if (!is_new && !allow_duplicate_codes_) {
         raise_duplicate_key();
     }
-    items_.emplace_back(code, description);
+    items_.emplace_back(code, description, recoded_.get());
     append_to_list(code_list_, code);
     append_to_list(description_list_, description);
     return items_.back();

@@ -13,20 +13,27 @@
 
 namespace zr {
 
-/// One row of a code table.
+/// One row of a code table. Hosts may write both; what is looked up follows, ListCodes and
+/// ListDescriptions stay as the table was built.
 class CodeTableItem {
   public:
-    CodeTableItem(std::string_view code, std::string_view description)
-        : code_(code), description_(description) {}
+    /// `recoded` is the table's own note that one of its codes was written.
+    CodeTableItem(std::string_view code, std::string_view description, bool* recoded)
+        : code_(code), description_(description), recoded_(recoded) {}
 
     const std::string& Code() const { return code_; }
-    void Code(std::string_view code) { code_ = code; }
+    void Code(std::string_view code) const {
+        code_ = code;
+        *recoded_ = true;
+    }
     const std::string& Description() const { return description_; }
-    void Description(std::string_view description) { description_ = description; }
+    void Description(std::string_view description) const { description_ = description; }
 
   private:
-    std::string code_;
-    std::string description_;
+    // The host's to write in a table that is const to it.
+    mutable std::string code_;
+    mutable std::string description_;
+    bool* recoded_;
 };
 
 /// A code and its description as data.
@@ -82,12 +89,14 @@ class CodeTableItems {
     void add_rows(std::span<const CodeRow> rows);
 
   private:
+    const CodeTableItem* find_code(std::string_view code) const;
     const CodeTableItem* find_description(std::string_view description) const;
 
     std::vector<CodeTableItem> items_;
-    /// The first item with each code.
+    /// The first item with each code as it was added; of no use once a host has written a code.
     std::unordered_map<std::string, std::size_t, text::HashIgnoringCase, text::EqualIgnoringCase>
         positions_;
+    std::unique_ptr<bool> recoded_ = std::make_unique<bool>(false);
     bool allow_duplicate_codes_ = false;
     std::string code_list_;
     std::string description_list_;

@@ -65,7 +65,7 @@ inline Value to_value(bool flag) { return flag; }
 inline Value to_value(std::int16_t count) { return std::int32_t{count}; }
 inline Value to_value(Currency amount) { return amount; }
 /// Null for a date that was never set.
-inline Value to_value(const DateTime& date) { return date.date.ok() ? Value(date) : Value(Null{}); }
+inline Value to_value(const DateTime& date) { return date.is_date() ? Value(date) : Value(Null{}); }
 inline Value to_value(const DateOrNull& value) {
     if (const std::string* text = std::get_if<std::string>(&value)) {
         return std::string_view(*text);
@@ -75,10 +75,9 @@ inline Value to_value(const DateOrNull& value) {
 }
 
 /// A whole number as a count, staying at the ends of a count's range.
-inline std::int16_t to_count(const Value& value) {
+constexpr std::int16_t to_count(std::int64_t value) {
     using Range = std::numeric_limits<std::int16_t>;
-    return static_cast<std::int16_t>(
-        std::clamp<std::int32_t>(std::get<std::int32_t>(value), Range::min(), Range::max()));
+    return static_cast<std::int16_t>(std::clamp<std::int64_t>(value, Range::min(), Range::max()));
 }
 
 inline DateOrNull to_date_or_null(const Value& value) {

@@ -6,17 +6,6 @@
 #include "platform/convert.h"
 
 namespace zr {
-namespace {
-
-/// The date in a value: itself, or the one that its text reads as.
-std::optional<DateTime> readable_date(const DateOrNull& value) {
-    if (const std::string* text = std::get_if<std::string>(&value)) {
-        return convert::to_host_date(*text);
-    }
-    return held_date(value);
-}
-
-}  // namespace
 
 Request::Request() : DefaultOccurredDate_(DateTime::now().date_only()) {}
 
@@ -32,12 +21,12 @@ void Request::Gender(std::string_view value) {
 }
 
 void Request::DateOfBirth(const DateOrNull& value) {
-    const auto date = readable_date(value);
+    const auto date = convert::read_date(value);
     assign(DateOfBirth_, date ? DateOrNull(*date) : DateOrNull(Null{}));
 }
 
 void Request::DefaultNewDate(const DateOrNull& value) {
-    const DateOrNull given = readable_date(value) ? value : DateOrNull(Null{});
+    const DateOrNull given = convert::read_date(value) ? value : DateOrNull(Null{});
     if (is_null(DefaultNewDate_) || is_null(given) || DefaultNewDate_ != given) {
         DefaultNewDate_ = given;
         dirty_ = true;
@@ -148,7 +137,7 @@ namespace {
 
 #define ZR_FROM_Text(value) text_of(value)
 #define ZR_FROM_Gender(value) text_of(value)
-#define ZR_FROM_Count(value) property_detail::to_count(value)
+#define ZR_FROM_Count(value) std::get<std::int32_t>(value)
 #define ZR_FROM_Money(value) std::get<Currency>(value)
 #define ZR_FROM_Date(value) std::get<DateTime>(value)
 #define ZR_FROM_DateOfBirth(value) property_detail::to_date_or_null(value)

@@ -22,7 +22,8 @@ class Request {
   public:
     Request();
 
-    // Name() reads and Name(value) writes each property of the list.
+    // Name() reads and Name(value) writes each property of the list. A count stays at the ends of
+    // its range; a date that is none is stored as null.
 #define ZR_REQUEST_READ_Text(Name) \
     const std::string& Name() const { return Name##_; }
 #define ZR_REQUEST_READ_Gender(Name) ZR_REQUEST_READ_Text(Name)
@@ -39,11 +40,11 @@ class Request {
 #define ZR_REQUEST_WRITE_Text(Name) \
     void Name(std::string_view value) { assign(Name##_, value); }
 #define ZR_REQUEST_WRITE_Count(Name) \
-    void Name(std::int16_t value) { assign(Name##_, value); }
+    void Name(std::int64_t value) { assign(Name##_, property_detail::to_count(value)); }
 #define ZR_REQUEST_WRITE_Money(Name) \
     void Name(Currency value) { assign(Name##_, value); }
 #define ZR_REQUEST_WRITE_Date(Name) \
-    void Name(const DateTime& value) { assign(Name##_, value); }
+    void Name(const DateTime& value) { assign(Name##_, value.is_date() ? value : DateTime()); }
     // The properties with rules of their own are written out below.
 #define ZR_REQUEST_WRITE_Gender(Name)
 #define ZR_REQUEST_WRITE_DateOfBirth(Name)

@@ -1,6 +1,7 @@
 // What the services' request documents have in common.
 #pragma once
 
+#include <exception>
 #include <string>
 #include <string_view>
 
@@ -9,19 +10,25 @@
 
 namespace zr {
 
-/// An element of a document being written: opened here, closed when the object goes.
+/// An element of a document being written: opened here, closed when the object goes. A document
+/// that is given up by an exception stays as it is.
 class XmlElement {
   public:
     XmlElement(ZRXMLBuilder& builder, std::string_view name) : builder_(builder), name_(name) {
         builder_.TagOpen(name_);
     }
-    ~XmlElement() { builder_.TagClose(name_); }
+    ~XmlElement() noexcept(false) {  // there may be no memory for the tag
+        if (std::uncaught_exceptions() == exceptions_) {
+            builder_.TagClose(name_);
+        }
+    }
     XmlElement(const XmlElement&) = delete;
     XmlElement& operator=(const XmlElement&) = delete;
 
   private:
     ZRXMLBuilder& builder_;
     std::string_view name_;
+    int exceptions_ = std::uncaught_exceptions();
 };
 
 /// An element with one attribute and no content.

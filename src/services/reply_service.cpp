@@ -19,28 +19,32 @@ std::optional<XmlDocument> ReplyService::LoadResponseXML(std::string_view respon
     return std::move(reply.document);
 }
 
-bool ReplyService::BuildResponse(Request& request, const DateTime& response_date,
+bool ReplyService::BuildResponse(Request& request, DateTime response_date,
                                  const std::string& response_xml) {
     return build_response(request, response_date, response_xml, std::nullopt);
 }
 
-bool ReplyService::build_response(Request& request, const DateTime& response_date,
+bool ReplyService::build_response(Request& request, DateTime response_date,
                                   std::string response_xml, std::optional<XmlDocument> document) {
     Response& response = RequestInternals::Response(request);
     response.Clear();
     response.ResponseDate(response_date);
-    // The rendering is made even of a reply that turns out to be faulty.
-    response.ResponseHTML(
-        TransformToHTML(context().Runtime().style_sheets(), response_xml, XSLTFileName()));
     response.ResponseXML(std::move(response_xml));
-    if (!document) {
-        document = LoadResponseXML(response.ResponseXML());
+    try {
+        // The rendering is made even of a reply that turns out to be faulty.
+        response.ResponseHTML(TransformToHTML(context().Runtime().style_sheets(),
+                                              response.ResponseXML(), XSLTFileName()));
+        if (!document) {
+            document = LoadResponseXML(response.ResponseXML());
+        }
+        if (document) {
+            translate(request, document->root());
+        }
+    } catch (...) {
+        RequestInternals::Dirty(request, true);  // half a response answers no later enquiry
+        throw;
     }
-    if (!document) {
-        return false;
-    }
-    translate(request, document->root());
-    return true;
+    return document.has_value();
 }
 
 }  // namespace zr

@@ -19,7 +19,7 @@ class ReplyService : public Service {
     void XSLTFileName(std::string_view name) { xslt_file_name_ = name; }
 
     // Component-internal: the facade calls this.
-    bool BuildResponse(Request& request, const DateTime& response_date,
+    bool BuildResponse(Request& request, DateTime response_date,
                        const std::string& response_xml) override;
 
   protected:
@@ -36,7 +36,7 @@ class ReplyService : public Service {
     std::optional<XmlDocument> LoadResponseXML(std::string_view response_xml);
 
     /// BuildResponse for a reply that may have been parsed already.
-    bool build_response(Request& request, const DateTime& response_date, std::string response_xml,
+    bool build_response(Request& request, DateTime response_date, std::string response_xml,
                         std::optional<XmlDocument> document);
 
   private:

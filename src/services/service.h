@@ -54,7 +54,7 @@ class Service {
     virtual bool CreditEnquiry(Request& request);
     virtual bool GetList(Request& request);
     virtual bool VerifyConnection();
-    virtual bool BuildResponse(Request& request, const DateTime& response_date,
+    virtual bool BuildResponse(Request& request, DateTime response_date,
                                const std::string& response_xml) = 0;
 
   protected:

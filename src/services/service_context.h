@@ -5,8 +5,10 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "platform/date_time.h"
+#include "platform/error.h"
 #include "platform/http.h"
 #include "platform/regional_format.h"
 #include "platform/style_sheet.h"
@@ -20,14 +22,26 @@ class ZRCreditBureau;
 /// whoever needs them.
 class Runtime {
   public:
+    /// Raises an error without a transport or a clock.
     explicit Runtime(std::unique_ptr<HttpTransport> transport,
                      std::function<DateTime()> clock = DateTime::now)
-        : transport_(std::move(transport)), clock_(std::move(clock)) {}
+        : transport_(std::move(transport)), clock_(std::move(clock)) {
+        if (transport_ == nullptr || clock_ == nullptr) {
+            throw PlatformError(error_number::kMessageOnly,
+                                "A runtime needs a transport and a clock.");
+        }
+    }
 
     HttpTransport& transport() { return *transport_; }
     StyleSheets& style_sheets() { return style_sheets_; }
-    /// The current local date and time.
-    DateTime now() const { return clock_(); }
+    /// The current local date and time; raises an error when the clock gives none.
+    DateTime now() const {
+        const DateTime now = clock_();
+        if (!now.is_date()) {
+            throw PlatformError(error_number::kMessageOnly, "The clock gives no date.");
+        }
+        return now;
+    }
 
   private:
     std::unique_ptr<HttpTransport> transport_;

@@ -18,10 +18,10 @@ std::string TransformToHTML(StyleSheets& style_sheets, std::string_view xml_text
     }
     try {
         return style_sheets.transform(xml_text, xslt_file_name);
-    } catch (const std::exception& error) {
+    } catch (...) {
         return "<html><body><span style='font:bold 10pt Verdana;color:red;'>"
                "Error transforming XML using XSL file '" +
-               xslt_file_name + "'.<BR><BR>" + error_text(error) + "</span></body></html>";
+               xslt_file_name + "'.<BR><BR>" + current_error_text() + "</span></body></html>";
     }
 }
 

@@ -24,17 +24,40 @@ std::string status_message(const HttpReply& reply, const std::string& address) {
            "correctly.\r\n";
 }
 
-std::string failure_message(const std::exception& error) {
-    std::string message = error_text(error);
+/// The message for the failure being caught, whose number is `number` where it has one.
+std::string failure_message(std::int32_t number) {
+    std::string message = current_error_text();
     message += kPossibleCauses;
-    const auto* platform_error = dynamic_cast<const PlatformError*>(&error);
-    if (platform_error != nullptr && platform_error->number() == error_number::kTimeout) {
+    if (number == error_number::kTimeout) {
         return message + "1. Your connection details (Timeout) are not setup correctly.\r\n";
     }
     return message +
            "1. You do not have a connection to the Internet.\r\n"
            "2. Your connection details (Proxy Server) are not setup correctly.\r\n"
            "3. VedaXML has failed to respond to this request.";
+}
+
+/// The property, of the request or of its service, from which the document has the character at
+/// `position`, told by what stands before it. Without one the host has written it into a table.
+std::string unsendable_property(const Request& request, const Service& service,
+                                std::size_t position) {
+    const std::string_view document = request.RequestXML();
+    const std::size_t start = document.find_last_of(">\";", position) + 1;
+    const std::string_view piece = document.substr(start, position - start + 1);
+    const auto find = [piece](const auto& properties, const auto& record) {
+        for (const auto& property : properties) {
+            const Value value = property.read(record);
+            if (property.write != nullptr && text_of(value).find(piece) != std::string_view::npos) {
+                return std::string(property.name);
+            }
+        }
+        return std::string();
+    };
+    std::string name = find(request_properties(), request);
+    if (name.empty()) {
+        name = find(service.settings(), service);
+    }
+    return name.empty() ? "A code of a code table" : name;
 }
 
 HttpProxy proxy(const VedaXmlService& service) {
@@ -84,6 +107,12 @@ HttpRequest VedaXmlService::http_request(const Request& request) const {
 
 std::optional<XmlDocument> VedaXmlService::ExecuteRequest(Request& request) {
     constexpr int kOk = 200;
+    if (const std::size_t at = text::find_not_xml(request.RequestXML());
+        at != std::string_view::npos) {
+        fail(unsendable_property(request, *this, at) +
+             " holds a character that XML does not allow.");
+        return std::nullopt;
+    }
     Response& response = RequestInternals::Response(request);
     response.Clear();
     const HttpRequest http = http_request(request);
@@ -94,8 +123,11 @@ std::optional<XmlDocument> VedaXmlService::ExecuteRequest(Request& request) {
             fail(status_message(reply, http.url));
             return std::nullopt;
         }
-    } catch (const std::exception& error) {
-        fail(failure_message(error));
+    } catch (const PlatformError& error) {
+        fail(failure_message(error.number()));
+        return std::nullopt;
+    } catch (...) {
+        fail(failure_message(error_number::kUnexpected));
         return std::nullopt;
     }
     return LoadResponseXML(response.ResponseXML());
@@ -109,9 +141,11 @@ bool VedaXmlService::CreditEnquiry(Request& request) {
     if (!document) {
         return false;
     }
-    RequestInternals::Dirty(request, false);
-    return build_response(request, context().Runtime().now().date_only(),
-                          RequestInternals::Response(request).ResponseXML(), std::move(document));
+    const bool built =
+        build_response(request, context().Runtime().now().date_only(),
+                       RequestInternals::Response(request).ResponseXML(), std::move(document));
+    RequestInternals::Dirty(request, false);  // last: what throws before leaves the request dirty
+    return built;
 }
 
 bool VedaXmlService::GetList(Request& request) {
@@ -125,8 +159,8 @@ bool VedaXmlService::GetList(Request& request) {
     if (!document) {
         return false;
     }
-    RequestInternals::Dirty(request, false);
     add_company_selections(RequestInternals::Response(request).selections(), document->root());
+    RequestInternals::Dirty(request, false);
     return true;
 }
 
@@ -139,7 +173,7 @@ namespace {
 #define ZR_FROM_Text(value) text_of(value)
 #define ZR_FROM_Reference(value) text_of(value)
 #define ZR_FROM_Boolean(value) std::get<bool>(value)
-#define ZR_FROM_Seconds(value) property_detail::to_count(value)
+#define ZR_FROM_Seconds(value) std::get<std::int32_t>(value)
 
 constexpr Property<Service> kSettings[] = {
 #define ZR_SETTING(Kind, Name, meaning)                                                        \

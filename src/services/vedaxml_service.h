@@ -36,9 +36,9 @@ class VedaXmlService : public ReplyService {
     void Name(std::string_view value) { Name##_ = text::cut(value, kClientReferenceLength); }
 #define ZR_SETTING_WRITE_Boolean(Name) \
     void Name(bool value) { Name##_ = value; }
-#define ZR_SETTING_WRITE_Seconds(Name)                                  \
-    void Name(std::int16_t value) {                                     \
-        Name##_ = std::clamp(value, kShortestTimeOut, kLongestTimeOut); \
+#define ZR_SETTING_WRITE_Seconds(Name)                                                             \
+    void Name(std::int64_t value) {                                                                \
+        Name##_ = std::clamp(property_detail::to_count(value), kShortestTimeOut, kLongestTimeOut); \
     }
 #define ZR_SETTING(Kind, Name, meaning) ZR_SETTING_READ_##Kind(Name) ZR_SETTING_WRITE_##Kind(Name)
 #include "services/vedaxml_settings.inc"

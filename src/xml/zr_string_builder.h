@@ -13,9 +13,12 @@ class ZRStringBuilder {
   public:
     ZRStringBuilder() { Initialise(4096); }
 
-    /// Sets the buffer size that Clear restores and empties the builder.
+    /// Sets the buffer size that Clear restores and empties the builder. A size that there is no
+    /// memory for is no failure: the buffer then grows from nothing.
     void Initialise(std::int32_t capacity);
 
+    /// Appends a text, which may be a part of the builder's own. Throws std::bad_alloc, changing
+    /// nothing, when there is no memory for it or it would be longer than Length can tell.
     void Append(std::string_view text);
 
     /// Empties the builder; one that grew shrinks back to its capacity.

@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <utility>
 
+#include "platform/convert.h"
 #include "platform/error.h"
 #include "platform/text.h"
 
@@ -47,6 +48,8 @@ std::string date_time_text(const DateTime& date) {
                   static_cast<int>(time.seconds().count()));
     return text + clock;
 }
+
+std::string utc_text(const DateTime& date) { return date_time_text(date) + "Z"; }
 
 std::string with_non_ascii_references(std::string_view value) {
     std::string result;
@@ -136,14 +139,18 @@ void ZRXMLBuilder::WriteRaw(std::string_view text) {
 
 void ZRXMLBuilder::WriteBoolean(bool value) { WriteRaw(value ? "true" : "false"); }
 
-void ZRXMLBuilder::WriteDate(const DateOrNull& value) {
-    const auto date = held_date(value);
-    WriteRaw(date ? date_text(*date) : std::string());
+std::string ZRXMLBuilder::dated_text(const DateOrNull& value, DateForm form) const {
+    if (const auto date = convert::read_date(value)) {
+        return form(*date);
+    }
+    const std::string* text = std::get_if<std::string>(&value);
+    return text != nullptr ? escaped_text(*text) : std::string();
 }
 
+void ZRXMLBuilder::WriteDate(const DateOrNull& value) { WriteRaw(dated_text(value, date_text)); }
+
 void ZRXMLBuilder::WriteDateTime(const DateOrNull& value) {
-    const auto date = held_date(value);
-    WriteRaw(date ? date_time_text(*date) : std::string());
+    WriteRaw(dated_text(value, date_time_text));
 }
 
 void ZRXMLBuilder::write_element(std::string_view name, std::string_view text) {
@@ -167,15 +174,10 @@ void ZRXMLBuilder::WriteTagWithBoolean(std::string_view name, bool value) {
 }
 
 void ZRXMLBuilder::write_dated_element(std::string_view name, const DateOrNull& value,
-                                       bool dont_write_if_blank,
-                                       std::string (*format)(const DateTime&),
-                                       std::string_view suffix) {
+                                       bool dont_write_if_blank, DateForm form) {
     close_start_tag();
-    const auto date = held_date(value);
-    if (date) {
-        write_element(name, format(*date).append(suffix));
-    } else if (!dont_write_if_blank || !is_null(value)) {  // only null counts as blank
-        write_element(name, {});
+    if (!dont_write_if_blank || !is_null(value)) {  // only null counts as blank
+        write_element(name, dated_text(value, form));
     }
 }
 
@@ -191,7 +193,7 @@ void ZRXMLBuilder::WriteTagWithDateTime(std::string_view name, const DateOrNull&
 
 void ZRXMLBuilder::WriteTagWithUtcDateTime(std::string_view name, const DateOrNull& value,
                                            bool dont_write_if_blank) {
-    write_dated_element(name, value, dont_write_if_blank, date_time_text, "Z");
+    write_dated_element(name, value, dont_write_if_blank, utc_text);
 }
 
 std::string ZRXMLBuilder::XMLHeader() const {

@@ -49,13 +49,14 @@ class ZRXMLBuilder {
     void WriteRaw(std::string_view text);
     /// "true" or "false".
     void WriteBoolean(bool value);
-    /// "yyyy-mm-dd", or "yyyy-mm-ddThh:nn:ss"; nothing for a value that holds no date.
+    /// "yyyy-mm-dd", or "yyyy-mm-ddThh:nn:ss"; nothing for null. A text is written as the date that
+    /// it reads as, else as the text that it is.
     void WriteDate(const DateOrNull& value);
     void WriteDateTime(const DateOrNull& value);
 
     // An element with its value, all in one; an empty text or a null date is left out when it is
-    // not to be written, and an empty element otherwise. A text in place of a date is no blank: it
-    // gives an empty element in any case.
+    // not to be written, and an empty element otherwise. A text in place of a date, even an empty
+    // one, is no blank: its element is written in any case.
     void WriteTagWithText(std::string_view name, std::string_view value,
                           bool dont_write_if_blank = false);
     void WriteTagWithBoolean(std::string_view name, bool value);
@@ -87,9 +88,10 @@ class ZRXMLBuilder {
   private:
     void close_start_tag();
     void write_element(std::string_view name, std::string_view text);
+    using DateForm = std::string (*)(const DateTime&);
     void write_dated_element(std::string_view name, const DateOrNull& value,
-                             bool dont_write_if_blank, std::string (*format)(const DateTime&),
-                             std::string_view suffix = {});
+                             bool dont_write_if_blank, DateForm form);
+    std::string dated_text(const DateOrNull& value, DateForm form) const;
     std::string escaped_text(std::string_view text) const;
     std::string encoded(std::string text) const;
     bool has(EncodeFlags flag) const {

@@ -49,20 +49,90 @@ TEST(Facade, KeepsItsServicesWhenTheRuntimeCannotBeMade) {
     EXPECT_TRUE(facade.Initialise("AU"));
 }
 
+TEST(Facade, TakesNoRuntimeThatIsNone) {
+    const struct {
+        std::unique_ptr<Runtime> (*make)();
+        const char* reason;
+    } cases[] = {
+        {[]() -> std::unique_ptr<Runtime> { return nullptr; }, "Nothing was made."},
+        {[]() -> std::unique_ptr<Runtime> { throw 5; },
+         "Something unknown was thrown (error -2147418113)."},
+        {[]() -> std::unique_ptr<Runtime> { throw std::bad_alloc(); }, "Not enough memory."},
+        {[] { return std::make_unique<Runtime>(nullptr); },
+         "A runtime needs a transport and a clock."},
+        {[] { return std::make_unique<Runtime>(make_http_transport(), nullptr); },
+         "A runtime needs a transport and a clock."},
+    };
+    for (const auto& row : cases) {
+        ZRCreditBureau facade(row.make);
+        EXPECT_FALSE(facade.Initialise("AU"));
+        EXPECT_EQ(facade.ErrorMessage(),
+                  std::string("Error creating ZRRuntime8 object. ") + row.reason);
+        EXPECT_EQ(facade.Services().Count(), 0);
+    }
+}
+
+class ThrowingTransport final : public HttpTransport {
+  public:
+    HttpReply exchange(const HttpRequest& /*request*/) override { throw 5; }
+};
+
+TEST(Facade, OutlivesWhateverTransportAndClockThrow) {
+    const struct {
+        DateTime (*clock)();
+        const char* message;
+    } cases[] = {
+        {[] { return kClock; },
+         "Something unknown was thrown (error -2147418113).\r\n\r\nPossible causes"},
+        {[]() -> DateTime { throw 5; }, "Something unknown was thrown (error -2147418113)."},
+        {[] { return DateTime(); }, "The clock gives no date."},
+    };
+    for (const auto& row : cases) {
+        ZRCreditBureau facade([&row] {
+            return std::make_unique<Runtime>(std::make_unique<ThrowingTransport>(), row.clock);
+        });
+        ASSERT_TRUE(facade.Initialise("AU"));
+        EXPECT_FALSE(facade.ExecuteVerifyConnection("VedaXMLAU"));
+        EXPECT_TRUE(facade.ErrorMessage().starts_with(row.message)) << facade.ErrorMessage();
+    }
+}
+
+TEST(Facade, TranslatesAgainFromTheResponseItself) {
+    FakeBureau bureau;
+    const Response& response = bureau.translated("<BCAmessage service-request-id='1'/>");
+    EXPECT_TRUE(bureau.facade.BuildResponse(*bureau.request, response.ResponseDate(),
+                                            response.ResponseXML()));
+    EXPECT_EQ(response.ResponseDate(), kClock.date_only());
+    EXPECT_EQ(response.RequestId(), "1");
+}
+
+TEST(Facade, TranslatesAsOfADateOnly) {
+    FakeBureau bureau;
+    const Response& response = bureau.translated("<BCAmessage service-request-id='1'/>");
+    for (const DateTime& none : {DateTime(), DateTime::ymd(2012, 2, 30), DateTime::ymd(99, 12, 31),
+                                 DateTime::ymd(10000, 1, 1)}) {
+        EXPECT_FALSE(bureau.facade.BuildResponse(*bureau.request, none, "<BCAmessage/>"));
+        EXPECT_EQ(bureau.facade.ErrorMessage(),
+                  "The response date is not a date of the years 100 to 9999.");
+        EXPECT_EQ(response.RequestId(), "1");
+    }
+}
+
 TEST(Facade, RefusesEveryOperationOutsideItsLife) {
     ZRCreditBureau facade;
     const std::unique_ptr<Request> request = facade.CreateRequest();
-    const auto refuses_all = [&] {
+    const auto refuses_all = [&](const char* message) {
         return !facade.ExecuteCreditEnquiry(*request) && !facade.ExecuteGetList(*request) &&
                !facade.ExecuteVerifyConnection("VedaXMLAU") &&
-               !facade.BuildResponse(*request, kClock, "<a/>") &&
-               facade.ErrorMessage() == "The credit bureau has not been initialised.";
+               !facade.BuildResponse(*request, kClock, "<a/>") && facade.ErrorMessage() == message;
     };
-    EXPECT_TRUE(refuses_all());
+    constexpr const char* kNotYet = "The credit bureau has not been initialised.";
+    facade.Dispose();
+    EXPECT_TRUE(refuses_all(kNotYet));
     EXPECT_TRUE(facade.Initialise("AU"));
     facade.Dispose();
     facade.Dispose();
-    EXPECT_TRUE(refuses_all());
+    EXPECT_TRUE(refuses_all("The credit bureau has been disposed of."));
     EXPECT_EQ(facade.Services().Count(), 0);
     EXPECT_EQ(facade.Country(), "AU");
 }

@@ -31,6 +31,12 @@ TEST(ErrorText, IsOneLineOfDescriptionSourceAndNumber) {
 TEST(ErrorText, NumbersOtherExceptionsAsUnexpected) {
     EXPECT_EQ(error_text(std::runtime_error("Out of luck\r\n")),
               "Out of luck (error -2147418113).");
+    EXPECT_EQ(error_text(std::bad_alloc()), "Not enough memory.");
+    try {
+        throw 5;
+    } catch (...) {
+        EXPECT_EQ(current_error_text(), "Something unknown was thrown (error -2147418113).");
+    }
 }
 
 }  // namespace

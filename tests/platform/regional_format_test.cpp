@@ -110,6 +110,9 @@ TEST(RegionalFormat, WritesCustomNumberPatterns) {
         {"€0.0", "5", "€5.0"},
         {"0E+0", "12345", "1E+4"},
         {"##0.0E+0", "123456", "123.5E+3"},
+        {".", "1.6", "2."},
+        {".", "-0.4", "."},
+        {".%", "0.166", "17.%"},
         {"0.0e-00", "1234", "1.2e03"},
         {"0.0e-00", "0.012", "1.2e-02"},
         {"0E", "5", "5E"},
@@ -196,7 +199,15 @@ TEST(RegionalFormat, WritesDatePatterns) {
     for (const auto& row : cases) {
         EXPECT_EQ(RegionalFormat(row.pattern).format(row.date), row.expected) << row.pattern;
     }
-    EXPECT_EQ(RegionalFormat("medium date").format(DateTime()), "0000-00-00");
+    for (const DateTime& none :
+         {DateTime(), DateTime::ymd(2012, 2, 30), DateTime::ymd(99, 12, 31),
+          DateTime::ymd(10000, 1, 1), DateTime{day.date, std::chrono::hours(24)}}) {
+        for (const char* pattern : {"medium date", "yyyy", "", "currency"}) {
+            EXPECT_EQ(RegionalFormat(pattern).format(none), "") << pattern;
+        }
+    }
+    EXPECT_EQ(RegionalFormat("yyyy").format(DateTime::ymd(100, 1, 1)), "0100");
+    EXPECT_EQ(RegionalFormat("yyyy").format(DateTime::ymd(9999, 12, 31)), "9999");
 }
 
 TEST(RegionalFormat, WritesTheUsualMoneyAsTheGeneralPatternDoes) {

@@ -65,6 +65,24 @@ TEST(CodeTable, LooksUpBothWays) {
     expect_error(error_number::kItemNotFound, [&] { (void)table.Item("LN"); });
 }
 
+TEST(CodeTable, FollowsWhatAHostWrites) {
+    for (const bool allow_duplicates : {false, true}) {
+        const CodeTableItems table = table_of({{"A", "Alpha"}, {"B", "Beta"}}, allow_duplicates);
+        table.Item(1).Description("First");
+        table.Item(2).Code("C");
+        EXPECT_EQ(table.GetDescriptionFromCode("a"), "First");
+        EXPECT_EQ(table.GetDescriptionFromCode("c"), "Beta");
+        EXPECT_EQ(table.GetDescriptionFromCode("B"), "");
+        EXPECT_EQ(table.GetCodeFromDescription("beta"), "C");
+        EXPECT_EQ(table.GetCodeFromDescription("Alpha", "?"), "?");
+        EXPECT_EQ(table.ListCodes(), "A,B");
+        if (!allow_duplicates) {
+            EXPECT_EQ(&table.Item("C"), &table.Item(2));
+            expect_error(error_number::kItemNotFound, [&] { (void)table.Item("B"); });
+        }
+    }
+}
+
 TEST(CodeTable, ListsItsRows) {
     EXPECT_EQ(CodeTableItems().ListCodes(), "");
     EXPECT_EQ(CodeTableItems().ListDescriptions(), "");

@@ -61,8 +61,35 @@ TEST(Request, KeepsCountsInTheirRange) {
         request_properties(), std::string_view("XRMApplicantIndex"), &Property<Request>::name);
     index->write(request, std::int32_t{70000});
     EXPECT_EQ(request.XRMApplicantIndex(), 32767);
+    request.XRMApplicantIndex(-40000);
+    EXPECT_EQ(request.XRMApplicantIndex(), -32768);
+    request.XRMApplicantIndex(40000);
+    EXPECT_EQ(request.XRMApplicantIndex(), 32767);
     index->write(request, std::int32_t{-70000});
     EXPECT_EQ(request.XRMApplicantIndex(), -32768);
+}
+
+TEST(Request, TakesADateThatIsNoneAsNull) {
+    for (const DateTime& none : {DateTime(), DateTime::ymd(2012, 2, 30), DateTime::ymd(99, 12, 31),
+                                 DateTime::ymd(10000, 1, 1)}) {
+        Request request;
+        request.DateOfBirth(kDay);
+        request.DateOfBirth(none);
+        EXPECT_EQ(request.DateOfBirth(), DateOrNull(Null{}));
+        request.DefaultNewDate(none);
+        EXPECT_EQ(request.DefaultNewDate(), DateOrNull(Null{}));
+        request.DefaultOccurredDate(none);
+        EXPECT_EQ(request.DefaultOccurredDate(), DateTime());
+    }
+}
+
+TEST(Request, TellsWhatItLooksUpInTables) {
+    for (const char* name : {"Purpose", "AccountType", "StreetType", "PrevStreetType"}) {
+        const auto row = std::ranges::find(request_properties(), std::string_view(name),
+                                           &Property<Request>::name);
+        EXPECT_NE(row->meaning.find("a description in the "), std::string_view::npos) << name;
+        EXPECT_NE(row->meaning.find("an empty code"), std::string_view::npos) << name;
+    }
 }
 
 TEST(Request, StartsEmpty) {

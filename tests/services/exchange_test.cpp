@@ -91,9 +91,10 @@ TEST(Exchange, CarriesDocumentCredentialsAndTimeOuts) {
               "<BCAservice-data><request mode=\"test\"></request>\r</BCAservice-data>\r"
               "</BCAservice>\r</BCAmessage>\r");
     const struct {
-        std::int16_t given;
+        std::int64_t given;
         std::int16_t seconds;
-    } cases[] = {{5, 30}, {30, 30}, {120, 120}, {300, 300}, {1000, 300}, {-1, 30}};
+    } cases[] = {{40000, 300}, {-40000, 30}, {5'000'000'000, 300}, {5, 30}, {30, 30},
+                 {120, 120},   {300, 300},   {1000, 300},          {-1, 30}};
     for (const auto& row : cases) {
         australian(bureau).TimeOutSeconds(row.given);
         EXPECT_EQ(australian(bureau).TimeOutSeconds(), row.seconds);
@@ -101,6 +102,36 @@ TEST(Exchange, CarriesDocumentCredentialsAndTimeOuts) {
         for (const milliseconds limit :
              {limits.resolve, limits.connect, limits.send, limits.receive}) {
             EXPECT_EQ(limit, milliseconds(1000 * row.seconds));
+        }
+    }
+}
+
+TEST(Exchange, SendsNoCharacterThatXmlDoesNotAllow) {
+    const struct {
+        const char* last_name;
+        const char* reference;
+        const char* user;
+        const char* property;  // null: sent
+    } cases[] = {
+        {"Smith\x01", "", "", "LastName"},
+        {"Smith\x1F", "\x02", "", "TransactionReference"},
+        {"", "\uFFFF", "", "TransactionReference"},
+        {"", "", "me\b", "UserId"},
+        {"a\tb\r\nc\x7F", "", "", nullptr},
+        {"", "\xFF", "", "TransactionReference"},
+    };
+    for (const auto& row : cases) {
+        FakeBureau bureau;
+        bureau.ask("consumer-enquiry");
+        bureau.request->LastName(row.last_name);
+        bureau.request->TransactionReference(row.reference);
+        bureau.request->ClientId("never sent \x01");
+        australian(bureau).UserId(row.user);
+        bureau.facade.ExecuteCreditEnquiry(*bureau.request);
+        EXPECT_EQ(bureau.script().requests.empty(), row.property != nullptr);
+        if (row.property != nullptr) {
+            EXPECT_EQ(bureau.facade.ErrorMessage(),
+                      std::string(row.property) + " holds a character that XML does not allow.");
         }
     }
 }

@@ -39,6 +39,18 @@ TEST(StringBuilder, GrowsInLargeSteps) {
     }
 }
 
+TEST(StringBuilder, AppendsItsOwnText) {
+    ZRStringBuilder builder;
+    builder.Initialise(4);
+    builder.Append("abcd");
+    std::string expected = "abcd";
+    for (int turn = 0; turn < 8; ++turn) {
+        builder.Append(builder.view().substr(1));
+        expected += expected.substr(1);
+        EXPECT_EQ(builder.ToString(), expected);
+    }
+}
+
 TEST(StringBuilder, CountsCharacters) {
     ZRStringBuilder builder;
     EXPECT_EQ(builder.Length(), 0);

@@ -88,9 +88,27 @@ TEST(XmlBuilder, WritesTagsAndValues) {
         {[](ZRXMLBuilder& xml) {
              xml.WriteTagWithDate("d", Null{});
              xml.WriteTagWithDateTime("t", std::string(), true);  // no date, but not null
+             xml.WriteDate(DateTime());
+             xml.WriteDateTime(DateTime::ymd(2012, 2, 30));
+             xml.WriteTagWithDate("gone", DateTime::ymd(99, 1, 1), true);
              xml.WriteTagWithUtcDateTime("u", Null{});
          },
          "<d></d><t></t><u></u>"},
+        // A text in place of a date is the date that it reads as, else itself.
+        {[](ZRXMLBuilder& xml) {
+             xml.WriteDate("2/01/1970");
+             xml.WriteText("|");
+             xml.WriteDateTime("2 Jan 1970 2:07:09 pm");
+             xml.WriteText("|");
+             xml.WriteDate("soon & <later>");
+         },
+         "1970-01-02|1970-01-02T14:07:09|soon &amp; &lt;later&gt;"},
+        {[](ZRXMLBuilder& xml) {
+             xml.WriteTagWithDate("d", "1970-01-02", true);
+             xml.WriteTagWithUtcDateTime("u", "2/01/1970");
+             xml.WriteTagWithUtcDateTime("v", "<soon>");
+         },
+         "<d>1970-01-02</d><u>1970-01-02T00:00:00Z</u><v>&lt;soon&gt;</v>"},
     };
     for (const auto& row : cases) {
         EXPECT_EQ(written(row.write), row.expected);
