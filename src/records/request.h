@@ -7,9 +7,9 @@
 #include <string_view>
 #include <unordered_map>
 
-#include "platform/text.h"
 #include "records/property.h"
 #include "records/response.h"
+#include "values/text.h"
 
 namespace zr {
 

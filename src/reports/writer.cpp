@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "platform/text.h"
 #include "reports/runs.h"
+#include "values/text.h"
 #include "xml/zr_xml_utilities.h"
 
 namespace zr::layout {

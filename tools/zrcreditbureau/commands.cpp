@@ -4,7 +4,7 @@
 #include <memory>
 
 #include "automation/json_form.h"
-#include "platform/text.h"
+#include "values/text.h"
 #include "zrcreditbureau/catalogue_text.h"
 #include "zrcreditbureau/failure.h"
 #include "zrcreditbureau/files.h"

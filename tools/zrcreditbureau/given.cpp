@@ -4,7 +4,7 @@
 #include <charconv>
 #include <utility>
 
-#include "platform/convert.h"
+#include "values/convert.h"
 #include "zrcreditbureau/countries.h"
 #include "zrcreditbureau/failure.h"
 #include "zrcreditbureau/files.h"

@@ -15,7 +15,7 @@
 #include "platform/posix/http_address.h"
 #include "platform/posix/http_errors.h"
 #include "platform/posix/http_phases.h"
-#include "platform/text.h"
+#include "platform/unicode.h"
 
 namespace zr {
 namespace {

@@ -3,11 +3,11 @@
 #include <array>
 #include <string>
 
-#include "platform/text.h"
 #include "reports/statistics.h"
 #include "reports/writer.h"
 #include "services/vedaxml_au/reply_paths.h"
 #include "services/vedaxml_au/report_layout.h"
+#include "values/text.h"
 #include "xml/zr_xml_utilities.h"
 
 namespace zr::australia {

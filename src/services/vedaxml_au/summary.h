@@ -4,11 +4,11 @@
 
 #include <string_view>
 
-#include "platform/regional_format.h"
 #include "platform/xml_document.h"
 #include "records/code_tables.h"
 #include "records/response.h"
 #include "reports/response_fields.h"
+#include "values/regional_format.h"
 
 namespace zr::australia {
 

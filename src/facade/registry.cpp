@@ -1,11 +1,11 @@
-#include "services/registry.h"
+#include "facade/registry.h"
 
-#include "platform/convert.h"
 #include "services/b2bay/service_b2bay_au.h"
 #include "services/b2bay/service_b2bay_nz.h"
 #include "services/b2bay/service_b2bay_nz_v2.h"
 #include "services/vedaxml_au/service_vedaxml_au.h"
 #include "services/vedaxml_nz/service_vedaxml_nz.h"
+#include "values/convert.h"
 
 namespace zr {
 namespace {

@@ -1,4 +1,4 @@
-#include "platform/convert.h"
+#include "values/convert.h"
 
 #include <gtest/gtest.h>
 

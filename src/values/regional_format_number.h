@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/currency.h"
+#include "values/currency.h"
 
 namespace zr {
 

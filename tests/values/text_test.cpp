@@ -1,4 +1,4 @@
-#include "platform/text.h"
+#include "values/text.h"
 
 #include <gtest/gtest.h>
 

@@ -1,10 +1,10 @@
-#include "platform/currency.h"
+#include "values/currency.h"
 
 #include <array>
 #include <charconv>
 #include <cstddef>
 
-#include "platform/digits.h"
+#include "values/digits.h"
 
 namespace zr {
 namespace {

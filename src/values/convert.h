@@ -6,8 +6,8 @@
 #include <string>
 #include <string_view>
 
-#include "platform/currency.h"
-#include "platform/date_time.h"
+#include "values/currency.h"
+#include "values/date_time.h"
 
 namespace zr::convert {
 

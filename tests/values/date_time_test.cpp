@@ -1,4 +1,4 @@
-#include "platform/date_time.h"
+#include "values/date_time.h"
 
 #include <gtest/gtest.h>
 

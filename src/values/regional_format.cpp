@@ -1,4 +1,4 @@
-#include "platform/regional_format.h"
+#include "values/regional_format.h"
 
 #include <array>
 #include <charconv>
@@ -7,11 +7,11 @@
 #include <cstdint>
 #include <optional>
 
-#include "platform/convert.h"
-#include "platform/regional_format_date.h"
-#include "platform/regional_format_number.h"
-#include "platform/regional_format_reader.h"
-#include "platform/text.h"
+#include "values/convert.h"
+#include "values/regional_format_date.h"
+#include "values/regional_format_number.h"
+#include "values/regional_format_reader.h"
+#include "values/text.h"
 
 namespace zr {
 namespace {

@@ -1,5 +1,6 @@
 // Text as the component means it: UTF-8 inside, counted in code points, compared on Unicode simple
 // case mapping. Invalid UTF-8 never fails: a byte that starts no valid sequence is one character.
+// values/text.h has what is done with such text.
 #pragma once
 
 #include <cstddef>
@@ -8,20 +9,11 @@
 
 namespace zr::text {
 
-inline constexpr std::string_view kCrLf = "\r\n";
-
 /// Number of code points.
 std::size_t length(std::string_view value);
 
 /// The first `count` code points of `value`, as they stand.
 std::string_view first(std::string_view value, std::size_t count);
-
-/// The first `count` code points with trailing blanks then removed: a value cut to a field's width.
-std::string_view cut(std::string_view value, std::size_t count);
-
-/// Blanks (U+0020 only) removed from both ends, or from the right end.
-std::string_view trim(std::string_view value);
-std::string_view trim_right(std::string_view value);
 
 /// Unicode simple case mapping, code point by code point.
 std::string upper(std::string_view value);
@@ -32,9 +24,6 @@ bool equal_ignoring_case(std::string_view left, std::string_view right);
 
 /// A hash that agrees with equal_ignoring_case.
 std::size_t hash_ignoring_case(std::string_view value);
-
-/// Every `from` replaced by `to`.
-std::string replace_all(std::string_view value, std::string_view from, std::string_view to);
 
 /// True when the bytes are valid UTF-8.
 bool is_valid_utf8(std::string_view value);

@@ -2,10 +2,10 @@
 #include <algorithm>
 #include <array>
 
-#include "platform/calendar_names.h"
-#include "platform/convert.h"
-#include "platform/digits.h"
-#include "platform/text.h"
+#include "values/calendar_names.h"
+#include "values/convert.h"
+#include "values/digits.h"
+#include "values/text.h"
 
 namespace zr::convert {
 namespace {

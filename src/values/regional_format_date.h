@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/date_time.h"
+#include "values/date_time.h"
 
 namespace zr {
 

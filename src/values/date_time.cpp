@@ -1,9 +1,9 @@
-#include "platform/date_time.h"
+#include "values/date_time.h"
 
 #include <array>
 #include <ctime>
 
-#include "platform/digits.h"
+#include "values/digits.h"
 
 namespace zr {
 

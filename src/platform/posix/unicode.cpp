@@ -1,5 +1,5 @@
 // Letter case by utf8proc and charsets by iconv: the two libraries are named here only.
-#include "platform/text.h"
+#include "platform/unicode.h"
 
 #include <iconv.h>
 #include <utf8proc.h>

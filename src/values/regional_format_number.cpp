@@ -1,4 +1,4 @@
-#include "platform/regional_format_number.h"
+#include "values/regional_format_number.h"
 
 #include <algorithm>
 #include <charconv>
@@ -6,7 +6,7 @@
 #include <cstdlib>
 #include <limits>
 
-#include "platform/regional_format_reader.h"
+#include "values/regional_format_reader.h"
 
 namespace zr {
 namespace {

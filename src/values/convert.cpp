@@ -1,4 +1,4 @@
-#include "platform/convert.h"
+#include "values/convert.h"
 
 #include <algorithm>
 #include <array>
@@ -6,8 +6,8 @@
 #include <cmath>
 #include <limits>
 
-#include "platform/digits.h"
-#include "platform/text.h"
+#include "values/digits.h"
+#include "values/text.h"
 
 namespace zr::convert {
 namespace {

@@ -1,4 +1,4 @@
-#include "platform/regional_format.h"
+#include "values/regional_format.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/convert.h"
+#include "values/convert.h"
 
 namespace zr {
 namespace {

@@ -1,12 +1,12 @@
-#include "platform/regional_format_date.h"
+#include "values/regional_format_date.h"
 
 #include <array>
 #include <chrono>
 
-#include "platform/calendar_names.h"
-#include "platform/digits.h"
-#include "platform/regional_format_reader.h"
-#include "platform/text.h"
+#include "values/calendar_names.h"
+#include "values/digits.h"
+#include "values/regional_format_reader.h"
+#include "values/text.h"
 
 namespace zr {
 namespace {
