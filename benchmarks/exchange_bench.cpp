@@ -1,5 +1,6 @@
-// Where a warm enquiry spends its time: the whole of it over HTTPS against the bureau stand-in in
-// this process, and its own work (composing the request, translating the reply) alone.
+// Where an enquiry spends its time: the whole of it over HTTPS against the bureau stand-in in this
+// process, with a resumed and with a full handshake, and its own work (composing the request,
+// translating the reply) alone.
 
 #include <algorithm>
 #include <chrono>
@@ -24,6 +25,14 @@ class CannedTransport : public HttpTransport {
 
   private:
     std::string body_;
+};
+
+/// Knows no TLS session of an earlier exchange.
+class ForgetfulTransport : public HttpTransport {
+  public:
+    HttpReply exchange(const HttpRequest& request) override {
+        return make_http_transport()->exchange(request);
+    }
 };
 
 /// A facade set up for the gateway, with a transport of the caller's or its own.
@@ -86,8 +95,12 @@ void measure() {
 
     Enquirer live(gateway, [] { return std::make_unique<Runtime>(make_http_transport()); });
     const std::string reply = live.enquire();
-    const double whole = live.least_time(kRounds);
+    const double resumed = live.least_time(kRounds);
     const auto counts = gateway.counts();
+
+    Enquirer forgetful(
+        gateway, [] { return std::make_unique<Runtime>(std::make_unique<ForgetfulTransport>()); });
+    const double full = forgetful.least_time(kRounds);
 
     Enquirer alone(gateway, [&reply] {
         return std::make_unique<Runtime>(std::make_unique<CannedTransport>(reply));
@@ -95,13 +108,15 @@ void measure() {
     alone.enquire();
     const double own = alone.least_time(kRounds);
 
-    std::printf("reply of %zu bytes, %d warm enquiries\n", reply.size(), kRounds);
-    std::printf("whole enquiry                    %8.0f us\n", whole);
+    std::printf("reply of %zu bytes, %d enquiries each\n", reply.size(), kRounds);
+    std::printf("whole enquiry, resumed handshake %8.0f us\n", resumed);
+    std::printf("whole enquiry, full handshake    %8.0f us\n", full);
     std::printf("composition and translation      %8.0f us (below 1000)\n", own);
-    std::printf("share of the exchange            %8.2f\n", (whole - own) / whole);
-    std::printf("connections, TLS handshakes      %llu, %llu\n",
-                static_cast<unsigned long long>(counts.connections),
-                static_cast<unsigned long long>(counts.handshakes));
+    std::printf("share of the exchange            %8.2f\n", (resumed - own) / resumed);
+    std::printf("exchange, full / resumed         %8.2f\n", (full - own) / (resumed - own));
+    std::printf(
+        "resumed of the first's handshakes %7.2f (all but one)\n",
+        static_cast<double>(counts.resumed_handshakes) / static_cast<double>(counts.handshakes));
 }
 
 }  // namespace

@@ -3,7 +3,9 @@
 packages_build="g++ cmake ninja-build pkg-config git libxml2-dev libxslt1-dev libcurl4-openssl-dev
   libutf8proc-dev rapidjson-dev libcli11-dev libboost-dev libssl-dev ca-certificates"
 packages_test="libgtest-dev python3"
-packages_bench="libbenchmark-dev python3 python3-lxml valgrind"
+packages_bench="libbenchmark-dev python3 python3-lxml valgrind xsltproc"
+packages_torture="valgrind strace openssl tinyproxy squid"
+packages_pages="chromium poppler-utils fonts-dejavu-core python3"
 packages_check="ccache clang-14 clang-tidy-14 clang-format-14 libclang-rt-14-dev"
 
 # Installs those of the named packages that are missing.

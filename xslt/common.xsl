@@ -11,40 +11,80 @@
   <xsl:variable name="capital" select="'ABCDEFGHIJKLMNOPQRSTUVWXYZ'"/>
   <xsl:variable name="months" select="'JanFebMarAprMayJunJulAugSepOctNovDec'"/>
 
-  <!-- The page. `lang` is its language; `body` is what stands below the masthead. -->
-  <xsl:template name="page">
-    <xsl:param name="lang"/>
-    <xsl:param name="eyebrow"/>
-    <xsl:param name="title"/>
-    <xsl:param name="lede"/>
-    <xsl:param name="contents"/>
-    <xsl:param name="body"/>
-    <xsl:param name="foot"/>
+  <!-- What the host knows and a reply does not say; each may be missing. `response-date`
+       (yyyy-mm-dd) is the day from which periods count back, `service` and `product` are names,
+       `directors-counted` is "yes" where a company's figures include its directors'. -->
+  <xsl:param name="response-date"/>
+  <xsl:param name="service"/>
+  <xsl:param name="product"/>
+  <xsl:param name="directors-counted"/>
+
+  <!-- The page. A sheet says what is in it by the named templates that are called here. -->
+  <xsl:template match="/">
+    <xsl:variable name="eyebrow"><xsl:call-template name="eyebrow"/></xsl:variable>
+    <xsl:variable name="title"><xsl:call-template name="title"/></xsl:variable>
+    <xsl:variable name="lede"><xsl:call-template name="lede"/></xsl:variable>
     <html lang="{$lang}">
       <head>
         <meta name="viewport" content="width=device-width, initial-scale=1"/>
+        <meta name="color-scheme" content="light dark"/>
         <meta http-equiv="Content-Security-Policy"
               content="default-src 'none'; style-src 'unsafe-inline'"/>
         <title><xsl:value-of select="concat($eyebrow, ': ', $title)"/></title>
         <xsl:call-template name="style"/>
       </head>
       <body>
+        <!-- On paper this stands at the head of every page. -->
+        <div class="running" aria-hidden="true">
+          <div>
+            <span><xsl:value-of select="$title"/></span>
+            <span><xsl:copy-of select="$lede"/></span>
+          </div>
+        </div>
         <header class="masthead">
           <p class="eyebrow"><xsl:value-of select="$eyebrow"/></p>
           <h1><xsl:value-of select="$title"/></h1>
-          <xsl:if test="string($lede)">
-            <p class="lede"><xsl:copy-of select="$lede"/></p>
-          </xsl:if>
+          <xsl:if test="string($lede)"><p class="lede"><xsl:copy-of select="$lede"/></p></xsl:if>
+          <xsl:variable name="contents"><xsl:call-template name="contents"/></xsl:variable>
           <xsl:if test="string($contents)">
             <nav class="contents" aria-label="Contents"><ul><xsl:copy-of select="$contents"/></ul></nav>
           </xsl:if>
         </header>
-        <main><xsl:copy-of select="$body"/></main>
-        <xsl:if test="string($foot)">
-          <footer class="foot"><p><xsl:copy-of select="$foot"/></p></footer>
-        </xsl:if>
+        <main><xsl:call-template name="body"/></main>
+        <footer class="foot"><p>
+          <xsl:if test="normalize-space(/BCAmessage/@service-request-id)">
+            <xsl:value-of select="concat('Bureau request ', normalize-space(/BCAmessage/@service-request-id), '. ')"/>
+          </xsl:if>
+          <xsl:if test="$product"><xsl:value-of select="concat('Product ', $product, '. ')"/></xsl:if>
+          <xsl:text>Confidential: contains personal credit information.</xsl:text>
+        </p></footer>
       </body>
     </html>
+  </xsl:template>
+
+  <!-- "Report of 15 Jun 2012", where the day is known; then whose report it is. -->
+  <xsl:template name="whose">
+    <xsl:param name="born"/>
+    <xsl:param name="number"/>
+    <xsl:param name="file"/>
+    <xsl:variable name="born-text" select="normalize-space($born)"/>
+    <xsl:if test="$response-date">
+      <xsl:text>Report of </xsl:text>
+      <xsl:call-template name="date"><xsl:with-param name="text" select="$response-date"/></xsl:call-template>
+    </xsl:if>
+    <xsl:if test="$born-text">
+      <xsl:value-of select="concat(substring(', ', 1, 2 * boolean($response-date)), 'born ')"/>
+      <xsl:call-template name="date"><xsl:with-param name="text" select="$born-text"/></xsl:call-template>
+    </xsl:if>
+    <xsl:if test="normalize-space($number)">
+      <xsl:value-of select="concat(substring(', ', 1, 2 * boolean($response-date)),
+                                   'company number ', normalize-space($number))"/>
+    </xsl:if>
+    <xsl:if test="normalize-space($file)">
+      <xsl:value-of select="concat(substring(', ', 1, 2 * boolean($response-date or $born-text
+                                                                  or normalize-space($number))),
+                                   'bureau file ', normalize-space($file))"/>
+    </xsl:if>
   </xsl:template>
 
   <xsl:template name="heading">
@@ -70,6 +110,9 @@
       </xsl:when>
       <xsl:when test="$as = 'word'">
         <xsl:call-template name="word"><xsl:with-param name="text" select="$text"/></xsl:call-template>
+      </xsl:when>
+      <xsl:when test="$as = 'marked'">
+        <xsl:call-template name="marked"><xsl:with-param name="text" select="$text"/></xsl:call-template>
       </xsl:when>
       <xsl:when test="$as = 'made'"><xsl:copy-of select="$value"/></xsl:when>
       <xsl:when test="contains($value, '&#10;')">
@@ -100,26 +143,47 @@
     </xsl:choose>
   </xsl:template>
 
-  <!-- 15000 as $15,000 and 15000.5 as $15,000.50; anything that is no number as it stands. -->
+  <!-- 15000 as $15,000.00; anything that is no number as it stands. -->
   <xsl:template name="amount">
     <xsl:param name="text"/>
-    <xsl:variable name="number" select="number($text)"/>
+    <xsl:variable name="plain" select="translate($text, '$, ', '')"/>
+    <xsl:variable name="number" select="number($plain)"/>
     <xsl:choose>
       <!-- Some processors read 1e5, and none is exact beyond 15 digits. -->
-      <xsl:when test="string($number) = 'NaN' or translate($text, '0123456789.-', '') != ''
-                      or string-length($text) &gt; 16">
+      <xsl:when test="string($number) = 'NaN' or translate($plain, '0123456789.-', '') != ''
+                      or string-length($plain) &gt; 16">
         <xsl:value-of select="$text"/>
       </xsl:when>
       <xsl:otherwise>
-        <xsl:variable name="size" select="$number * (1 - 2 * ($number &lt; 0))"/>
         <xsl:if test="$number &lt; 0">-</xsl:if>
-        <xsl:text>$</xsl:text>
-        <xsl:choose>
-          <xsl:when test="$size = floor($size)">
-            <xsl:value-of select="format-number($size, '#,##0')"/>
-          </xsl:when>
-          <xsl:otherwise><xsl:value-of select="format-number($size, '#,##0.00')"/></xsl:otherwise>
-        </xsl:choose>
+        <xsl:value-of select="concat('$', format-number($number * (1 - 2 * ($number &lt; 0)), '#,##0.00'))"/>
+      </xsl:otherwise>
+    </xsl:choose>
+  </xsl:template>
+
+  <!-- The sum of amounts, which may have a $ and commas; what is no amount adds nothing. In halves,
+       so that the calls do not lie as deep as there are amounts. -->
+  <xsl:template name="total">
+    <xsl:param name="of"/>
+    <xsl:variable name="count" select="count($of)"/>
+    <xsl:choose>
+      <xsl:when test="not($of[contains(., ',') or contains(., '$')])">
+        <xsl:value-of select="sum($of[number() = number()])"/>
+      </xsl:when>
+      <xsl:when test="$count = 1">
+        <xsl:variable name="number" select="number(translate($of, '$, ', ''))"/>
+        <xsl:value-of select="concat(substring('0', 1, $number != $number),
+                                     substring($number, 1, 30 * ($number = $number)))"/>
+      </xsl:when>
+      <xsl:otherwise>
+        <xsl:variable name="half" select="floor($count div 2)"/>
+        <xsl:variable name="low"><xsl:call-template name="total">
+          <xsl:with-param name="of" select="$of[position() &lt;= $half]"/>
+        </xsl:call-template></xsl:variable>
+        <xsl:variable name="high"><xsl:call-template name="total">
+          <xsl:with-param name="of" select="$of[position() &gt; $half]"/>
+        </xsl:call-template></xsl:variable>
+        <xsl:value-of select="$low + $high"/>
       </xsl:otherwise>
     </xsl:choose>
   </xsl:template>
@@ -192,20 +256,21 @@
     </xsl:if>
   </xsl:template>
 
-  <!-- A cell of a wide table; with `head` it names its row. -->
+  <!-- A cell of a wide table; with `head` it names its row, if there is anything in it. -->
   <xsl:template name="cell">
     <xsl:param name="label"/>
     <xsl:param name="value"/>
     <xsl:param name="as" select="'text'"/>
     <xsl:param name="class"/>
     <xsl:param name="head" select="false()"/>
+    <xsl:variable name="names" select="$head and normalize-space($value)"/>
     <xsl:variable name="element"><xsl:choose>
-      <xsl:when test="$head">th</xsl:when>
+      <xsl:when test="$names">th</xsl:when>
       <xsl:otherwise>td</xsl:otherwise>
     </xsl:choose></xsl:variable>
     <xsl:element name="{$element}">
       <xsl:choose>
-        <xsl:when test="$head">
+        <xsl:when test="$names">
           <xsl:attribute name="scope">row</xsl:attribute>
           <xsl:attribute name="role">rowheader</xsl:attribute>
         </xsl:when>

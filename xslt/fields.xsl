@@ -158,6 +158,7 @@
   </xsl:template>
 
   <!-- A node in a form: date, amount, word or text, as "value" has them, or:
+       marked    text with bad news in colour   matched  the same, and Y as Yes, N as No
        number    12.50 as 12.5                 count    1234567 as 1,234,567
        percent   0.255 as 25.50%               yes      Y as Yes, N as No
        moment    a date and a time of day      lines    texts below one another
@@ -175,6 +176,11 @@
       <xsl:when test="$form = 'yes'">
         <xsl:call-template name="yes-or-no"><xsl:with-param name="text" select="$text"/></xsl:call-template>
       </xsl:when>
+      <xsl:when test="$form = 'matched'">
+        <xsl:call-template name="marked"><xsl:with-param name="text">
+          <xsl:call-template name="yes-or-no"><xsl:with-param name="text" select="$text"/></xsl:call-template>
+        </xsl:with-param></xsl:call-template>
+      </xsl:when>
       <xsl:when test="$form = 'moment'"><xsl:value-of select="translate($text, 'T', ' ')"/></xsl:when>
       <xsl:when test="$form = 'number' or $form = 'count' or $form = 'percent'">
         <xsl:choose>
@@ -184,7 +190,7 @@
           <xsl:otherwise><xsl:value-of select="$number"/></xsl:otherwise>
         </xsl:choose>
       </xsl:when>
-      <xsl:when test="contains('||date|amount|word|lines|', concat('|', $form, '|'))">
+      <xsl:when test="contains('||date|amount|word|lines|marked|', concat('|', $form, '|'))">
         <xsl:call-template name="value">
           <xsl:with-param name="value" select="string()"/>
           <xsl:with-param name="as" select="$form"/>

@@ -2,24 +2,37 @@
 <!-- The sections of a report, of every country: parts, tables, boxes of records, totals. -->
 <xsl:stylesheet version="1.0" xmlns:xsl="http://www.w3.org/1999/XSL/Transform">
 
-  <!-- A part of a file: a panel of its own, or a part of the possible match's panel. -->
+  <!-- A part of a file, where there is anything of it: a panel of its own, or a part of another
+       panel. Within it stands what the sheet's "part-body" makes for its id; `as` "links" gives the
+       link to it instead. -->
   <xsl:template name="part">
     <xsl:param name="id"/>
-    <xsl:param name="level"/>
+    <xsl:param name="level" select="2"/>
     <xsl:param name="title"/>
-    <xsl:param name="body"/>
-    <section>
-      <xsl:attribute name="class"><xsl:choose>
-        <xsl:when test="$level = 2">panel</xsl:when>
-        <xsl:otherwise>part</xsl:otherwise>
-      </xsl:choose></xsl:attribute>
-      <xsl:if test="$level = 2"><xsl:attribute name="id"><xsl:value-of select="$id"/></xsl:attribute></xsl:if>
-      <xsl:call-template name="heading">
-        <xsl:with-param name="level" select="$level"/>
-        <xsl:with-param name="text" select="$title"/>
-      </xsl:call-template>
-      <xsl:copy-of select="$body"/>
-    </section>
+    <xsl:param name="of"/>
+    <xsl:param name="as"/>
+    <xsl:choose>
+      <xsl:when test="not($of)"/>
+      <xsl:when test="$as = 'links'">
+        <li><a href="#{$id}"><xsl:value-of select="$title"/></a></li>
+      </xsl:when>
+      <xsl:otherwise>
+        <section>
+          <xsl:attribute name="class">
+            <xsl:value-of select="substring('panelpart', 1 + 5 * ($level != 2), 5 - ($level != 2))"/>
+          </xsl:attribute>
+          <xsl:if test="$level = 2"><xsl:attribute name="id"><xsl:value-of select="$id"/></xsl:attribute></xsl:if>
+          <xsl:call-template name="heading">
+            <xsl:with-param name="level" select="$level"/>
+            <xsl:with-param name="text" select="$title"/>
+          </xsl:call-template>
+          <xsl:call-template name="part-body">
+            <xsl:with-param name="id" select="$id"/>
+            <xsl:with-param name="level" select="$level"/>
+          </xsl:call-template>
+        </section>
+      </xsl:otherwise>
+    </xsl:choose>
   </xsl:template>
 
   <!-- First, other and family name with single blanks; of a person or of a cross reference. -->
@@ -96,73 +109,9 @@
 
   <xsl:template name="tag">
     <xsl:param name="text"/>
+    <xsl:param name="class">bad</xsl:param>
     <xsl:text> </xsl:text>
-    <span class="tag bad"><xsl:value-of select="$text"/></span>
-  </xsl:template>
-
-  <!-- How many records of each kind there are; the rows are those below. -->
-  <xsl:template name="counts-table">
-    <xsl:param name="caption"/>
-    <xsl:param name="rows"/>
-    <table class="wide" role="table">
-      <caption><xsl:value-of select="$caption"/></caption>
-      <xsl:call-template name="table-head">
-        <xsl:with-param name="columns">Records|$On file|$Open|$Listed|$Outstanding|</xsl:with-param>
-      </xsl:call-template>
-      <tbody role="rowgroup"><xsl:copy-of select="$rows"/></tbody>
-    </table>
-  </xsl:template>
-
-  <!-- A row of records with amounts; open are those with something still owed. -->
-  <xsl:template name="money-row">
-    <xsl:param name="label"/>
-    <xsl:param name="records"/>
-    <xsl:param name="listed"/>
-    <xsl:param name="owed"/>
-    <xsl:call-template name="count-row">
-      <xsl:with-param name="label" select="$label"/>
-      <xsl:with-param name="records" select="$records"/>
-      <xsl:with-param name="open" select="count($owed)"/>
-      <xsl:with-param name="listed" select="sum($listed[number() = number()])"/>
-      <xsl:with-param name="owed" select="sum($owed)"/>
-    </xsl:call-template>
-  </xsl:template>
-
-  <xsl:template name="count-row">
-    <xsl:param name="label"/>
-    <xsl:param name="records"/>
-    <xsl:param name="open" select="''"/>
-    <xsl:param name="listed" select="''"/>
-    <xsl:param name="owed" select="''"/>
-    <xsl:variable name="count" select="count($records)"/>
-    <tr role="row">
-      <xsl:if test="not($count)"><xsl:attribute name="class">quiet</xsl:attribute></xsl:if>
-      <xsl:call-template name="cell">
-        <xsl:with-param name="label">Records</xsl:with-param>
-        <xsl:with-param name="value" select="$label"/>
-        <xsl:with-param name="head" select="true()"/>
-      </xsl:call-template>
-      <xsl:call-template name="cell">
-        <xsl:with-param name="label">On file</xsl:with-param>
-        <xsl:with-param name="value" select="$count"/>
-        <xsl:with-param name="class">amount</xsl:with-param>
-      </xsl:call-template>
-      <xsl:call-template name="cell">
-        <xsl:with-param name="label">Open</xsl:with-param>
-        <xsl:with-param name="value" select="substring($open, 1, 15 * ($count != 0))"/>
-        <xsl:with-param name="class">amount</xsl:with-param>
-      </xsl:call-template>
-      <xsl:call-template name="cell">
-        <xsl:with-param name="label">Listed</xsl:with-param>
-        <xsl:with-param name="value" select="substring($listed, 1, 30 * ($count != 0))"/>
-        <xsl:with-param name="as">amount</xsl:with-param>
-      </xsl:call-template>
-      <xsl:call-template name="cell">
-        <xsl:with-param name="label">Outstanding</xsl:with-param>
-        <xsl:with-param name="value" select="substring($owed, 1, 30 * ($count != 0))"/>
-        <xsl:with-param name="as">amount</xsl:with-param>
-      </xsl:call-template>
-    </tr>
+    <span class="tag {$class}"><xsl:value-of select="$text"/></span>
   </xsl:template>
 
   <!-- The names of totals that speak of adverse records, each after a comma and a blank. -->
@@ -179,43 +128,21 @@
     </xsl:if>
   </xsl:template>
 
-  <xsl:template name="summary-data">
-    <xsl:param name="level" select="2"/>
-    <xsl:call-template name="totals">
-      <xsl:with-param name="level" select="$level"/>
-      <xsl:with-param name="id">totals</xsl:with-param>
-      <xsl:with-param name="title">Summary data</xsl:with-param>
-      <xsl:with-param name="items" select="summary-data/summary[normalize-space()]"/>
-    </xsl:call-template>
-  </xsl:template>
-
-  <!-- Named values of the bureau as a part of their own. Nothing when there are none. -->
+  <!-- Named values of the bureau. -->
   <xsl:template name="totals">
-    <xsl:param name="level"/>
-    <xsl:param name="id"/>
-    <xsl:param name="title"/>
     <xsl:param name="items"/>
-    <xsl:if test="$items">
-      <xsl:call-template name="part">
-        <xsl:with-param name="id" select="$id"/>
-        <xsl:with-param name="level" select="$level"/>
-        <xsl:with-param name="title" select="$title"/>
-        <xsl:with-param name="body">
-          <dl class="facts">
-            <xsl:for-each select="$items">
-              <xsl:call-template name="fact">
-                <xsl:with-param name="label">
-                  <xsl:call-template name="word">
-                    <xsl:with-param name="text" select="normalize-space(@name)"/>
-                  </xsl:call-template>
-                </xsl:with-param>
-                <xsl:with-param name="value"><xsl:apply-templates select="." mode="typed"/></xsl:with-param>
-              </xsl:call-template>
-            </xsl:for-each>
-          </dl>
-        </xsl:with-param>
-      </xsl:call-template>
-    </xsl:if>
+    <dl class="facts">
+      <xsl:for-each select="$items[normalize-space()]">
+        <xsl:call-template name="fact">
+          <xsl:with-param name="label">
+            <xsl:call-template name="word">
+              <xsl:with-param name="text" select="normalize-space(@name)"/>
+            </xsl:call-template>
+          </xsl:with-param>
+          <xsl:with-param name="value"><xsl:apply-templates select="." mode="typed"/></xsl:with-param>
+        </xsl:call-template>
+      </xsl:for-each>
+    </dl>
   </xsl:template>
 
   <xsl:template match="summary | characteristic" mode="typed">

@@ -4,9 +4,14 @@
 
   <xsl:template name="style">
     <style>
-:root { color-scheme: light; --ink: #1c2733; --soft: #4f5d6b; --line: #d3dae1; --wash: #f4f6f8;
+:root { color-scheme: light dark; --paper: #fff; --ink: #1c2733; --soft: #4f5d6b; --line: #d3dae1; --wash: #f4f6f8;
   --brand: #1f3d63; --bad: #8f1d1d; --bad-wash: #fcf1f0; --good: #1a5a38; --good-wash: #eef7f1;
   --warn: #6f4700; --warn-wash: #fff7e6; }
+@media screen and (prefers-color-scheme: dark) {
+  :root { --paper: #1a2129; --ink: #e6ebf0; --soft: #a9b6c3; --line: #3a4653; --wash: #12171d;
+    --brand: #9cc3f0; --bad: #ffa8a0; --bad-wash: #3a1c1c; --good: #8fd6ab; --good-wash: #16301f;
+    --warn: #f2c572; --warn-wash: #33280f; }
+}
 * { box-sizing: border-box; }
 html { font-size: 93.75%; -webkit-text-size-adjust: 100%; text-size-adjust: 100%; }
 body { margin: 0; background: var(--wash); color: var(--ink);
@@ -28,7 +33,7 @@ time { white-space: nowrap; }
 .contents ul { list-style: none; display: flex; flex-wrap: wrap; gap: .3rem 1.1rem; }
 .foot { color: var(--soft); font-size: .85rem; padding-bottom: 2rem; }
 
-.panel { background: #fff; border: 1px solid var(--line); border-radius: 6px;
+.panel { background: var(--paper); border: 1px solid var(--line); border-radius: 6px;
   padding: 1.25rem 1.5rem 1.5rem; margin-bottom: 1.25rem; }
 .panel > h2 + h3 { margin-top: .75rem; }
 .overview { border-top: 4px solid var(--brand); }
@@ -41,12 +46,33 @@ time { white-space: nowrap; }
 .say { border-radius: 4px; padding: .6rem .9rem; margin-bottom: 1rem;
   border-left: 4px solid var(--soft); background: var(--wash); }
 .say strong { display: block; font-size: 1.05rem; }
+.headline strong { font-size: 1.3rem; }
 .say.bad { border-color: var(--bad); background: var(--bad-wash); color: var(--bad); }
 .say.good { border-color: var(--good); background: var(--good-wash); color: var(--good); }
 .say.warn { border-color: var(--warn); background: var(--warn-wash); color: var(--warn); }
 .tag { display: inline-block; margin-left: .5rem; padding: 0 .5rem; border-radius: 3px;
   border: 1px solid currentColor; font-size: .8rem; font-weight: 600; }
-.tag.bad { color: var(--bad); } .tag.good { color: var(--good); }
+.tag.bad, .flag.bad { color: var(--bad); } .tag.good { color: var(--good); }
+.tag.warn, .flag.warn { color: var(--warn); }
+.flag { font-weight: 700; } .flag::before { content: "\25B2\00A0"; font-size: .75em; }
+.marks { list-style: none; display: flex; flex-wrap: wrap; gap: .4rem; margin-bottom: 1rem; }
+.marks li { border: 1px solid currentColor; border-left-width: 4px; border-radius: 3px;
+  padding: .15rem .6rem; overflow-wrap: anywhere; }
+.marks .bad { color: var(--bad); background: var(--bad-wash); }
+.marks .warn { color: var(--warn); background: var(--warn-wash); }
+.running { display: none; }
+
+figure { margin: 1.25rem 0 0; }
+figcaption { color: var(--soft); font-size: .85rem; margin-bottom: .5rem; }
+svg { display: block; max-width: 100%; height: auto; font-size: 13px; }
+svg text { fill: var(--ink); }
+.narrow { display: none; }
+.rail { stroke: var(--line); }
+.disc circle { fill: var(--paper); stroke: var(--brand); stroke-width: 2; }
+.open circle { fill: var(--bad); stroke: var(--bad); }
+.disc text { font-size: 12px; font-weight: 600; }
+.open text { fill: var(--paper); }
+.odds .own { fill: var(--brand); } .odds .all { fill: var(--soft); }
 
 .facts { display: grid; grid-template-columns: repeat(auto-fill, minmax(12rem, 1fr));
   gap: .7rem 1.5rem; }
@@ -91,6 +117,7 @@ tr.quiet > * { color: var(--soft); font-weight: 400; }
   white-space: nowrap; }
 
 @media screen and (max-width: 640px) {
+  .broad { display: none; } .narrow { display: block; }
   main, .masthead, .foot { padding-left: 1rem; padding-right: 1rem; }
   .panel { padding: 1rem; }
   .facts, .record .facts { grid-template-columns: 1fr 1fr; gap: .6rem 1rem; }
@@ -114,7 +141,10 @@ tr.quiet > * { color: var(--soft); font-weight: 400; }
   font: 9pt Arial, sans-serif; color: #4f5d6b; } }
 @media print {
   html { font-size: 9.5pt; }
-  body { background: #fff; line-height: 1.4; }
+  body { background: #fff; line-height: 1.4; display: table; width: 100%; table-layout: fixed; }
+  .running { display: table-header-group; break-inside: avoid; font-size: 8.5pt; color: var(--soft); }
+  .running div { display: flex; justify-content: space-between; gap: 5mm; padding-bottom: 1mm;
+    margin-bottom: 3mm; border-bottom: 1px solid var(--line); }
   main, .masthead, .foot { max-width: none; padding: 0; }
   .masthead { margin-bottom: 4mm; }
   .contents { display: none; }
@@ -123,8 +153,8 @@ tr.quiet > * { color: var(--soft); font-weight: 400; }
     padding: 4mm; }
   .other { border-top-color: var(--warn); }
   .facts, .record .facts { grid-template-columns: repeat(auto-fill, minmax(11rem, 1fr)); gap: 2mm 5mm; }
-  .say, .tag, .record { -webkit-print-color-adjust: exact; print-color-adjust: exact; }
-  .record, .say, .facts, tr, li, .overview { break-inside: avoid; }
+  .say, .tag, .record, .marks li, .disc, .odds { -webkit-print-color-adjust: exact; print-color-adjust: exact; }
+  .record, .say, .facts, tr, li, figure { break-inside: avoid; }
   h2, h3, h4, h5, caption, thead, tr.noted { break-after: avoid; }
   thead { display: table-header-group; }
   p, dd { orphans: 3; widows: 3; }

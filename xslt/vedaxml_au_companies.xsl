@@ -2,6 +2,15 @@
 <!-- The companies that a search found. -->
 <xsl:stylesheet version="1.0" xmlns:xsl="http://www.w3.org/1999/XSL/Transform">
 
+  <xsl:template name="companies">
+    <xsl:call-template name="table-section">
+      <xsl:with-param name="level" select="2"/>
+      <xsl:with-param name="title">Companies</xsl:with-param>
+      <xsl:with-param name="records" select="$found"/>
+      <xsl:with-param name="columns">Company|Type|Number|Status|State|Bureau file|</xsl:with-param>
+    </xsl:call-template>
+  </xsl:template>
+
   <!-- The number is that which the heading names; without a heading, the business number. -->
   <xsl:template match="org-id-result" mode="row">
     <xsl:call-template name="cell">
@@ -33,6 +42,7 @@
     <xsl:call-template name="cell">
       <xsl:with-param name="label">Status</xsl:with-param>
       <xsl:with-param name="value" select="asic-report/asic-status"/>
+      <xsl:with-param name="as">marked</xsl:with-param>
     </xsl:call-template>
     <xsl:call-template name="cell">
       <xsl:with-param name="label">State</xsl:with-param>

@@ -2,30 +2,6 @@
 <!-- The consumer and the commercial credit file; only the role in an enquiry differs. -->
 <xsl:stylesheet version="1.0" xmlns:xsl="http://www.w3.org/1999/XSL/Transform">
 
-  <xsl:template match="individual-consumer-credit-file" mode="part">
-    <xsl:param name="level"/>
-    <xsl:call-template name="part">
-      <xsl:with-param name="id">consumer</xsl:with-param>
-      <xsl:with-param name="level" select="$level"/>
-      <xsl:with-param name="title">Consumer credit file</xsl:with-param>
-      <xsl:with-param name="body">
-        <xsl:call-template name="credit-file"><xsl:with-param name="level" select="$level"/></xsl:call-template>
-      </xsl:with-param>
-    </xsl:call-template>
-  </xsl:template>
-
-  <xsl:template match="individual-commercial-credit-file" mode="part">
-    <xsl:param name="level"/>
-    <xsl:call-template name="part">
-      <xsl:with-param name="id">commercial</xsl:with-param>
-      <xsl:with-param name="level" select="$level"/>
-      <xsl:with-param name="title">Commercial credit file</xsl:with-param>
-      <xsl:with-param name="body">
-        <xsl:call-template name="credit-file"><xsl:with-param name="level" select="$level"/></xsl:call-template>
-      </xsl:with-param>
-    </xsl:call-template>
-  </xsl:template>
-
   <xsl:template name="credit-file">
     <xsl:param name="level"/>
     <xsl:call-template name="table-section">
@@ -159,7 +135,7 @@
 
   <xsl:template match="default" mode="tag">
     <xsl:if test="not(account-details/default-status[@code = 'P' or @code = 'S'])
-                  and current-default/default-amount &gt; 0">
+                  and translate(current-default/default-amount, '$, ', '') &gt; 0">
       <xsl:call-template name="tag"><xsl:with-param name="text">Not paid</xsl:with-param></xsl:call-template>
     </xsl:if>
   </xsl:template>

@@ -3,10 +3,6 @@
      heading lower and under its own name. -->
 <xsl:stylesheet version="1.0" xmlns:xsl="http://www.w3.org/1999/XSL/Transform">
 
-  <xsl:template match="primary-match" mode="file">
-    <xsl:call-template name="files"><xsl:with-param name="level" select="2"/></xsl:call-template>
-  </xsl:template>
-
   <xsl:template match="possible-match" mode="other">
     <section class="panel other" aria-labelledby="possible-match">
       <h2 id="possible-match">Possible match</h2>
@@ -16,63 +12,26 @@
           <xsl:with-param name="label">Bureau file number</xsl:with-param>
           <xsl:with-param name="value" select="bureau-reference"/>
         </xsl:call-template>
-        <xsl:call-template name="fact">
-          <xsl:with-param name="label">Match type</xsl:with-param>
-          <xsl:with-param name="value" select="translate(@type, $small, $capital)"/>
-        </xsl:call-template>
+        <xsl:call-template name="match-type"><xsl:with-param name="type" select="@type"/></xsl:call-template>
       </dl>
-      <xsl:call-template name="files"><xsl:with-param name="level" select="3"/></xsl:call-template>
+      <xsl:call-template name="parts"><xsl:with-param name="level" select="3"/></xsl:call-template>
     </section>
   </xsl:template>
 
-  <xsl:template name="files">
+  <xsl:template name="person">
     <xsl:param name="level"/>
-    <xsl:apply-templates select="individual[1]" mode="part">
-      <xsl:with-param name="level" select="$level"/>
-    </xsl:apply-templates>
-    <xsl:apply-templates select="individual-consumer-credit-file[*]" mode="part">
-      <xsl:with-param name="level" select="$level"/>
-    </xsl:apply-templates>
-    <xsl:apply-templates select="individual-commercial-credit-file[*]" mode="part">
-      <xsl:with-param name="level" select="$level"/>
-    </xsl:apply-templates>
-    <xsl:apply-templates select="individual-public-data-file[*]" mode="part">
-      <xsl:with-param name="level" select="$level"/>
-    </xsl:apply-templates>
-  </xsl:template>
-
-  <xsl:template match="primary-match" mode="lede">
-    <xsl:variable name="born" select="normalize-space(individual/date-of-birth)"/>
-    <xsl:variable name="file" select="normalize-space(bureau-reference)"/>
-    <xsl:if test="$born">
-      <xsl:text>Born </xsl:text>
-      <xsl:call-template name="date"><xsl:with-param name="text" select="$born"/></xsl:call-template>
-      <xsl:if test="$file">, </xsl:if>
-    </xsl:if>
-    <xsl:if test="$file"><xsl:value-of select="concat('bureau file ', $file)"/></xsl:if>
-  </xsl:template>
-
-  <xsl:template match="individual" mode="part">
-    <xsl:param name="level"/>
-    <xsl:call-template name="part">
-      <xsl:with-param name="id">person</xsl:with-param>
-      <xsl:with-param name="level" select="$level"/>
-      <xsl:with-param name="title">Person</xsl:with-param>
-      <xsl:with-param name="body">
-        <xsl:call-template name="details"/>
-        <xsl:call-template name="table-section">
-          <xsl:with-param name="level" select="$level + 1"/>
-          <xsl:with-param name="title">Addresses</xsl:with-param>
-          <xsl:with-param name="records" select="address"/>
-          <xsl:with-param name="columns">Type|Address|Recorded|</xsl:with-param>
-        </xsl:call-template>
-        <xsl:call-template name="table-section">
-          <xsl:with-param name="level" select="$level + 1"/>
-          <xsl:with-param name="title">Employment</xsl:with-param>
-          <xsl:with-param name="records" select="employment"/>
-          <xsl:with-param name="columns">Employer|Occupation|Recorded|</xsl:with-param>
-        </xsl:call-template>
-      </xsl:with-param>
+    <xsl:call-template name="details"/>
+    <xsl:call-template name="table-section">
+      <xsl:with-param name="level" select="$level + 1"/>
+      <xsl:with-param name="title">Addresses</xsl:with-param>
+      <xsl:with-param name="records" select="address"/>
+      <xsl:with-param name="columns">Type|Address|Recorded|</xsl:with-param>
+    </xsl:call-template>
+    <xsl:call-template name="table-section">
+      <xsl:with-param name="level" select="$level + 1"/>
+      <xsl:with-param name="title">Employment</xsl:with-param>
+      <xsl:with-param name="records" select="employment"/>
+      <xsl:with-param name="columns">Employer|Occupation|Recorded|</xsl:with-param>
     </xsl:call-template>
   </xsl:template>
 

@@ -2,48 +2,41 @@
 <!-- Public data: directorships, businesses, bankruptcies, court actions. -->
 <xsl:stylesheet version="1.0" xmlns:xsl="http://www.w3.org/1999/XSL/Transform">
 
-  <xsl:template match="individual-public-data-file" mode="part">
+  <xsl:template name="public-file">
     <xsl:param name="level"/>
-    <xsl:call-template name="part">
-      <xsl:with-param name="id">public</xsl:with-param>
-      <xsl:with-param name="level" select="$level"/>
-      <xsl:with-param name="title">Public data</xsl:with-param>
-      <xsl:with-param name="body">
-        <xsl:call-template name="record-section">
-          <xsl:with-param name="level" select="$level + 1"/>
-          <xsl:with-param name="title">Directorships</xsl:with-param>
-          <xsl:with-param name="records" select="directorship"/>
-          <xsl:with-param name="noun">Directorship</xsl:with-param>
-        </xsl:call-template>
-        <xsl:call-template name="table-section">
-          <xsl:with-param name="level" select="$level + 1"/>
-          <xsl:with-param name="title">Disqualified directorships</xsl:with-param>
-          <xsl:with-param name="records" select="disqualified-directorship"/>
-          <xsl:with-param name="columns">Date disqualified|Disqualified until|</xsl:with-param>
-        </xsl:call-template>
-        <xsl:call-template name="record-section">
-          <xsl:with-param name="level" select="$level + 1"/>
-          <xsl:with-param name="title">Proprietorships</xsl:with-param>
-          <xsl:with-param name="records" select="proprietorship"/>
-          <xsl:with-param name="noun">Proprietorship</xsl:with-param>
-        </xsl:call-template>
-        <xsl:call-template name="record-section">
-          <xsl:with-param name="level" select="$level + 1"/>
-          <xsl:with-param name="title">Bankruptcies</xsl:with-param>
-          <xsl:with-param name="records" select="bankruptcy"/>
-          <xsl:with-param name="noun">Bankruptcy</xsl:with-param>
-        </xsl:call-template>
-        <xsl:call-template name="record-section">
-          <xsl:with-param name="level" select="$level + 1"/>
-          <xsl:with-param name="title">Court actions</xsl:with-param>
-          <xsl:with-param name="records" select="court-action"/>
-          <xsl:with-param name="noun">Court action</xsl:with-param>
-        </xsl:call-template>
-        <xsl:call-template name="message-section">
-          <xsl:with-param name="level" select="$level + 1"/>
-          <xsl:with-param name="title">Public file messages</xsl:with-param>
-        </xsl:call-template>
-      </xsl:with-param>
+    <xsl:call-template name="record-section">
+      <xsl:with-param name="level" select="$level + 1"/>
+      <xsl:with-param name="title">Directorships</xsl:with-param>
+      <xsl:with-param name="records" select="directorship"/>
+      <xsl:with-param name="noun">Directorship</xsl:with-param>
+    </xsl:call-template>
+    <xsl:call-template name="table-section">
+      <xsl:with-param name="level" select="$level + 1"/>
+      <xsl:with-param name="title">Disqualified directorships</xsl:with-param>
+      <xsl:with-param name="records" select="disqualified-directorship"/>
+      <xsl:with-param name="columns">Date disqualified|Disqualified until|</xsl:with-param>
+    </xsl:call-template>
+    <xsl:call-template name="record-section">
+      <xsl:with-param name="level" select="$level + 1"/>
+      <xsl:with-param name="title">Proprietorships</xsl:with-param>
+      <xsl:with-param name="records" select="proprietorship"/>
+      <xsl:with-param name="noun">Proprietorship</xsl:with-param>
+    </xsl:call-template>
+    <xsl:call-template name="record-section">
+      <xsl:with-param name="level" select="$level + 1"/>
+      <xsl:with-param name="title">Bankruptcies</xsl:with-param>
+      <xsl:with-param name="records" select="bankruptcy"/>
+      <xsl:with-param name="noun">Bankruptcy</xsl:with-param>
+    </xsl:call-template>
+    <xsl:call-template name="record-section">
+      <xsl:with-param name="level" select="$level + 1"/>
+      <xsl:with-param name="title">Court actions</xsl:with-param>
+      <xsl:with-param name="records" select="court-action"/>
+      <xsl:with-param name="noun">Court action</xsl:with-param>
+    </xsl:call-template>
+    <xsl:call-template name="message-section">
+      <xsl:with-param name="level" select="$level + 1"/>
+      <xsl:with-param name="title">Public file messages</xsl:with-param>
     </xsl:call-template>
   </xsl:template>
 
@@ -77,6 +70,7 @@
       <xsl:call-template name="fact">
         <xsl:with-param name="label">Organisation status</xsl:with-param>
         <xsl:with-param name="value" select="organisation/organisation-details/organisation-status"/>
+        <xsl:with-param name="as">marked</xsl:with-param>
       </xsl:call-template>
       <xsl:call-template name="fact">
         <xsl:with-param name="label">Australian Business Number</xsl:with-param>
@@ -143,8 +137,7 @@
   </xsl:template>
 
   <xsl:template match="bankruptcy" mode="tag">
-    <xsl:variable name="type" select="translate(discharge-status/@type, $small, $capital)"/>
-    <xsl:if test="$type != 'DISCHARGED' and $type != 'COMPLETED'">
+    <xsl:if test="not(contains('|DISCHARGED|COMPLETED|', concat('|', translate(discharge-status/@type, $small, $capital), '|')))">
       <xsl:call-template name="tag"><xsl:with-param name="text">Undischarged</xsl:with-param></xsl:call-template>
     </xsl:if>
   </xsl:template>
@@ -186,7 +179,7 @@
 
   <xsl:template match="court-action" mode="tag">
     <xsl:if test="not(court-action-status[@code = 'D' or @code = 'P' or @code = 'S'])
-                  and court-action-amount &gt; 0">
+                  and translate(court-action-amount, '$, ', '') &gt; 0">
       <xsl:call-template name="tag"><xsl:with-param name="text">Not paid</xsl:with-param></xsl:call-template>
     </xsl:if>
   </xsl:template>

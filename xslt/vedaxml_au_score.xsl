@@ -3,22 +3,14 @@
 <xsl:stylesheet version="1.0" xmlns:xsl="http://www.w3.org/1999/XSL/Transform">
 
   <xsl:template name="score">
-    <xsl:variable name="area" select="(area-level-risk | score-data/area-level-risk)/@indicator"/>
-    <xsl:if test="score-data/score | $area">
-      <section class="panel" id="score">
-        <h2>Score</h2>
-        <xsl:apply-templates select="score-data/score" mode="facts"/>
-        <xsl:if test="normalize-space($area)">
-          <dl class="facts">
-            <xsl:call-template name="fact">
-              <xsl:with-param name="label">Area level risk</xsl:with-param>
-              <xsl:with-param name="value" select="$area"/>
-              <xsl:with-param name="as">word</xsl:with-param>
-            </xsl:call-template>
-          </dl>
-        </xsl:if>
-      </section>
-    </xsl:if>
+    <xsl:apply-templates select="score-data/score" mode="facts"/>
+    <dl class="facts">
+      <xsl:call-template name="fact">
+        <xsl:with-param name="label">Area level risk</xsl:with-param>
+        <xsl:with-param name="value" select="(area-level-risk | score-data/area-level-risk)/@indicator"/>
+        <xsl:with-param name="as">word</xsl:with-param>
+      </xsl:call-template>
+    </dl>
   </xsl:template>
 
   <xsl:template match="score" mode="facts">
@@ -53,6 +45,11 @@
         <xsl:with-param name="value" select="population/@population-odds | population/population-odds"/>
       </xsl:call-template>
     </dl>
+    <xsl:call-template name="odds">
+      <xsl:with-param name="own" select="number(risk-odds)"/>
+      <xsl:with-param name="population" select="number(population/@population-odds | population/population-odds)"/>
+      <xsl:with-param name="name" select="population/@population-name | population/population-name"/>
+    </xsl:call-template>
     <xsl:call-template name="table-section">
       <xsl:with-param name="level" select="3"/>
       <xsl:with-param name="title">Risk factors</xsl:with-param>

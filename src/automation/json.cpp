@@ -2,6 +2,8 @@
 #include "automation/json.h"
 
 #include <algorithm>
+#include <cstdlib>
+#include <new>
 
 #include "values/text.h"
 
@@ -13,6 +15,30 @@
 
 namespace zr::automation {
 namespace {
+
+/// RapidJSON's own allocators give it null pointers, which it does not look at.
+struct ThrowingAllocator {
+    static constexpr bool kNeedFree = true;
+
+    static void* Malloc(std::size_t size) { return Realloc(nullptr, 0, size); }
+    static void* Realloc(void* block, std::size_t /*old_size*/, std::size_t size) {
+        if (size == 0) {
+            Free(block);
+            return nullptr;
+        }
+        void* const moved = std::realloc(block, size);
+        if (moved == nullptr) {
+            throw std::bad_alloc();
+        }
+        return moved;
+    }
+    static void Free(void* block) { std::free(block); }
+};
+
+using Text = rapidjson::UTF8<>;
+using Reader = rapidjson::GenericReader<Text, Text, ThrowingAllocator>;
+using Buffer = rapidjson::GenericStringBuffer<Text, ThrowingAllocator>;
+using Writer = rapidjson::Writer<Buffer, Text, Text, ThrowingAllocator>;
 
 /// Builds values from the reader's events. A handler that answers false ends the reading; `reason`
 /// then says why.
@@ -157,7 +183,7 @@ JsonValue parse_json(std::string_view text) {
     }
     std::string copy(text);
     rapidjson::InsituStringStream stream(copy.data());
-    rapidjson::Reader reader;
+    Reader reader;
     Builder builder;
     const rapidjson::ParseResult result = reader.Parse<kFlags>(stream, builder);
     if (result.IsError()) {
@@ -167,8 +193,8 @@ JsonValue parse_json(std::string_view text) {
 }
 
 struct JsonWriter::Output {
-    rapidjson::StringBuffer buffer;
-    rapidjson::Writer<rapidjson::StringBuffer> writer{buffer};
+    Buffer buffer;
+    Writer writer{buffer};
     std::string repaired;
     Sink sink;
 };

@@ -22,7 +22,7 @@ struct HttpProxy {
 };
 
 /// Each phase of an exchange has a limit of its own; send and receive count the time without
-/// progress.
+/// progress. The whole exchange ends after twice the four together.
 struct HttpTimeouts {
     std::chrono::milliseconds resolve{30'000};
     std::chrono::milliseconds connect{30'000};
@@ -48,8 +48,9 @@ struct HttpReply {
     std::string body;         ///< decoded to UTF-8 by byte-order mark, charset, else UTF-8
 };
 
-/// What carries a request to a server and back. Connections and TLS sessions are kept alive between
-/// the exchanges of one transport. One thread at a time.
+/// What carries a request to a server and back. Every exchange has a connection of its own; only
+/// TLS sessions, and the authorities that were read, are used again by the next exchange of the
+/// same transport. One thread at a time.
 class HttpTransport {
   public:
     virtual ~HttpTransport() = default;

@@ -9,16 +9,9 @@
 namespace zr {
 namespace {
 
-constexpr std::size_t kShownCharsetLength = 40;
-
 bool is_control(char c) {
     const auto byte = static_cast<unsigned char>(c);
     return byte < 0x20 || byte == 0x7f;
-}
-
-bool is_charset_character(char c) {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
-           std::string_view("-_.:+()").find(c) != std::string_view::npos;
 }
 
 bool is_blank(char c) { return c == ' ' || c == '\t'; }
@@ -48,32 +41,20 @@ std::string_view charset_of(std::string_view content_type) {
     return {};
 }
 
-/// The name as a message may show it: short and without anything that is in no charset's name.
-std::string presentable(std::string_view charset) {
-    std::string name(charset.substr(0, kShownCharsetLength));
-    std::replace_if(
-        name.begin(), name.end(), [](char c) { return !is_charset_character(c); }, '?');
-    return name;
-}
-
-std::string decode_charset(std::string_view bytes, std::string_view charset) {
-    try {
-        return text::decode(bytes, std::string(charset));
-    } catch (const PlatformError& error) {
-        if (error.number() != error_number::kInvalidReply) throw;
-        throw PlatformError(
-            error_number::kInvalidReply,
-            "The reply is in a character set that is not known (" + presentable(charset) + ")");
-    }
-}
-
 struct ByteOrderMark {
     std::string_view bytes;
     std::string_view charset;
 };
 
-constexpr std::array<ByteOrderMark, 3> kByteOrderMarks{{
-    {"\xEF\xBB\xBF", "UTF-8"},
+using std::string_view_literals::operator""sv;
+
+constexpr std::string_view kMarkInUtf8 = "\xEF\xBB\xBF";
+
+// Those of four bytes first: no text begins with a mark and a null character.
+constexpr std::array<ByteOrderMark, 5> kByteOrderMarks{{
+    {kMarkInUtf8, "UTF-8"},
+    {"\xFF\xFE\0\0"sv, "UTF-32LE"},
+    {"\0\0\xFE\xFF"sv, "UTF-32BE"},
     {"\xFF\xFE", "UTF-16LE"},
     {"\xFE\xFF", "UTF-16BE"},
 }};
@@ -102,15 +83,17 @@ void check_no_control_characters(const HttpRequest& request) {
 
 std::string decode_reply(std::string_view bytes, std::string_view content_type) {
     std::string_view charset = charset_of(content_type);
-    for (const ByteOrderMark& mark : kByteOrderMarks) {
-        if (!bytes.starts_with(mark.bytes)) continue;
-        bytes.remove_prefix(mark.bytes.size());
-        charset = mark.charset;
-        break;
+    const auto mark = std::find_if(kByteOrderMarks.begin(), kByteOrderMarks.end(),
+                                   [&](const auto& row) { return bytes.starts_with(row.bytes); });
+    if (mark != kByteOrderMarks.end()) {
+        bytes.remove_prefix(mark->bytes.size());
+        charset = mark->charset;
     }
-    if (charset.empty() || text::equal_ignoring_case(charset, "utf-8"))
-        return text::to_valid_utf8(bytes);
-    return decode_charset(bytes, charset);
+    std::string decoded = text::decode(bytes, std::string(charset.empty() ? "UTF-8" : charset));
+    if (mark != kByteOrderMarks.end() && decoded.starts_with(kMarkInUtf8))
+        throw PlatformError(error_number::kInvalidReply,
+                            "The reply begins with two byte-order marks");
+    return decoded;
 }
 
 }  // namespace zr

@@ -14,8 +14,8 @@ namespace zr {
 void check_no_control_characters(const HttpRequest& request);
 
 /// The reply's bytes as UTF-8: by byte-order mark (which is dropped), else by the charset of the
-/// Content-Type value, else as UTF-8. Invalid sequences become U+FFFD. An unknown charset throws
-/// PlatformError(kInvalidReply).
+/// Content-Type value, else as UTF-8. Throws PlatformError(kInvalidReply) as text::decode does, and
+/// for a second mark.
 std::string decode_reply(std::string_view bytes, std::string_view content_type);
 
 }  // namespace zr

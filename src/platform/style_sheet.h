@@ -4,12 +4,18 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace zr {
 
+/// Values for a sheet's global parameters (xsl:param), by name; one that the sheet lacks is nothing
+/// to it.
+using SheetParameters = std::vector<std::pair<std::string, std::string>>;
+
 /// The style sheets that one facade has used. Runs XSLT 1.0 with the EXSLT and msxsl:node-set
-/// functions; a sheet may include its neighbours on disk, but not write, create folders or reach
-/// the network. One thread at a time.
+/// functions; a sheet may include files and read its neighbours on disk, but not write, create
+/// folders or reach the network; its time, tree, text and output are bounded. One thread at a time.
 class StyleSheets {
   public:
     StyleSheets();
@@ -19,8 +25,9 @@ class StyleSheets {
 
     /// Transforms the XML text with the sheet in `file_name`; the output is text (UTF-8) as the
     /// sheet's xsl:output asks, without a byte-order mark. Throws PlatformError when the text or
-    /// the sheet cannot be read, parsed or run.
-    std::string transform(std::string_view xml, const std::string& file_name);
+    /// the sheet cannot be read, parsed or run, std::bad_alloc when memory ends.
+    std::string transform(std::string_view xml, const std::string& file_name,
+                          const SheetParameters& parameters = {});
 
   private:
     struct Cache;

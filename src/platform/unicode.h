@@ -47,7 +47,9 @@ char32_t next_code_point(std::string_view value, std::size_t& position);
 void append_code_point(std::string& target, char32_t code_point);
 
 /// Bytes of the named charset as UTF-8, what is invalid in it as U+FFFD. Throws
-/// PlatformError(kInvalidReply) for a charset that is not known.
+/// PlatformError(kInvalidReply) for a charset that is not known, and for half of a surrogate pair
+/// or any other unit that is no character where all units have several bytes. UTF-7 and HZ, in
+/// which markup can look like other text, count as not known.
 std::string decode(std::string_view bytes, const std::string& charset);
 
 /// Orders keys without regard to letter case, for maps keyed by name.

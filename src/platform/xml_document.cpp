@@ -272,6 +272,10 @@ XmlDocument::XmlDocument(XmlDocument&&) noexcept = default;
 XmlDocument& XmlDocument::operator=(XmlDocument&&) noexcept = default;
 XmlDocument::~XmlDocument() = default;
 
+std::string_view XmlDocument::document_element() const {
+    return tree_ ? std::string_view(tree_->document_element) : std::string_view();
+}
+
 XmlNode XmlDocument::root() const { return tree_ ? XmlNode(tree_.get(), 0) : XmlNode{}; }
 
 }  // namespace zr

@@ -157,6 +157,9 @@ struct XmlParseError {
         kTooManyAttributes,
         kDeclaresEntities,
         kTooManyNamespaces,
+        kHasInternalSubset,
+        kTooManyNames,
+        kTooManyDistinctNamespaces,
     };
 
     int code = 0;             ///< the parser's own code or a Refusal, never 0
@@ -170,10 +173,11 @@ struct XmlLimits {
     std::size_t bytes = std::size_t{64} << 20;
     std::uint32_t depth = 256;
     std::uint32_t attributes = 256;  ///< of one element; also the namespaces in scope at once
+    std::uint32_t names = 10'000;    ///< distinct ones; also the distinct namespaces
 };
 
 /// A parsed document. White-space text between elements does not exist in it. A document type
-/// declaration is tolerated and nothing it names is read; one that declares entities is refused.
+/// declaration is tolerated and nothing it names is read; one with an internal subset is refused.
 class XmlDocument {
   public:
     /// Parses UTF-8 text against a table of names; an encoding named in the declaration is ignored.
@@ -188,6 +192,9 @@ class XmlDocument {
     /// The node above the document element: a relative path from here names the document element
     /// first.
     XmlNode root() const;
+
+    /// The name of the document element as it stands, without a prefix, whatever its namespace.
+    std::string_view document_element() const;
 
   private:
     explicit XmlDocument(std::unique_ptr<const XmlTree> tree);

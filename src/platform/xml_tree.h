@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <cstring>
 #include <memory>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -33,6 +34,7 @@ struct XmlTree {
     std::vector<Attribute> attributes;
     /// Text from the front, attribute values from the back; neither can outgrow the source.
     std::unique_ptr<char[]> pool;
+    std::string document_element;  ///< its name, without a prefix
     /// A bit for each name id that an element has.
     std::vector<std::uint64_t> present;
 
@@ -57,6 +59,11 @@ class XmlTreeBuilder {
         open_.push_back(static_cast<std::uint32_t>(tree_->nodes.size()));
         tree_->present[name / 64U] |= std::uint64_t{1} << (name % 64U);
         add_node(name);
+    }
+
+    /// Tells the name of the element that is started next; only the first one's is kept.
+    void name_document(std::string_view name) {
+        if (tree_->nodes.size() == 1) tree_->document_element = name;
     }
 
     /// An attribute of the element started last. One with id 0 is nothing.

@@ -9,6 +9,8 @@ namespace zr {
 
 Request::Request() : DefaultOccurredDate_(DateTime::now().date_only()) {}
 
+Request::~Request() { wipe(request_xml_); }
+
 void Request::Gender(std::string_view value) {
     const std::string code = text::upper(value);
     std::string_view gender = "unknown";

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <unordered_map>
 
+#include "platform/secret.h"
 #include "records/property.h"
 #include "records/response.h"
 #include "values/text.h"
@@ -21,6 +22,9 @@ class ZRCreditBureau;
 class Request {
   public:
     Request();
+    ~Request();  // wipes RequestXML, in which there are passwords
+    Request(const Request&) = delete;
+    Request& operator=(const Request&) = delete;
 
     // Name() reads and Name(value) writes each property of the list. A count stays at the ends of
     // its range; a date that is none is stored as null.
@@ -142,6 +146,7 @@ class RequestInternals {
   public:
     static void Dirty(Request& request, bool dirty) { request.dirty_ = dirty; }
     static void RequestXML(Request& request, std::string xml) {
+        wipe(request.request_xml_);
         request.request_xml_ = std::move(xml);
     }
     /// The attached response, created when there is none, for writing.

@@ -11,6 +11,14 @@ namespace {
 
 constexpr std::string_view kTwoLineBreaks = "\r\n\r\n";
 
+// A page that happens to be well-formed holds no report, and no adverse record either.
+const XmlParseError& web_page_error() {
+    constexpr int kIsWebPage = 10100;  // among the component's own codes
+    static const XmlParseError error{
+        kIsWebPage, "The document is a web page (HTML), not a reply of the bureau.\r\n", {}, 0};
+    return error;
+}
+
 std::string parse_error_message(const XmlParseError& error) {
     // The reason ends with a line break of its own.
     std::string message = "The response received was not a valid XML document.";
@@ -63,6 +71,9 @@ CheckedReply check_reply(std::string_view reply_xml, const XmlNames& names,
         return {std::nullopt, parse_error_message(*error)};
     }
     CheckedReply reply{std::get<XmlDocument>(std::move(parsed)), {}};
+    if (text::equal_ignoring_case(reply.document->document_element(), "html")) {
+        return {std::nullopt, parse_error_message(web_page_error())};
+    }
     const XmlNode root = reply.document->root();
     if (const XmlNode refusal = root.first(paths.gateway_error)) {
         return {std::nullopt, gateway_error_message(paths, refusal)};

@@ -1,5 +1,5 @@
-// The checks that every reply goes through before it is read: is it XML, did the gateway refuse the
-// message, did the bureau reject the enquiry.
+// The checks that every reply goes through before it is read: is it XML and no web page, did the
+// gateway refuse the message, did the bureau reject the enquiry.
 #pragma once
 
 #include <optional>

@@ -19,6 +19,15 @@ std::optional<XmlDocument> ReplyService::LoadResponseXML(std::string_view respon
     return std::move(reply.document);
 }
 
+std::string ReplyService::render(const Request& request, const DateTime& response_date,
+                                 std::string_view response_xml) {
+    return TransformToHTML(context().Runtime().style_sheets(), response_xml, XSLTFileName(),
+                           {{"response-date", response_date.date_only().to_iso()},
+                            {"service", std::string(ServiceName())},
+                            {"product", std::string(request.ProductId())},
+                            {"directors-counted", counts_directors() ? "yes" : "no"}});
+}
+
 bool ReplyService::BuildResponse(Request& request, DateTime response_date,
                                  const std::string& response_xml) {
     return build_response(request, response_date, response_xml, std::nullopt);
@@ -32,8 +41,7 @@ bool ReplyService::build_response(Request& request, DateTime response_date,
     response.ResponseXML(std::move(response_xml));
     try {
         // The rendering is made even of a reply that turns out to be faulty.
-        response.ResponseHTML(TransformToHTML(context().Runtime().style_sheets(),
-                                              response.ResponseXML(), XSLTFileName()));
+        response.ResponseHTML(render(request, response_date, response.ResponseXML()));
         if (!document) {
             document = LoadResponseXML(response.ResponseXML());
         }

@@ -29,6 +29,9 @@ class ReplyService : public Service {
     /// Fills the response, whose document fields are set already, from a checked reply.
     virtual void translate(Request& request, XmlNode root) = 0;
 
+    /// Whether a company's figures include those of its directors.
+    virtual bool counts_directors() const { return false; }
+
     /// Stores the reason and answers false.
     bool fail(std::string message);
 
@@ -40,6 +43,10 @@ class ReplyService : public Service {
                         std::optional<XmlDocument> document);
 
   private:
+    /// The rendering of a reply, with what a sheet cannot read in it.
+    std::string render(const Request& request, const DateTime& response_date,
+                       std::string_view response_xml);
+
     std::string xslt_file_name_;
 };
 

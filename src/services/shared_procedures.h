@@ -16,6 +16,7 @@ std::string JoinParts(std::string_view separator, std::initializer_list<std::str
 /// A reply rendered through a style sheet file; "" when either argument is empty. Never fails: a
 /// failure gives a small page that names the file and the reason.
 std::string TransformToHTML(StyleSheets& style_sheets, std::string_view xml_text,
-                            const std::string& xslt_file_name);
+                            const std::string& xslt_file_name,
+                            const SheetParameters& parameters = {});
 
 }  // namespace zr

@@ -3,6 +3,7 @@
 #include <iterator>
 #include <utility>
 
+#include "platform/secret.h"
 #include "services/shared_procedures.h"
 
 namespace zr {
@@ -60,8 +61,7 @@ std::string unsendable_property(const Request& request, const Service& service,
     return name.empty() ? "A code of a code table" : name;
 }
 
-HttpProxy proxy(const VedaXmlService& service) {
-    HttpProxy proxy;
+void fill(HttpProxy& proxy, const VedaXmlService& service) {
     if (service.ProxyServer() == "[PRECONFIG]") {
         proxy.mode = HttpProxy::Mode::kPreconfigured;
     } else if (!service.ProxyServer().empty()) {
@@ -72,10 +72,24 @@ HttpProxy proxy(const VedaXmlService& service) {
         proxy.user = service.ProxyUserName();
         proxy.password = service.ProxyPassword();
     }
-    return proxy;
 }
 
+/// Wipes the secrets of a request that was made; its document has them too.
+struct Forgetting {
+    HttpRequest& request;
+    ~Forgetting() {
+        wipe(request.password);
+        wipe(request.proxy.password);
+        wipe(request.body);
+    }
+};
+
 }  // namespace
+
+VedaXmlService::~VedaXmlService() {
+    wipe(UserPassword_);
+    wipe(ProxyPassword_);
+}
 
 BcaSender VedaXmlService::bca_sender() const {
     return {.user_id = UserId(),
@@ -100,7 +114,7 @@ HttpRequest VedaXmlService::http_request(const Request& request) const {
     http.password = UserPassword();
     http.content_type = "text/xml";
     http.body = request.RequestXML();
-    http.proxy = proxy(*this);
+    fill(http.proxy, *this);
     http.timeouts = {limit, limit, limit, limit};
     return http;
 }
@@ -115,7 +129,8 @@ std::optional<XmlDocument> VedaXmlService::ExecuteRequest(Request& request) {
     }
     Response& response = RequestInternals::Response(request);
     response.Clear();
-    const HttpRequest http = http_request(request);
+    HttpRequest http = http_request(request);
+    const Forgetting at_the_end{http};
     try {
         HttpReply reply = context().Runtime().transport().exchange(http);
         response.ResponseXML(std::move(reply.body));

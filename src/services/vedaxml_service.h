@@ -22,6 +22,11 @@ namespace zr {
 /// A service that talks to a VedaXML gateway.
 class VedaXmlService : public ReplyService {
   public:
+    VedaXmlService() = default;
+    ~VedaXmlService() override;  // wipes the passwords
+    VedaXmlService(const VedaXmlService&) = delete;
+    VedaXmlService& operator=(const VedaXmlService&) = delete;
+
     // Name() reads and Name(value) writes each setting of the list.
 #define ZR_SETTING_READ_Text(Name) \
     const std::string& Name() const { return Name##_; }

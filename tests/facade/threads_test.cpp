@@ -48,7 +48,7 @@ TEST(Threads, FacadesRunSideBySide) {
     const std::string expected = translate(reply);
     ASSERT_GT(expected.size(), 10'000U);
 
-    constexpr int kThreads = 4;
+    constexpr int kThreads = 8;
     constexpr int kRounds = 5;
     std::vector<std::string> results(kThreads);
     std::vector<std::jthread> threads;

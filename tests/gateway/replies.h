@@ -1,69 +1,67 @@
-// Reading replies: the bureau's answer to a request, and every path that occurs in it.
+// Reading replies: the bureau's answer to a request, and what stands in it.
 #pragma once
+
+#include <gtest/gtest.h>
 
 #include <set>
 #include <string>
+#include <vector>
 
 #include "bureau_gateway/bureau.h"
-#include "bureau_gateway/message/xml_reader.h"
 
 namespace zr::gateway::test {
 
-constexpr Date kToday{std::chrono::year{2012}, std::chrono::month{6}, std::chrono::day{15}};
+inline constexpr const char* kAustralia = "/cta/sys1";
+inline constexpr const char* kNewZealand = "/nz/cta/sys1";
 
-inline std::string ask(const std::string& request, const std::string& path = "/cta/sys1",
-                       Date today = kToday) {
-    return Bureau("demo", "demo-secret", today).answer(path, request).reply;
+inline Settings settings_of(unsigned day) {
+    Settings settings;
+    settings.today = std::chrono::year{2012} / 6 / static_cast<int>(day);
+    return settings;
 }
 
-/// The content of BCAservice-data.
-inline Element data_of(const std::string& reply) {
-    const auto root = read_xml(reply);
-    EXPECT_TRUE(root) << reply.substr(0, 500);
-    const Element* at = root ? &*root : nullptr;
-    for (const char* step : {"BCAservices", "BCAservice", "BCAservice-data"}) {
-        at = at ? at->child(step) : nullptr;
+inline std::string ask(const std::string& request, const std::string& path = kAustralia) {
+    static const Bureau bureau(settings_of(15));
+    return bureau.answer(path, request).reply;
+}
+
+/// A reply; what its content says by XPath from BCAservice-data.
+class Reply {
+  public:
+    explicit Reply(const std::string& text) : document_(parse(text)) {
+        EXPECT_TRUE(document_) << text.substr(0, 500);
     }
-    EXPECT_TRUE(at) << reply.substr(0, 500);
-    return at ? *at : Element{};
-}
+    std::vector<xmlNode*> nodes(const std::string& path) const {
+        XPath xpath(*document_);
+        const auto data =
+            xpath.nodes("/BCAmessage/BCAservices/BCAservice/BCAservice-data", *document_->children);
+        return data.empty() ? data : xpath.nodes(path, *data.front());
+    }
+    std::size_t count(const std::string& path) const { return nodes(path).size(); }
+    std::string text(const std::string& path) const {
+        const auto found = nodes(path);
+        return found.empty() ? std::string() : text_of(*found.front());
+    }
+
+  private:
+    Document document_;
+};
 
 inline std::string refusal_code(const std::string& reply) {
-    const Element data = data_of(reply);
-    const Element* error = data.child("BCAerror");
-    return error ? std::string(error->child_text("BCAerror-code")) : "none";
+    const std::string code = Reply(reply).text("BCAerror/BCAerror-code");
+    return code.empty() ? "none" : code;
 }
 
-/// "code container" of every complaint, in order.
+/// "code container" of every complaint, in order; the code alone where no more is told.
 inline std::vector<std::string> complaints(const std::string& reply) {
     std::vector<std::string> found;
-    const Element data = data_of(reply);
-    const Element* response = data.child("response");
-    for (const Element& each : response ? response->children : std::vector<Element>{}) {
-        const Element* description = each.child("error-description");
-        if (each.name == "error" && description) {
-            found.push_back(std::string(description->attribute("code").value_or("")) + " " +
-                            std::string(each.child_text("input-container")));
-        }
+    const Reply read(reply);
+    for (xmlNode* each : read.nodes("response/error")) {
+        const std::string container = text_at(*each, "string(input-container)");
+        found.push_back(text_at(*each, "string(error-description/@code)") +
+                        (container.empty() ? "" : " ") + container);
     }
     return found;
-}
-
-/// Adds every path that holds a value: a/b, a/@b and, for attributes, also a/@b=value.
-inline void collect_paths(const Element& element, const std::string& path,
-                          std::set<std::string>& paths) {
-    for (const auto& [name, value] : element.attributes) {
-        if (!value.empty()) {
-            paths.insert(path + "/@" + name);
-            paths.insert(path + "/@" + name + "=" + value);
-        }
-    }
-    if (!element.text.empty()) {
-        paths.insert(path);
-    }
-    for (const Element& each : element.children) {
-        collect_paths(each, path.empty() ? each.name : path + "/" + each.name, paths);
-    }
 }
 
 }  // namespace zr::gateway::test

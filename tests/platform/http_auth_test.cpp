@@ -9,6 +9,7 @@ namespace zr::test {
 namespace {
 
 using std::string_literals::operator""s;
+using std::chrono_literals::operator""s;
 
 std::string base64(const std::string& bytes) {
     std::string text((bytes.size() + 2) / 3 * 4 + 1, '\0');
@@ -150,16 +151,77 @@ TEST(HttpAuthentication, AReplyThatRefusesIsAReply) {
     }
 }
 
-TEST(HttpAuthentication, AChallengeOnAClosingConnectionIsAnsweredOnANewOne) {
-    LoopbackServer server([](LoopbackServer& self, Connection& peer) {
-        const auto request = self.receive(peer);
-        if (!request) return;
-        peer.write(is_basic(*request, "user:secret")
-                       ? reply("200 OK", "got " + request->body, "Connection: close\r\n")
-                       : reply("401 Who", "",
-                               "Connection: close\r\nWWW-Authenticate: Basic realm=\"x\"\r\n"));
-    });
-    EXPECT_EQ(exchange(post_as(server.url(), "user", "secret")).body, "got the body");
+TEST(HttpAuthentication, AServerThatFindsEveryAnswerStaleGetsTwo) {
+    const struct {
+        const char* what;
+        const char* url;  // through the server as a proxy
+        int status;
+    } cases[] = {{"server", "", 401},
+                 {"proxy", "http://origin.test/", 407},
+                 {"tunnel", "https://origin.test/", 407}};
+    for (const auto& row : cases) {
+        LoopbackServer server(LoopbackServer::answering([&](auto&) {
+            const std::string header =
+                row.status == 401 ? "WWW-Authenticate: " : "Proxy-Authenticate: ";
+            return reply(std::to_string(row.status) + " Stale", "?",
+                         header + kDigest + ", stale=true\r\n");
+        }));
+        HttpRequest request = post_as(server.url(), "user", "secret");
+        if (row.status == 407) {
+            request = post(row.url);
+            request.proxy = {HttpProxy::Mode::kNamed, server.host_and_port(), "proxy", "hush"};
+        }
+        // Without a bound it would go on until the time is up.
+        request.timeouts = {2s, 2s, 2s, 2s};
+        const HttpReply got = exchange(request);
+        EXPECT_EQ(got.status, row.status) << row.what;
+        EXPECT_EQ(got.status_text, "Stale") << row.what;
+        EXPECT_EQ(server.requests().size(), 3u) << row.what;
+    }
+}
+
+/// Asks for NTLM on every connection, then lets `inside` answer.
+LoopbackServer::Handler ntlm_proxy(const LoopbackServer::Answer& inside) {
+    return [inside](LoopbackServer& self, Connection& peer) {
+        while (const auto request = self.receive(peer)) {
+            const std::string header = request->header("Proxy-Authorization");
+            const bool hello = header.starts_with("NTLM TlRMTVNTUAAB");
+            peer.write(header.starts_with("NTLM TlRMTVNTUAAD")
+                           ? inside(*request)
+                           : reply("407 Who", "?",
+                                   "Proxy-Authenticate: NTLM " +
+                                       (hello ? base64(kNtlmChallenge) : "") + "\r\n"));
+        }
+    };
+}
+
+TEST(HttpAuthentication, AProxyMayWantToBeConvincedOnEveryConnection) {
+    LoopbackServer proxy(ntlm_proxy(guarded(R"(Basic realm="realm")", is_basic)));
+    HttpRequest request = post_as("http://origin.test/", "user", "secret");
+    request.proxy = {HttpProxy::Mode::kNamed, proxy.host_and_port(), "proxy", "hush"};
+    EXPECT_EQ(exchange(request).body, "got the body");
+    EXPECT_EQ(proxy.requests().size(), 6u) << "three steps on each of two connections";
+}
+
+TEST(HttpAuthentication, ARequestThatTheServerReadIsNeverSentAgain) {
+    // The server takes the request on the connection that NTLM keeps, and dies.
+    for (const bool through_reset : {false, true}) {
+        LoopbackServer server([through_reset](LoopbackServer& self, Connection& peer) {
+            const auto hello = self.receive(peer);
+            if (!hello || !is_ntlm_hello(*hello)) return peer.write(challenge("NTLM"));
+            peer.write(challenge("NTLM " + base64(kNtlmChallenge)));
+            self.receive(peer);
+            if (through_reset) peer.reset_on_close();
+        });
+        const auto transport = make_http_transport();
+        try {
+            transport->exchange(post_as(server.url(), "user", "secret"));
+            ADD_FAILURE();
+        } catch (const PlatformError& error) {
+            EXPECT_EQ(error.number(), error_number::kConnectionLost) << error.description();
+        }
+        EXPECT_EQ(server.requests().size(), 3u);
+    }
 }
 
 TEST(HttpAuthentication, NothingReachesTheNextExchange) {

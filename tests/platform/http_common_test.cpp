@@ -23,7 +23,8 @@ TEST(DecodeReply, ByteOrderMarkThenCharsetThenUtf8) {
         {"\xEF\xBB\xBF\xC3\xA9", "text/xml; charset=iso-8859-1", "\xC3\xA9"},
         {"\xFF\xFE\xE9\0x\0"s, "text/xml; charset=utf-8", "\xC3\xA9x"},
         {"\xFE\xFF\0\xE9\0x"s, "", "\xC3\xA9x"},
-        {"\xFE\xFF\xD8\0\0x"s, "", "\xEF\xBF\xBDx"},
+        {"\xFF\xFE\0\0x\0\0\0"s, "", "x"},
+        {"\0\0\xFE\xFF\0\0\0x"s, "text/xml; charset=utf-8", "x"},
         {"\xE9\x80", "text/xml; charset=windows-1252", "\xC3\xA9\xE2\x82\xAC"},
         {"\xE9", "text/xml;CHARSET=\"ISO-8859-1\"", "\xC3\xA9"},
         {"\xE9", "text/xml; a=b; charset = ISO-8859-1 ; c=d", "\xC3\xA9"},
@@ -54,6 +55,17 @@ TEST(DecodeReply, AnUnknownCharsetIsNamedAsFarAsItIsFitToShow) {
             EXPECT_EQ(error.number(), error_number::kInvalidReply);
             EXPECT_EQ(error.description(),
                       "The reply is in a character set that is not known (" + row.shown + ")");
+        }
+    }
+}
+
+TEST(DecodeReply, ASecondByteOrderMarkIsRefused) {
+    for (const std::string& bytes :
+         {"\xEF\xBB\xBF\xEF\xBB\xBFx"s, "\xFF\xFE\xFF\xFEx\0"s, "\xFE\xFF\xFE\xFF\0x"s}) {
+        try {
+            ADD_FAILURE() << decode_reply(bytes, "text/xml");
+        } catch (const PlatformError& error) {
+            EXPECT_EQ(error.description(), "The reply begins with two byte-order marks");
         }
     }
 }

@@ -144,45 +144,6 @@ TEST(HttpExchange, DecodesByTheFinalReplysCharset) {
     EXPECT_EQ(exchange(request).body, "caf\xEF\xBF\xBD");
 }
 
-TEST(HttpConnection, IsKeptFromOneExchangeToTheNext) {
-    LoopbackServer server(LoopbackServer::answering(always(reply("200 OK", "ok"))));
-    const auto transport = make_http_transport();
-    for (int i = 0; i < 3; ++i) EXPECT_EQ(transport->exchange(post(server.url())).status, 200);
-    EXPECT_EQ(server.requests().size(), 3u);
-    EXPECT_EQ(server.requests().back().connection, 0);
-}
-
-TEST(HttpConnection, ThatTheServerClosedIsMadeAnew) {
-    LoopbackServer server([](LoopbackServer& self, Connection& peer) {
-        self.receive(peer);
-        peer.write(reply("200 OK", "ok"));
-    });
-    const auto transport = make_http_transport();
-    EXPECT_EQ(transport->exchange(post(server.url())).body, "ok");
-    // Whether the close has been noticed by now or not, the request is never served twice.
-    const PlatformError second = failure_of(*transport, post(server.url()));
-    EXPECT_TRUE(second.number() == 0 || second.number() == error_number::kConnectionLost);
-    EXPECT_EQ(server.requests().size(), second.number() == 0 ? 2u : 1u);
-}
-
-TEST(HttpConnection, ARequestThatTheServerReadIsNeverSentAgain) {
-    // The server takes the second request on the connection that was kept, and dies.
-    for (const bool through_reset : {false, true}) {
-        LoopbackServer server([through_reset](LoopbackServer& self, Connection& peer) {
-            self.receive(peer);
-            peer.write(reply("200 OK", "ok"));
-            self.receive(peer);
-            if (through_reset) peer.reset_on_close();
-        });
-        const auto transport = make_http_transport();
-        EXPECT_EQ(transport->exchange(post(server.url())).body, "ok");
-        EXPECT_EQ(failure_of(*transport, post(server.url())).number(),
-                  error_number::kConnectionLost);
-        EXPECT_EQ(server.requests().size(), 2u);
-        EXPECT_EQ(transport->exchange(post(server.url())).body, "ok");
-    }
-}
-
 TEST(HttpConnection, OneThatDiesInTheMiddleOfALargeRequestIsLost) {
     LoopbackServer server([](LoopbackServer&, Connection& peer) {
         peer.wait_for_bytes();

@@ -1,11 +1,18 @@
 #include "platform/style_sheet.h"
 
 #include <gtest/gtest.h>
+#include <libxml/catalog.h>
+#include <libxml/globals.h>
+#include <libxslt/documents.h>
+#include <libxslt/security.h>
+#include <libxslt/xsltutils.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <tuple>
 
 #include "platform/error.h"
 
@@ -60,6 +67,17 @@ std::string as_text(const std::string& rules) { return "<xsl:output method='text
 
 constexpr const char* kReply =
     "<?xml version='1.0' encoding='UTF-16'?>\n<r>\n  <a>1</a>\n  <a>2</a>\n <b>é€</b></r>";
+
+TEST_F(StyleSheetTest, TakesParametersAsText) {
+    const std::string sheet =
+        write_sheet(as_text("<xsl:param name='a'>own</xsl:param><xsl:param name='b'>own</xsl:param>"
+                            "<xsl:template match='/'><xsl:value-of select=\"concat($a, '|', $b)\"/>"
+                            "</xsl:template>"));
+    EXPECT_EQ(sheets_.transform("<r/>", sheet), "own|own");
+    EXPECT_EQ(sheets_.transform("<r/>", sheet, {{"a", "'it\"s' /r"}, {"unknown", "x"}}),
+              "'it\"s' /r|own");
+    EXPECT_EQ(sheets_.transform("<r/>", sheet), "own|own");
+}
 
 TEST_F(StyleSheetTest, WritesWhatItsOutputAsks) {
     const struct {
@@ -198,7 +216,7 @@ TEST_F(StyleSheetTest, SaysWhatWasWrong) {
         {"<r>", good, "The XML could not be parsed: Premature end of data in tag r line 1"},
         {"", good, "The XML could not be parsed: Document is empty"},
         {"<!DOCTYPE r [<!ENTITY e 'x'>]><r>&e;</r>", good,
-         "The XML could not be parsed: The document declares an entity."},
+         "The XML could not be parsed: The document type declaration has an internal subset."},
     };
     for (const auto& c : cases) {
         const std::string result = transform(c.xml, c.file);
@@ -236,6 +254,140 @@ TEST_F(StyleSheetTest, BoundsTheEntitiesOfASheet) {
     }
     EXPECT_NE(transform(kReply, with(bomb, "&e11;", "bomb.xsl")).find("not well-formed"),
               std::string::npos);
+}
+
+TEST_F(StyleSheetTest, BoundsWhatASheetUses) {
+    std::string reply = "<r>";
+    for (int i = 0; i < 5000; ++i) reply += "<q><w>" + std::to_string(i) + "0</w></q>";
+    reply += "</r>";
+    const auto doubled = [](const std::string& first, const std::string& next, int times) {
+        std::string made = "<xsl:variable name='v0'>" + first + "</xsl:variable>";
+        for (int i = 1; i <= times; ++i) {
+            const std::string before = "$v" + std::to_string(i - 1);
+            std::string body = next;
+            for (std::size_t at; (at = body.find('$')) != std::string::npos;) {
+                body.replace(at, 1, "\x01" + before.substr(1));
+            }
+            std::replace(body.begin(), body.end(), '\x01', '$');
+            made += "<xsl:variable name='v" + std::to_string(i) + "'" + body + "</xsl:variable>";
+        }
+        return made + "<xsl:copy-of select='$v" + std::to_string(times) + "'/>";
+    };
+    const std::string tree = "It makes a larger tree than it may.";
+    const std::string text = "It makes more text than it may.";
+    const std::string time = "It takes longer than it may.";
+    const struct {
+        std::string body;
+        std::string expected;
+    } cases[] = {
+        {"<xsl:value-of select='count(//*[count(//*[count(//*[count(//*)>0])>0])>0])'/>",
+         "peration limit exceeded"},
+        {"<xsl:for-each select='//*'><xsl:sort select='count(//*)'/></xsl:for-each>",
+         "peration limit exceeded"},
+        {doubled("<a/>", "><xsl:copy-of select='$'/><xsl:copy-of select='$'/>", 30), tree},
+        {doubled("0123456789", " select='concat($, $)'>", 34), text},
+        {doubled("0123456789", "><xsl:value-of select='$'/><xsl:value-of select='$'/>", 34), text},
+        {"<xsl:for-each select='//*'><xsl:number level='any' count='*[//*]'/></xsl:for-each>",
+         "peration limit exceeded"},
+        {"<xsl:for-each select='//*'><xsl:for-each select='//*'><a b='{/}'/></xsl:for-each>"
+         "</xsl:for-each>",
+         time},
+        {doubled("0123456789", " select='concat($, $)'>", 18) +
+             "<xsl:for-each select='//q[position() &lt; 30]'><a><xsl:value-of select='$v18'/></a>"
+             "</xsl:for-each>",
+         "It writes more than 67108864 bytes."},
+    };
+    for (const auto& c : cases) {
+        const std::string name = "bound" + std::to_string(&c - cases) + ".xsl";
+        const std::string sheet =
+            write_sheet("<xsl:template match='/'>" + c.body + "</xsl:template>", name);
+        const std::string result = transform(reply, sheet);
+        EXPECT_EQ(result.find("error: The style sheet could not be run: "), 0U) << c.body;
+        EXPECT_NE(result.find(c.expected), std::string::npos) << c.body << result.substr(0, 300);
+    }
+}
+
+TEST_F(StyleSheetTest, ReadsNeighboursOnly) {
+    fs::create_directories(folder_ / "in/deep");
+    write("outside.xml", "<p>outside</p>");
+    write("in/beside.xml", "<p>beside</p>");
+    write("in/deep/below.xml", "<p>below</p>");
+    fs::create_symlink(folder_ / "outside.xml", folder_ / "in/link.xml");
+    const std::string refused = "Only files beside the style sheet can be read";
+    const struct {
+        std::string address;
+        std::string expected;
+    } cases[] = {
+        {"beside.xml", "beside"},
+        {"deep/../deep/below.xml", "below"},
+        {"../in/beside.xml", "beside"},
+        {"none.xml", ""},
+        {"../outside.xml", refused},
+        {"link.xml", refused},
+        {(folder_ / "outside.xml").string(), refused},
+        {"file://" + (folder_ / "outside.xml").string(), refused},
+        {"/etc/passwd", refused},
+    };
+    for (const auto& c : cases) {
+        const std::string name = "in/s" + std::to_string(&c - cases) + ".xsl";
+        std::string address = c.address;
+        for (std::size_t at; (at = address.find(' ')) != std::string::npos;) {
+            address.replace(at, 1, "%20");
+        }
+        const std::string sheet =
+            write_sheet(as_text("<xsl:template match='/'><xsl:value-of select=\"document('" +
+                                address + "')\"/></xsl:template>"),
+                        name);
+        const std::string result = transform(kReply, sheet);
+        if (c.expected == refused) {
+            EXPECT_NE(result.find(refused), std::string::npos) << c.address << result;
+        } else {
+            EXPECT_EQ(result, c.expected) << c.address;
+        }
+    }
+}
+
+xmlDocPtr hosts_loader(const xmlChar*, xmlDictPtr, int, void*, xsltLoadType) { return nullptr; }
+void hosts_errors(void*, const char*, ...) {}
+void hosts_structured_errors(void*, xmlErrorPtr) {}
+void hosts_nodes(xmlNodePtr) {}
+
+TEST_F(StyleSheetTest, LeavesTheLibrariesAsTheHostHasThem) {
+    write("part.xml", "<p>part</p>");
+    const std::string sheet = write_sheet(
+        as_text("<xsl:template match='/'><xsl:value-of select=\"document('part.xml')\"/>"
+                "</xsl:template>"));
+    const std::string broken = write_sheet("<xsl:template match='1 +'/>", "broken.xsl");
+    const auto state = [] {
+        return std::make_tuple(
+            xsltDocDefaultLoader, xsltGenericError, xsltGenericErrorContext, xmlStructuredError,
+            xmlStructuredErrorContext, xmlGenericError, xmlGenericErrorContext,
+            xmlRegisterNodeDefaultValue, xmlDeregisterNodeDefaultValue, xmlKeepBlanksDefaultValue,
+            xmlSubstituteEntitiesDefaultValue, xmlLoadExtDtdDefaultValue,
+            xmlDoValidityCheckingDefaultValue, xmlLineNumbersDefaultValue,
+            xmlGetExternalEntityLoader(), xmlCatalogGetDefaults(), xsltGetDefaultSecurityPrefs());
+    };
+    const auto use_and_compare = [&] {
+        const auto before = state();
+        EXPECT_EQ(transform(kReply, sheet), "part");
+        EXPECT_EQ(transform(kReply, broken).find("error: "), 0U);
+        EXPECT_TRUE(state() == before);
+    };
+    use_and_compare();
+    const auto original = state();
+    int context = 0;
+    // As a host does that sets its own when ours were there already.
+    xsltSetLoaderFunc(hosts_loader);
+    xsltSetGenericErrorFunc(&context, hosts_errors);
+    xmlSetStructuredErrorFunc(&context, hosts_structured_errors);
+    xmlSetGenericErrorFunc(&context, hosts_errors);
+    xmlRegisterNodeDefault(hosts_nodes);
+    use_and_compare();
+    xsltSetLoaderFunc(std::get<0>(original));
+    xsltSetGenericErrorFunc(std::get<2>(original), std::get<1>(original));
+    xmlSetStructuredErrorFunc(std::get<4>(original), std::get<3>(original));
+    xmlSetGenericErrorFunc(std::get<6>(original), std::get<5>(original));
+    xmlRegisterNodeDefault(nullptr);
 }
 
 }  // namespace

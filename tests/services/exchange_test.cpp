@@ -216,6 +216,32 @@ TEST(Reply, ThatDoesNotParseTellsWhatTheParserSays) {
     EXPECT_TRUE(without_source);
 }
 
+TEST(Reply, ThatIsAWebPageIsNoReply) {
+    const std::string refusal =
+        "The response received was not a valid XML document.\r\n\r\nMessage\t: The document is a "
+        "web "
+        "page (HTML), not a reply of the bureau.\r\nError\t: 10100";
+    const struct {
+        const char* reply;
+        bool refused;
+    } cases[] = {
+        {"<html><body>Service unavailable</body></html>", true},
+        {"<!DOCTYPE HTML><HTML xmlns='http://www.w3.org/1999/xhtml'/>", true},
+        {"<?xml version='1.0'?><!-- page --><h:Html xmlns:h='urn:x'><h:body/></h:Html>", true},
+        {"<BCAmessage><html/></BCAmessage>", false},
+        {"<htmlx/>", false},
+    };
+    for (const auto& row : cases) {
+        FakeBureau bureau;
+        bureau.ask("consumer-enquiry");
+        bureau.script().reply.body = row.reply;
+        EXPECT_EQ(bureau.facade.ExecuteCreditEnquiry(*bureau.request), !row.refused) << row.reply;
+        EXPECT_EQ(bureau.facade.ErrorMessage(), row.refused ? refusal : "") << row.reply;
+        EXPECT_EQ(bureau.request->Response()->ResponseXML(), row.reply);
+        EXPECT_EQ(bureau.facade.ExecuteVerifyConnection("VedaXMLAU"), !row.refused) << row.reply;
+    }
+}
+
 TEST(Reply, TranslatedAgainGivesTheSame) {
     FakeBureau bureau;
     const std::string rich =
@@ -256,6 +282,22 @@ TEST(Reply, IsRenderedEvenWhenItIsFaulty) {
         missing + "'.<BR><BR>";
     EXPECT_EQ(page.substr(0, opening.size()), opening);
     EXPECT_TRUE(page.ends_with(").</span></body></html>")) << page;
+}
+
+TEST(Reply, HasNoMarkupInThePageThatSaysWhatFailed) {
+    FakeBureau bureau;
+    australian(bureau).XSLTFileName("/<script>&/none.xsl");
+    const std::string named = bureau.translated("<BCAmessage/>").ResponseHTML();
+    EXPECT_NE(named.find("'/&lt;script&gt;&amp;/none.xsl'"), std::string::npos) << named;
+
+    const std::string sheet = testing::TempDir() + "any.xsl";
+    std::ofstream(sheet) << "<xsl:stylesheet version='1.0' "
+                            "xmlns:xsl='http://www.w3.org/1999/XSL/Transform'/>";
+    australian(bureau).XSLTFileName(sheet);
+    const std::string quoted =
+        bureau.translated("<a b='<script>alert(1)</script>&x;'>").ResponseHTML();
+    EXPECT_EQ(quoted.find("<script"), std::string::npos) << quoted;
+    EXPECT_NE(quoted.find("Unescaped '&lt;'"), std::string::npos) << quoted;
 }
 
 }  // namespace

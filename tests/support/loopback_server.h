@@ -95,6 +95,11 @@ class Connection {
         ::poll(&hang_up, 1, -1);
     }
 
+    bool is_hung_up() {
+        pollfd hang_up{socket_, POLLRDHUP, 0};
+        return ::poll(&hang_up, 1, 0) != 0;
+    }
+
     /// Says that a TLS reply without a length is complete; a close without it is a truncation.
     void finish_tls() { SSL_shutdown(tls_); }
 

@@ -190,8 +190,8 @@ TEST(Text, DecodesCharsets) {
         {"a\xE9z", "us-ascii", "a\xEF\xBF\xBDz"},
         {"a\0\xAC\x20"sv, "utf-16le", "a€"},
         {"\0a\x20\xAC"sv, "utf-16be", "a€"},
-        {"a\0\0\xDCz\0"sv, "utf-16le", "a\xEF\xBF\xBDz"},  // half a surrogate pair
-        {"a\0z"sv, "utf-16le", "a\xEF\xBF\xBD"},           // cut short
+        {"\x3D\xD8\0\xDE"sv, "utf-16le", "\xF0\x9F\x98\x80"},
+        {"\xED\x9F\xBF\xEE\x80\x80", "utf-8", "\xED\x9F\xBF\xEE\x80\x80"},  // beside them
         {"\x1B$B\x46\x7C\x1B(B"sv, "iso-2022-jp", "日"},
         {"", "windows-1252", ""},
     };
@@ -204,12 +204,32 @@ TEST(Text, DecodesCharsets) {
 
 TEST(Text, RefusesCharsetsThatItDoesNotKnow) {
     for (const std::string charset :
-         {"", "klingon", "utf-8//IGNORE", "latin1//TRANSLIT", "../../tmp/x", "a b", "\xC3\xA9"}) {
+         {"", "klingon", "utf-8//IGNORE", "latin1//TRANSLIT", "../../tmp/x", "a b", "\xC3\xA9",
+          "UTF-7", "utf7", "UTF-7-IMAP", "unicode-1-1-utf-7", "HZ", "hz-gb-2312"}) {
         try {
             decode("x", charset);
             ADD_FAILURE() << charset;
         } catch (const PlatformError& error) {
             EXPECT_EQ(error.number(), error_number::kInvalidReply);
+        }
+    }
+}
+
+TEST(Text, RefusesHalvesOfSurrogatePairs) {
+    const struct {
+        std::string_view bytes;
+        const char* charset;
+    } cases[] = {
+        {"a\0\0\xDCz\0"sv, "utf-16le"}, {"\xD8\0\0a"sv, "utf-16be"},
+        {"a\0\x3D\xD8"sv, "UTF-16LE"},  {"a\0z"sv, "utf-16le"},  // cut short
+        {"\xD8\0"sv, "ucs-2be"},        {"\0\xD8\0\0"sv, "utf-32le"},
+        {"\xED\xA0\x80", "utf-8"},      {"a\xED\xB0\x80z", "UTF8"},
+    };
+    for (const auto& row : cases) {
+        try {
+            ADD_FAILURE() << row.charset << decode(row.bytes, row.charset);
+        } catch (const PlatformError& error) {
+            EXPECT_EQ(error.description(), "The reply is not valid text in its character set");
         }
     }
 }

@@ -3,18 +3,63 @@
 #include <algorithm>
 #include <fstream>
 #include <iterator>
+#include <memory>
 #include <regex>
 #include <sstream>
 #include <vector>
 
 #include "facade/zr_credit_bureau.h"
 #include "platform/style_sheet.h"
+#include "values/regional_format.h"
 #include "xslt/page.h"
 
 namespace zr::sheet {
 namespace {
 
 const std::string kRoot = std::string(ZR_TEST_DATA) + "/..";
+
+// What the tests call the service, its name, its country, its sheet and its examples.
+struct Service {
+    std::string key;
+    const char* name;
+    const char* country;
+    const char* sheet;
+    const char* examples;
+};
+const Service kServices[] = {
+    {"au", "VedaXMLAU", "AU", "vedaxml_au", "vedaxml_au_"},
+    {"nz", "VedaXMLNZ", "NZ", "vedaxml_nz", "vedaxml_nz_"},
+    {"b2bay_au", "B2BayAU", "AU", "vedaxml_au", "b2bay_"},
+    {"b2bay_nz", "B2BayNZ", "NZ", "b2bay_nz", "b2bay_nz_"},
+    {"b2bay_nz_v2", "B2BayNZ_V2", "NZ", "b2bay_nz_v2", "b2bay_nz_v2_"},
+};
+
+const Service& find(const std::string& key) {
+    return *std::find_if(std::begin(kServices), std::end(kServices),
+                         [&key](const Service& service) { return service.key == key; });
+}
+
+std::string sheet_file(const Service& service) { return kRoot + "/xslt/" + service.sheet + ".xsl"; }
+
+std::unique_ptr<Request> translated(ZRCreditBureau& bureau, const Service& service,
+                                    const std::string& product, const std::string& reply) {
+    auto request = bureau.CreateRequest();
+    request->ServiceName(service.name);
+    request->ProductId(product);
+    EXPECT_TRUE(bureau.BuildResponse(*request, DateTime::ymd(2012, 6, 15), reply))
+        << bureau.ErrorMessage();
+    return request;
+}
+
+// A facade whose service renders with its sheet.
+void initialise(ZRCreditBureau& bureau, const Service& service, bool directors_counted) {
+    ASSERT_TRUE(bureau.Initialise(service.country));
+    zr::Service& own = bureau.Services().Item(service.name);
+    for (const Property<zr::Service>& setting : own.settings()) {
+        if (setting.name == "XSLTFileName") setting.write(own, sheet_file(service));
+        if (setting.name == "CompanyAddDirectorsStatistics") setting.write(own, directors_counted);
+    }
+}
 
 std::string upper_case(std::string text) {
     std::transform(text.begin(), text.end(), text.begin(), [](char c) {
@@ -55,16 +100,23 @@ std::vector<std::string> pieces(std::string description) {
 
 }  // namespace
 
-std::string example(const std::string& country, const std::string& name) {
-    std::ifstream file(kRoot + "/examples/vedaxml_" + country + "_" + name + ".xml",
+std::string example(const std::string& service, const std::string& name) {
+    std::ifstream file(kRoot + "/examples/" + find(service).examples + name + ".xml",
                        std::ios::binary);
     EXPECT_TRUE(file) << name;
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-std::string render(const std::string& country, const std::string& reply) {
+std::string render(const std::string& service, const std::string& reply) {
     static StyleSheets sheets;
-    return sheets.transform(reply, kRoot + "/xslt/vedaxml_" + country + ".xsl");
+    return sheets.transform(reply, sheet_file(find(service)));
+}
+
+std::string render_by_component(const std::string& service, const std::string& reply,
+                                const std::string& product, bool directors_counted) {
+    ZRCreditBureau bureau;
+    initialise(bureau, find(service), directors_counted);
+    return translated(bureau, find(service), product, reply)->Response()->ResponseHTML();
 }
 
 std::string reply_with(const std::string& data, const std::string& code) {
@@ -82,12 +134,13 @@ std::string sections(const std::string& html) {
     return result;
 }
 
-void expect_whole_page(const std::string& country, const std::string& name) {
-    SCOPED_TRACE(country + ' ' + name);
-    const std::string html = render(country, example(country, name));
+void expect_whole_page(const std::string& service, const std::string& name) {
+    SCOPED_TRACE(service + ' ' + name);
+    const std::string html = render(service, example(service, name));
     EXPECT_TRUE(html.starts_with("<!DOCTYPE html")) << html.substr(0, 80);
     EXPECT_EQ(page::unbalanced(html), "");
-    EXPECT_NE(html.find("<html lang=\"en-" + upper_case(country) + "\">"), std::string::npos);
+    EXPECT_NE(html.find("<html lang=\"en-" + std::string(find(service).country) + "\">"),
+              std::string::npos);
     for (const char* forbidden : {"<script", "<link", "<img", "<iframe", "http://", "https://",
                                   " src=", "url(", "@import", " onclick", "NaN", "&amp;lt;"}) {
         EXPECT_EQ(html.find(forbidden), std::string::npos) << forbidden;
@@ -107,19 +160,15 @@ void expect_whole_page(const std::string& country, const std::string& name) {
     }
 }
 
-void expect_every_line(const std::string& country, const std::string& name,
+void expect_every_line(const std::string& service, const std::string& name,
                        const std::string& product) {
     ZRCreditBureau bureau;
-    ASSERT_TRUE(bureau.Initialise(upper_case(country)));
+    ASSERT_TRUE(bureau.Initialise(find(service).country));
     bureau.DateFormat("d mmm yyyy");
-    const auto request = bureau.CreateRequest();
-    request->ServiceName("VedaXML" + upper_case(country));
-    request->ProductId(product);
-    const std::string reply = example(country, name);
-    ASSERT_TRUE(bureau.BuildResponse(*request, DateTime::ymd(2012, 6, 15), reply))
-        << bureau.ErrorMessage();
+    const std::string reply = example(service, name);
+    const auto request = translated(bureau, find(service), product, reply);
 
-    const std::string shown = comparable(page::plain_text(render(country, reply)));
+    const std::string shown = comparable(page::plain_text(render(service, reply)));
     for (const ResponseElement& line : request->Response()->ResponseElements()) {
         const std::string_view group = line.ResponseGroup();
         if (group == "Statistics" || group == "Quick Summary") continue;
@@ -141,18 +190,76 @@ void expect_every_line(const std::string& country, const std::string& name,
     }
 }
 
-void expect_no_markup(const std::string& country, std::initializer_list<const char*> names) {
+void expect_figures(const std::string& service, const std::string& name, const std::string& product,
+                    bool directors_counted) {
+    SCOPED_TRACE(service + ' ' + name);
+    ZRCreditBureau bureau;
+    initialise(bureau, find(service), directors_counted);
+    const auto request = translated(bureau, find(service), product, example(service, name));
+    const Response& response = *request->Response();
+    // Disqualifications have no figure of their own.
+    const auto disqualified = [&] {
+        const std::string reply = response.ResponseXML();
+        const std::regex record("<disqualified-directorship>");
+        return std::distance(std::sregex_iterator(reply.begin(), reply.end(), record), {});
+    }();
+    const auto adverse = response.DefaultCount() + response.CollectionCount() +
+                         response.JudgementCount() + response.BankruptcyCount() +
+                         response.PublicNoticeAdverseCount() + disqualified;
+    const int open = response.DefaultCountUnpaid() + response.CollectionCountUnpaid() +
+                     response.JudgementCountUnpaid() + response.BankruptcyCountUndischarged();
+    Currency owed = response.DefaultLoadedBalance();
+    owed += response.CollectionLoadedBalance();
+    owed += response.JudgementLoadedBalance();
+    const std::string expected =
+        adverse == 0 ? " outside the statistics, "
+                     : ' ' + std::to_string(adverse) + " adverse records, " + std::to_string(open) +
+                           " open, " + RegionalFormat("currency").format(owed) + " owed ";
+    const std::string shown = page::plain_text(response.ResponseHTML());
+    EXPECT_NE(shown.find(expected), std::string::npos) << expected << "\nin\n" << shown;
+}
+
+void expect_codes(const std::string& service, const std::string& product_id,
+                  std::initializer_list<CodePlace> places) {
+    ZRCreditBureau bureau;
+    ASSERT_TRUE(bureau.Initialise(find(service).country));
+    const auto& own = bureau.Services().Item(find(service).name);
+    const auto& product = own.Products().Item(product_id);
+    const auto shown = [&service](const CodePlace& place, const std::string& code) {
+        std::string record = place.record;
+        page::replace_all(record, "CODE", code);
+        const std::string report =
+            "<response><enquiry-report>" + record + "</enquiry-report></response>";
+        return page::plain_text(render(service, reply_with(report)));
+    };
+    for (const CodePlace& place : places) {
+        const bool of_product = product.CodeTables().Exists(place.table);
+        const auto& table =
+            (of_product ? product.CodeTables() : own.CodeTables()).Item(place.table);
+        EXPECT_GT(table.Count(), 1) << place.table;
+        for (const auto& row : table) {
+            const std::string code(row.Code());
+            // Of rows with one code the first is the one that a look-up finds.
+            const std::string description(table.GetDescriptionFromCode(code));
+            EXPECT_NE(shown(place, code).find(' ' + description + ' '), std::string::npos)
+                << place.table << ' ' << code << ' ' << description;
+        }
+        EXPECT_NE(shown(place, "?!").find("?!"), std::string::npos) << place.table;
+    }
+}
+
+void expect_no_markup(const std::string& service, std::initializer_list<const char*> names) {
     const std::string hostile = "&lt;img src=x onerror=1&gt;&amp;&quot;";
     for (const char* name : names) {
-        std::string reply = example(country, name);
+        std::string reply = example(service, name);
         reply = std::regex_replace(reply, std::regex(">[^<>\n]+</"), ">" + hostile + "</");
-        EXPECT_NE(render(country, reply).find("&lt;img src=x"), std::string::npos) << name;
-        EXPECT_EQ(render(country, reply).find("<img"), std::string::npos) << name;
+        EXPECT_NE(render(service, reply).find("&lt;img src=x"), std::string::npos) << name;
+        EXPECT_EQ(render(service, reply).find("<img"), std::string::npos) << name;
 
         reply = std::regex_replace(reply, std::regex(" ([a-z-]+)=\"[^\"]+\""),
                                    " $1=\"" + hostile + "\"");
         reply.erase(0, reply.find("<BCAmessage"));
-        const std::string html = render(country, reply);
+        const std::string html = render(service, reply);
         EXPECT_EQ(html.find("<img"), std::string::npos) << name;
         EXPECT_EQ(page::unbalanced(html), "") << name;
     }

@@ -40,6 +40,12 @@ constexpr const char* kSurnames =
     "Motors, Adverse Foods, and takes the names above from REFUSED on; words may be cut short.\n"
     "Every number of up to seven digits is a company's, unless it ends with 000.\n";
 
+constexpr const char* kOwnReplies =
+    "\nReplies of your own: FOLDER/KEY.xml, or FOLDER/australia/KEY.xml and\n"
+    "FOLDER/new_zealand/KEY.xml for one country, answers a request that is in order and whose\n"
+    "bureau reference, company number, client reference, surname or company name is KEY, in any\n"
+    "letter case. It is sent as it stands; a template (root t:reply) is filled in first.\n";
+
 std::string faults_help() {
     std::string text = "\nFaults, KIND[=VALUE][@COUNT]; COUNT: only the first so many times:\n";
     for (const FaultRow& row : fault_rows()) {
@@ -82,7 +88,7 @@ std::variant<Options, int> parse_options(int argc, char** argv) {
     long seconds = 0;
 
     CLI::App app(kAbout, "bureau_gateway");
-    app.footer(kSurnames + faults_help());
+    app.footer(std::string(kSurnames) + kOwnReplies + faults_help());
     app.add_option("--host", settings.host, "loopback address to listen at")->capture_default_str();
     app.add_option("--port", settings.port, "port to listen at; 0: a free one")
         ->capture_default_str();
@@ -101,6 +107,10 @@ std::variant<Options, int> parse_options(int argc, char** argv) {
     app.add_option("--today", today, "yyyy-mm-dd: day that reports are dated back from");
     app.add_option("--fault", faults, "a deliberate failure (below); may be repeated")
         ->allow_extra_args(false);
+    app.add_option("--replies", settings.replies_folder,
+                   "folder of replies of your own, sent before invented ones (below)");
+    app.add_option("--data", settings.data_folder,
+                   "folder of schemas and templates [beside the program]");
     app.add_option("--log", settings.log_file, "one line an exchange is appended to this file");
     app.add_option("--max-seconds", seconds, "stop after so many seconds")
         ->check(CLI::Range(1, 86'400));

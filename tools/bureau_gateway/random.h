@@ -3,7 +3,6 @@
 #pragma once
 
 #include <cstdint>
-#include <span>
 #include <string>
 #include <string_view>
 
@@ -17,33 +16,26 @@ constexpr std::uint64_t hash(std::string_view text, std::uint64_t seed = 0xcbf29
     return seed;
 }
 
-/// A sequence of its own for each (seed, purpose), so that one section of a report can change
-/// without changing the others.
 class Random {
   public:
-    Random(std::uint64_t seed, std::string_view purpose) : state_(hash(purpose) ^ seed * kStride) {
-        next();
-    }
+    explicit Random(std::uint64_t seed) : state_(seed) { next(); }
 
     std::uint64_t next() {
-        state_ += kStride;
+        state_ += 0x9e3779b97f4a7c15ull;
         std::uint64_t mixed = state_;
         mixed = (mixed ^ mixed >> 30) * 0xbf58476d1ce4e5b9ull;
         mixed = (mixed ^ mixed >> 27) * 0x94d049bb133111ebull;
         return mixed ^ mixed >> 31;
     }
 
-    /// From `low` to `high`, both included.
+    /// From `low` to `high`, both included; `low` when there is nothing between them.
     int between(int low, int high) {
-        return low + static_cast<int>(next() % static_cast<std::uint64_t>(high - low + 1));
+        return high <= low
+                   ? low
+                   : low + static_cast<int>(next() % static_cast<std::uint64_t>(high - low + 1));
     }
 
     bool percent(int chance) { return between(1, 100) <= chance; }
-
-    template <class Row, std::size_t Extent>
-    const Row& pick(std::span<const Row, Extent> rows) {
-        return rows[next() % rows.size()];
-    }
 
     /// So many decimal digits, the first of them not 0.
     std::string digits(int count) {
@@ -55,15 +47,7 @@ class Random {
     }
 
   private:
-    static constexpr std::uint64_t kStride = 0x9e3779b97f4a7c15ull;
     std::uint64_t state_;
-};
-
-/// A range that a number of records is drawn from.
-struct Range {
-    int low;
-    int high;
-    int draw(Random& random) const { return random.between(low, high); }
 };
 
 }  // namespace zr::gateway

@@ -5,7 +5,7 @@
 namespace zr::gateway {
 
 Reception::Reception(const Settings& settings, FaultBoard& faults)
-    : bureau_(settings.user, settings.password, settings.today),
+    : bureau_(settings),
       guard_(settings.http_auth, settings.user, settings.password),
       faults_(faults),
       log_(settings.log_file) {}
@@ -14,7 +14,7 @@ std::optional<HttpReply> Reception::turn_away(const HttpExchange& exchange) cons
     if (exchange.refused_status) {
         return status_page(*exchange.refused_status);
     }
-    if (!Bureau::serves(exchange.path)) {
+    if (!bureau_.serves(exchange.path)) {
         return status_page(404);
     }
     if (exchange.method != "POST") {
@@ -36,14 +36,14 @@ std::optional<HttpReply> Reception::turn_away(const HttpExchange& exchange) cons
 
 Delivery Reception::answer(const HttpExchange& exchange) {
     if (auto reply = turn_away(exchange)) {
-        const bool known_path = !exchange.refused_status && Bureau::serves(exchange.path);
+        const bool known_path = !exchange.refused_status && bureau_.serves(exchange.path);
         log_.write(known_path ? exchange.path : "-", "-", std::to_string(reply->status));
         return deliver(std::move(*reply), {}, exchange.keep_alive);
     }
     Answer answer = bureau_.answer(exchange.path, exchange.body);
     std::vector<Fault> faults = faults_.take_exchange_faults();
     faults.insert(faults.end(), answer.faults.begin(), answer.faults.end());
-    std::string outcome(answer.outcome);
+    std::string outcome = answer.outcome;
     for (const Fault& fault : faults) {
         outcome += " fault:" + std::string(name_of(fault.kind));
     }

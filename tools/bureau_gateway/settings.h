@@ -35,6 +35,8 @@ struct Settings {
     /// The day that reports are dated back from; none: the current date of each exchange.
     std::optional<std::chrono::year_month_day> today{};
     std::filesystem::path certificate_file{};  ///< where the authority is written; empty: nowhere
+    std::filesystem::path replies_folder{};    ///< replies of the user's own; empty: none
+    std::filesystem::path data_folder{};       ///< schemas and templates; empty: beside the program
     std::filesystem::path log_file{};          ///< empty: no log
     Limits limits{};
 };

@@ -1,8 +1,10 @@
 #include "zrcreditbureau/batch.h"
 
+#include <algorithm>
 #include <atomic>
 #include <cstdio>
 #include <exception>
+#include <iostream>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -19,6 +21,7 @@
 #include "zrcreditbureau/job_source.h"
 #include "zrcreditbureau/ndjson.h"
 #include "zrcreditbureau/ordered_results.h"
+#include "zrcreditbureau/output.h"
 #include "zrcreditbureau/part_file.h"
 #include "zrcreditbureau/progress.h"
 #include "zrcreditbureau/report_text.h"
@@ -29,8 +32,11 @@ namespace {
 /// Results held for each worker: enough that one slow reply does not stop the others.
 constexpr std::size_t kResultsPerWorker = 4;
 
-/// Failures told on standard error: enough to see what is wrong.
-constexpr std::uint64_t kMostFailuresTold = 20;
+/// Few enough that workers share the jobs evenly, many enough that sharing costs nothing.
+constexpr std::size_t kMostItems = 8;
+
+/// What is told of single jobs on standard error: enough to see what is wrong.
+constexpr std::uint64_t kMostMessages = 20;
 
 /// Translates the reply in a file; whatever is wrong with it is its outcome.
 Outcome translate_file(Performer& performer, const Job& base, const std::string& path) {
@@ -65,20 +71,28 @@ std::string one_line(std::string_view message) {
     return line;
 }
 
+std::size_t bytes_of(const std::vector<BatchItem>& items) {
+    std::size_t bytes = 0;
+    for (const BatchItem& item : items) {
+        bytes += item.bytes;
+    }
+    return bytes;
+}
+
 /// The workers and what they share.
 class Run {
   public:
-    Run(JobSource& source, const Job& base, Output& output, Progress& progress, Event& stop,
-        std::uint32_t workers)
-        : source_(source),
+    Run(const Batch& batch, JobSource& source, const Job& base, Output& output, Progress& progress,
+        Event& stop)
+        : batch_(batch),
+          source_(source),
           base_(base),
           output_(output),
           progress_(progress),
           stop_(stop),
           results_(
-              workers * kResultsPerWorker, [this](BatchResult&& result) { write(result); },
-              [this] { output_.flush(); }),
-          working_(workers) {}
+              batch.workers * kResultsPerWorker, [this](BatchResult&& result) { write(result); },
+              [this] { output_.flush(); }) {}
 
     /// Works until there is nothing more to do, or a signal came; its number. Throws what a worker
     /// met.
@@ -89,10 +103,11 @@ class Run {
   private:
     void work();
     bool take(std::vector<BatchItem>& items, std::uint64_t& number);
-    BatchResult perform(Performer& performer, automation::JsonWriter& json,
-                        const std::vector<BatchItem>& items, std::size_t usual_size);
+    BatchResult perform(Performer& performer, const std::vector<BatchItem>& items);
     void write(const BatchResult& result);
+    void tell(const std::vector<std::string>& messages);
 
+    const Batch& batch_;
     JobSource& source_;
     const Job& base_;
     Output& output_;
@@ -103,26 +118,27 @@ class Run {
     OrderedResults results_;
     std::atomic<std::uint64_t> translated_ = 0;
     std::atomic<std::uint64_t> failed_ = 0;
-    std::atomic<std::uint32_t> working_;
+    std::atomic<std::uint64_t> doubtful_ = 0;
     std::uint64_t told_ = 0;  // of the one that writes
-    Event done_;
     std::mutex failure_mutex_;
     std::exception_ptr failure_;
 };
 
 bool Run::take(std::vector<BatchItem>& items, std::uint64_t& number) {
     const std::lock_guard lock(source_mutex_);
-    if (stop_.is_set() || !results_.wait_for_room(next_number_) || !source_.take(items)) {
+    // What the bureau is asked waits for nothing, and nothing waits for it.
+    const std::size_t most = asks_bureau(batch_.operation) ? 1 : kMostItems;
+    if (stop_.is_set() || !results_.wait_for_room(next_number_) || !source_.take(items, most)) {
         return false;
     }
     number = next_number_++;
-    return true;
+    return results_.wait_for_bytes(bytes_of(items));
 }
 
-BatchResult Run::perform(Performer& performer, automation::JsonWriter& json,
-                         const std::vector<BatchItem>& items, std::size_t usual_size) {
+BatchResult Run::perform(Performer& performer, const std::vector<BatchItem>& items) {
     BatchResult result;
-    result.lines.reserve(usual_size);
+    result.bytes = bytes_of(items);
+    automation::JsonWriter json([&result](std::string_view text) { result.lines += text; });
     for (const BatchItem& item : items) {
         if (stop_.is_set()) {
             result.last = true;
@@ -131,30 +147,42 @@ BatchResult Run::perform(Performer& performer, automation::JsonWriter& json,
         const Outcome outcome = source_.files()
                                     ? translate_file(performer, base_, item.text)
                                     : answer(performer, base_, item.text, item.too_long);
-        write_result(json, Operation::kTranslate, outcome,
-                     source_.files() ? item.text : std::string());
+        write_result(json, batch_.operation, outcome, source_.files() ? item.text : std::string());
         result.lines.append(json.view()).append("\n");
         json.clear();
-        if (outcome.result) {
-            ++result.translated;
-        } else {
-            result.failures.push_back(
+        ++(outcome.result ? result.translated : result.failed);
+        result.doubtful += outcome.result && !outcome.warning.empty() ? 1 : 0;
+        const std::string& message = outcome.result ? outcome.warning : outcome.error_message;
+        if (!message.empty()) {
+            result.messages.push_back(
                 (source_.files() ? item.text : "line " + std::to_string(item.number)) + ": " +
-                outcome.error_message);
+                message);
         }
     }
     return result;
 }
 
 void Run::write(const BatchResult& result) {
-    output_.write(result.lines);
+    if (asks_bureau(batch_.operation)) {
+        write_or_rescue(
+            output_, [&](Output& output) { output.write(result.lines); }, &Output::sync);
+    } else {
+        output_.write(result.lines);
+    }
     translated_ += result.translated;
-    failed_ += result.failures.size();
-    for (const std::string& failure : result.failures) {
-        if (told_ < kMostFailuresTold) {
-            progress_.say("zrcreditbureau: " + one_line(failure));
-        } else if (told_ == kMostFailuresTold) {
-            progress_.say("zrcreditbureau: what else fails is told in the results only.");
+    failed_ += result.failed;
+    doubtful_ += result.doubtful;
+    if (!batch_.results_only) {
+        tell(result.messages);
+    }
+}
+
+void Run::tell(const std::vector<std::string>& messages) {
+    for (const std::string& message : messages) {
+        if (told_ < kMostMessages) {
+            progress_.say("zrcreditbureau: " + one_line(message));
+        } else if (told_ == kMostMessages) {
+            progress_.say("zrcreditbureau: what else there is to say is in the results only.");
         }
         ++told_;
     }
@@ -162,15 +190,14 @@ void Run::write(const BatchResult& result) {
 
 void Run::work() {
     try {
-        Performer performer(Operation::kTranslate);
-        automation::JsonWriter json;
+        Performer performer(batch_.operation);
         std::vector<BatchItem> items;
         std::uint64_t number = 0;
-        std::size_t size = 0;  // of the last result: the next one is likely to be as long
         while (take(items, number)) {
-            BatchResult result = perform(performer, json, items, size);
-            size = result.lines.size();
-            results_.deliver(number, std::move(result));
+            if (asks_bureau(batch_.operation)) {
+                output_.need_room();
+            }
+            results_.deliver(number, perform(performer, items));
         }
     } catch (...) {
         const std::lock_guard lock(failure_mutex_);
@@ -178,13 +205,10 @@ void Run::work() {
         stop_.set();
         results_.close();
     }
-    if (--working_ == 0) {
-        done_.set();
-    }
 }
 
 Standing Run::standing() const {
-    Standing standing{translated_, failed_};
+    Standing standing{translated_, failed_, doubtful_};
     const std::optional<std::uint64_t> total = source_.total();
     standing.share = !total ? -1
                      : *total == 0
@@ -194,24 +218,14 @@ Standing Run::standing() const {
 }
 
 int Run::go(Interruption& interruption) {
-    constexpr int kBetweenDrawings = 100;  // milliseconds
-    int signal = 0;
-    progress_.draw(standing());
-    {
+    const auto work = [this] {
         std::vector<std::jthread> threads;
-        for (std::uint32_t worker = working_; worker > 0; --worker) {
-            threads.emplace_back([this] { work(); });
+        for (std::uint32_t worker = batch_.workers; worker > 0; --worker) {
+            threads.emplace_back([this] { this->work(); });
         }
-        while (!done_.is_set()) {
-            const int came = interruption.wait(done_, kBetweenDrawings);
-            progress_.draw(standing());
-            if (came != 0 && signal == 0) {
-                signal = came;
-                stop_.set();
-                interruption.release();  // the next one is not waited for
-            }
-        }
-    }
+    };
+    const int signal =
+        hold_signals(interruption, stop_, work, [this] { progress_.draw(standing()); });
     progress_.clear();
     if (failure_) {
         std::rethrow_exception(failure_);
@@ -247,6 +261,7 @@ std::string options_identity(const Job& job) {
     fingerprint.add(job.date_format.value_or("-"));
     fingerprint.add(job.currency_format.value_or("-"));
     fingerprint.add(job.currency_format_symbol.value_or("-"));
+    fingerprint.add(job.strict ? "strict" : "-");
     fingerprint.add(job.response_date ? job.response_date->to_iso() : "-");
     for (const SettingsLayer& layer : job.services) {
         add_value(fingerprint, layer.settings);
@@ -257,25 +272,58 @@ std::string options_identity(const Job& job) {
     return fingerprint.text();
 }
 
-/// Where the results go: a part file where the run could be gone on with, else as every output.
+/// What a line says its job's result was; nothing where it is not the result of this job.
+std::optional<bool> read_result(std::string_view line, std::string_view file) {
+    try {
+        const automation::JsonValue result = automation::parse_json(line);
+        const automation::JsonValue* const name = result.find("File");
+        const automation::JsonValue* const outcome = result.find("Result");
+        if ((name == nullptr ? std::string_view() : name->text()) == file && outcome != nullptr &&
+            outcome->kind() == automation::JsonValue::Kind::kBoolean &&
+            result.find("Response") != nullptr) {
+            return outcome->boolean();
+        }
+    } catch (const automation::JsonError&) {
+        // no result at all
+    }
+    return std::nullopt;
+}
+
+/// Where the results go: a part file where the run could be gone on with, or its results could not
+/// be had again, else as every output.
 struct Target {
     Target(const Batch& batch, Job& base, JobSource& source, const std::string& path) {
-        const std::optional<std::string> input = source.identity();
-        if (!input && batch.resume) {
+        const bool file = place_of(path) == Place::kFile;
+        if (asks_bureau(batch.operation) && file) {
+            part.emplace(path);
+        } else if (batch.results_only || !file || !source.identity()) {
+            plain.emplace(path);
+        }
+        if (batch.results_only) {
+            return;
+        }
+        if (!source.identity() && batch.resume) {
             throw MisuseError(
                 "--resume needs an input that can be read again: name files, folders or --input "
                 "FILE.");
         }
         const DateTime today = base.response_date.value_or(DateTime::now().date_only());
-        if (!input || !PartFile::is_possible(path)) {
-            plain.emplace(path);
+        if (plain) {
             base.response_date = today;
-            return;
+        } else {
+            gather(batch, base, source, path, today);
         }
-        RunIdentity identity{"zrcreditbureau " + ZRCreditBureau::Version() + " " + *input + " " +
-                                 options_identity(base),
+    }
+
+    void gather(const Batch& batch, Job& base, JobSource& source, const std::string& path,
+                const DateTime& today) {
+        RunIdentity identity{"zrcreditbureau " + ZRCreditBureau::Version() + " " +
+                                 *source.identity() + " " + options_identity(base),
                              today.to_iso()};
-        part.emplace(path, batch.resume, identity);
+        part.emplace(path, batch.resume, identity,
+                     [&](std::string_view line, std::uint64_t number) {
+                         return read_result(line, source.file(number));
+                     });
         base.response_date = convert::to_date_time(identity.day).value_or(today);
         if (!source.skip(part->finished())) {
             throw MisuseError(path + ".part has more results than the input has replies.");
@@ -289,18 +337,66 @@ struct Target {
     std::optional<PartFile> part;
 };
 
-std::string summary(const Standing& standing, double seconds, const Target& target, int signal) {
-    const double rate = static_cast<double>(standing.translated + standing.failed) / seconds;
-    char figures[64];
-    (void)std::snprintf(figures, sizeof figures, " in %.2f s (%.0f a second)", seconds, rate);
-    std::string text = "zrcreditbureau: ";
-    text += signal != 0 ? "interrupted: " : "";
-    text += std::to_string(standing.translated) + " translated, " +
-            std::to_string(standing.failed) + " failed" + figures;
+std::string answered(const Standing& standing) {
+    return std::to_string(standing.translated + standing.failed) + " answered";
+}
+
+/// Where results are that an interruption has left.
+std::string left_in(const Batch& batch, const Target& target) {
+    if (!target.part) {
+        return {};
+    }
+    return asks_bureau(batch.operation) ? "; the results are in " + target.part->path()
+                                        : "; --resume goes on";
+}
+
+std::string doubtful(const Standing& standing) {
+    return standing.doubtful == 0
+               ? ""
+               : ", " + std::to_string(standing.doubtful) + " without a matched file";
+}
+
+std::string summary(const Batch& batch, const Standing& standing, double seconds,
+                    const Target& target, int signal) {
+    std::string text = signal != 0 ? "interrupted: " : "";
+    if (batch.results_only) {
+        text += answered(standing);
+    } else {
+        char figures[64];
+        (void)std::snprintf(figures, sizeof figures, " in %.2f s (%.0f a second)", seconds,
+                            static_cast<double>(standing.translated + standing.failed) / seconds);
+        text += std::to_string(standing.translated) + " translated, " +
+                std::to_string(standing.failed) + " failed" + doubtful(standing) + figures;
+    }
     if (target.part && target.part->finished() > 0) {
         text += ", after " + std::to_string(target.part->finished()) + " done before";
     }
-    return text + (signal != 0 && target.part ? "; --resume goes on" : "") + ".";
+    return "zrcreditbureau: " + text + (signal != 0 ? left_in(batch, target) : "") + ".";
+}
+
+/// Tells what people should know about the input; not more than they can read.
+void remark(Progress& progress, const std::vector<std::string>& remarks) {
+    constexpr std::size_t kMost = 20;
+    for (std::size_t at = 0; at < std::min(remarks.size(), kMost); ++at) {
+        progress.say("zrcreditbureau: " + one_line(remarks[at]));
+    }
+    if (remarks.size() > kMost) {
+        progress.say("zrcreditbureau: and " + std::to_string(remarks.size() - kMost) + " more.");
+    }
+}
+
+/// As Run::go; where the output fails, people learn where the results before it are.
+int go(Run& run, Interruption& interruption, const Batch& batch, const Target& target) {
+    try {
+        return run.go(interruption);
+    } catch (const OutputError&) {
+        const Standing standing = run.standing();
+        if (asks_bureau(batch.operation) && target.part &&
+            standing.translated + standing.failed > 0) {
+            std::cerr << "zrcreditbureau: " + answered(standing) + left_in(batch, target) + ".\n";
+        }
+        throw;
+    }
 }
 
 }  // namespace
@@ -311,24 +407,32 @@ int run_batch(const Batch& batch, Job base, const std::string& output_path) {
     const std::unique_ptr<JobSource> source =
         batch.names.empty()
             ? make_line_source(batch.input == "-" ? "" : batch.input, batch.shard, stop)
-            : make_file_source(batch.names, batch.shard);
+            : make_file_source(batch.names, batch.shard, output_path);
     Target target(batch, base, *source, output_path);
-    Progress progress(batch.quiet);
-    Run run(*source, base, target.output(), progress, stop, batch.workers);
-    const int signal = run.go(interruption);
+    Progress progress(batch.quiet || batch.results_only);
+    remark(progress, source->remarks());
+    if (target.part && target.part->dropped()) {
+        remark(progress,
+               {target.part->path() + " has other things behind its first " +
+                std::to_string(target.part->finished()) + " results: they are made again."});
+    }
+    Run run(batch, *source, base, target.output(), progress, stop);
+    const int signal = go(run, interruption, batch, target);
     const Standing standing = run.standing();
     if (signal == 0) {
         target.finish();
+        if (!batch.results_only) {
+            remark(progress, source->additions());
+        }
     }
-    if (!batch.quiet) {
-        progress.say(summary(standing, progress.seconds(), target, signal));
+    if (batch.results_only ? signal != 0 : !batch.quiet) {
+        progress.say(summary(batch, standing, progress.seconds(), target, signal));
     }
     if (signal != 0) {
-        constexpr int kEndedBySignal = 128;
-        return kEndedBySignal + signal;
+        return ended_by(signal);
     }
     const std::uint64_t failed = standing.failed + (target.part ? target.part->failed() : 0);
-    return failed == 0 ? kDone : kFailed;
+    return failed == 0 || batch.results_only ? kDone : kFailed;
 }
 
 }  // namespace zr::cli

@@ -1,4 +1,4 @@
-// Many stored replies translated at once.
+// Many jobs: stored replies translated at once, or jobs one after the other.
 #pragma once
 
 #include <cstdint>
@@ -6,23 +6,29 @@
 #include <vector>
 
 #include "zrcreditbureau/job.h"
+#include "zrcreditbureau/operation.h"
 #include "zrcreditbureau/shard.h"
 
 namespace zr::cli {
 
 struct Batch {
+    Operation operation = Operation::kTranslate;
     std::vector<std::string> names;  ///< files and folders of replies; none where jobs are lines
     std::string input;               ///< file of jobs as lines; "" or "-" is standard input
     std::uint32_t workers = 1;
     Shard shard;
     bool resume = false;
     bool quiet = false;
+    /// For programs: a job that fails has its result and no more, neither a line on standard error
+    /// nor a part in the exit status.
+    bool results_only = false;
 };
 
-/// Translates every reply on workers with facades of their own and writes one JSON result a line,
-/// in the order of the input; `base` is what each job starts from. What fails is told on standard
-/// error and the run goes on. An interruption ends the output behind a whole line. The exit status.
-/// Throws MisuseError and OutputError.
+/// Performs every job on workers with facades of their own and writes one JSON result a line, in
+/// the order of the input, before more input is waited for; `base` is what each job starts from.
+/// What fails is told on standard error and the run goes on. An interruption ends the output behind
+/// a whole line. Jobs that ask the bureau come one at a time, each when the result before it is
+/// kept. The exit status. Throws MisuseError and OutputError.
 int run_batch(const Batch& batch, Job base, const std::string& output_path);
 
 }  // namespace zr::cli

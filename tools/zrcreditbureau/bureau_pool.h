@@ -13,7 +13,7 @@
 namespace zr::cli {
 
 /// Lends facades that look new to every job: settings are reset, while what is costly to make (the
-/// catalogues, compiled style sheets, the transport's connections) is kept.
+/// catalogues, compiled style sheets, the transport's TLS sessions) is kept.
 class BureauPool {
   public:
     /// Every facade exchanges over this transport, which outlives the pool.

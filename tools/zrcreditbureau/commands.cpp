@@ -1,14 +1,15 @@
 #include "zrcreditbureau/commands.h"
 
+#include <functional>
 #include <iostream>
-#include <memory>
+#include <optional>
 
 #include "automation/json_form.h"
 #include "values/text.h"
 #include "zrcreditbureau/catalogue_text.h"
 #include "zrcreditbureau/failure.h"
-#include "zrcreditbureau/files.h"
-#include "zrcreditbureau/ndjson.h"
+#include "zrcreditbureau/interruption.h"
+#include "zrcreditbureau/output.h"
 #include "zrcreditbureau/report_text.h"
 
 namespace zr::cli {
@@ -43,10 +44,7 @@ constexpr Command kCommands[] = {
 
 void write_document(Output& output, std::string_view document) {
     output.write(document);
-    if (!document.empty() && !document.ends_with('\n')) {
-        output.write("\n");
-    }
-    output.finish();
+    output.write(document.empty() || document.ends_with('\n') ? "" : "\n");
 }
 
 /// Writes a JSON document as it is made.
@@ -70,7 +68,8 @@ std::string outcome_text(Operation operation, const Outcome& outcome) {
         case Operation::kTranslate:
             break;
     }
-    return report_text(*outcome.response, "The reply holds no report lines.");
+    return (outcome.warning.empty() ? "" : outcome.warning + "\n\n") +
+           report_text(*outcome.response, "The reply holds no report lines.");
 }
 
 constexpr std::string_view kNoHtml =
@@ -121,7 +120,8 @@ int run_catalogue(const Invocation& invocation) {
     if (!bureau.Initialise(invocation.job.country)) {
         throw MisuseError(bureau.ErrorMessage());
     }
-    Output output(invocation.output_path);
+    constexpr mode_t kForAll = 0666;
+    Output output(invocation.output_path, kForAll);
     if (invocation.format == Format::kText) {
         write_document(output, catalogue_text(bureau));
     } else {
@@ -129,17 +129,46 @@ int run_catalogue(const Invocation& invocation) {
             automation::write_catalogue(json, bureau);
         });
     }
+    output.finish();
     return kDone;
 }
 
-/// Writes the HTML beside the report, where there is any.
-void write_html(Output& output, const Outcome& outcome) {
-    const std::string& page = outcome.response->ResponseHTML();
-    if (page.empty()) {
-        std::cerr << kNoHtml;
+/// Writes a document to its output, which is then complete; one that was paid for is kept
+/// somewhere.
+void deliver(Operation operation, Output& output, const std::function<void(Output&)>& write) {
+    if (asks_bureau(operation)) {
+        write_or_rescue(output, write, &Output::finish);
     } else {
-        write_document(output, page);
+        write(output);
+        output.finish();
     }
+}
+
+int report(const Invocation& invocation, const Outcome& outcome, Output& output,
+           std::optional<Output>& html) {
+    const Operation operation = *invocation.command->operation;
+    // What is refused for being doubtful is reported all the same.
+    if (outcome.result || !outcome.warning.empty() || invocation.format == Format::kJson) {
+        deliver(operation, output,
+                [&](Output& target) { write_outcome(target, invocation, outcome); });
+    }
+    if (!outcome.result) {
+        std::cerr << printable(outcome.error_message) << '\n';
+        return kFailed;
+    }
+    if (!outcome.warning.empty()) {
+        std::cerr << "zrcreditbureau: " + outcome.warning + "\n";
+    }
+    if (html && outcome.response->ResponseHTML().empty()) {
+        std::cerr << kNoHtml;
+    } else if (html) {
+        deliver(operation, *html,
+                [&](Output& target) { write_document(target, outcome.response->ResponseHTML()); });
+    }
+    if (operation == Operation::kCompose && outcome.request_xml.empty()) {
+        std::cerr << "Nothing was composed: the request has not been filled in.\n";
+    }
+    return kDone;
 }
 
 int run_one(const Invocation& invocation) {
@@ -151,21 +180,40 @@ int run_one(const Invocation& invocation) {
         html.emplace(invocation.html_path);
     }
     Performer performer(*invocation.command->operation);
-    const Outcome outcome = performer.perform(invocation.job);
-    if (outcome.result || invocation.format == Format::kJson) {
-        write_outcome(output, invocation, outcome);
+    if (!asks_bureau(performer.operation())) {
+        return report(invocation, performer.perform(invocation.job), output, html);
     }
-    if (!outcome.result) {
-        std::cerr << printable(outcome.error_message) << '\n';
-        return kFailed;
-    }
+    output.need_room();
     if (html) {
-        write_html(*html, outcome);
+        html->need_room();
     }
-    if (performer.operation() == Operation::kCompose && outcome.request_xml.empty()) {
-        std::cerr << "Nothing was composed: the request has not been filled in.\n";
+    // A signal does not end what the bureau has been asked already.
+    Event stop;
+    Interruption interruption;
+    int status = kDone;
+    const int signal = hold_signals(
+        interruption, stop,
+        [&] { status = report(invocation, performer.perform(invocation.job), output, html); },
+        [] {});
+    return signal == 0 ? status : ended_by(signal);
+}
+
+/// No output is an input, or another output.
+void refuse_overwriting(const Invocation& invocation) {
+    std::vector<std::string> named = invocation.inputs;
+    named.push_back(invocation.html_path);
+    const bool gathers = invocation.many || invocation.ndjson;
+    for (const std::string_view ending : {"", ".part", ".part.run"}) {
+        if (invocation.output_path.empty() || (!ending.empty() && !gathers)) {
+            continue;
+        }
+        for (const std::string& other : named) {
+            refuse_same_file(other, invocation.output_path + std::string(ending));
+        }
     }
-    return kDone;
+    for (const std::string& input : invocation.inputs) {
+        refuse_same_file(input, invocation.html_path);
+    }
 }
 
 }  // namespace
@@ -176,21 +224,17 @@ int run_command(const Invocation& invocation) {
     if (!invocation.command->operation) {
         return run_catalogue(invocation);
     }
-    if (invocation.many) {
+    refuse_overwriting(invocation);
+    if (invocation.many || invocation.ndjson) {
         if (!invocation.ndjson) {
             require_country(invocation);
             require_service(invocation);
         }
-        return run_batch(invocation.batch, invocation.job, invocation.output_path);
+        Batch batch = invocation.batch;
+        batch.results_only = !invocation.many;
+        return run_batch(batch, invocation.job, invocation.output_path);
     }
-    if (!invocation.ndjson) {
-        return run_one(invocation);
-    }
-    Performer performer(*invocation.command->operation);
-    Output output(invocation.output_path);
-    run_ndjson(performer, invocation.job, output);
-    output.finish();
-    return kDone;
+    return run_one(invocation);
 }
 
 }  // namespace zr::cli

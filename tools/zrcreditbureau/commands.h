@@ -5,6 +5,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "zrcreditbureau/batch.h"
 #include "zrcreditbureau/job.h"
@@ -37,7 +38,8 @@ struct Invocation {
     Batch batch;
     Format format = Format::kText;
     std::string output_path;
-    std::string html_path;  ///< where the HTML goes beside the report; none when empty
+    std::string html_path;            ///< where the HTML goes beside the report; none when empty
+    std::vector<std::string> inputs;  ///< files that are read
 };
 
 /// Runs a command; the exit status. Throws MisuseError, OutputError and automation::JsonError.

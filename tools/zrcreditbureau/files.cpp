@@ -153,10 +153,8 @@ bool LineReader::next(std::string_view& line) {
         if (feed != nullptr) {
             const auto at =
                 static_cast<std::size_t>(static_cast<const char*>(feed) - buffer_.data());
-            if (!too_long_) {
-                line = {buffer_.data() + begin_, at - begin_};
-            }
-            begin_ = scanned_ = at + 1;
+            take_line(line, at);
+            scanned_ = begin_ = at + 1;
             return true;
         }
         scanned_ = end_;
@@ -167,92 +165,15 @@ bool LineReader::next(std::string_view& line) {
         at_end_ = !fill();
     }
     const bool any = begin_ != end_ || too_long_;
-    if (!too_long_) {
-        line = {buffer_.data() + begin_, end_ - begin_};
-    }
+    take_line(line, end_);
     begin_ = end_;
     return any;
 }
 
-Output::Output(std::string path) : path_(std::move(path)) {
-    if (path_.empty()) {
-        return;
-    }
-    struct stat status {};
-    const bool exists = ::stat(path_.c_str(), &status) == 0;
-    if (exists && S_ISDIR(status.st_mode)) {
-        throw OutputError("Cannot write " + path_ + ": it is a folder.");
-    }
-    if (exists && !S_ISREG(status.st_mode)) {
-        // A device or a pipe has no name to take.
-        descriptor_ = ::open(path_.c_str(), O_WRONLY | O_CLOEXEC);
-    } else {
-        temporary_path_ = path_ + ".XXXXXX";
-        descriptor_ = ::mkstemp(temporary_path_.data());
-        if (descriptor_ >= 0) {
-            // Readable to those whom the user's own files are; a file replaced keeps its mode.
-            const mode_t mask = ::umask(0);
-            ::umask(mask);
-            (void)::fchmod(descriptor_, exists ? status.st_mode & 07777U : 0666U & ~mask);
-        }
-    }
-    if (descriptor_ < 0) {
-        const int error = errno;
-        temporary_path_.clear();
-        throw OutputError("Cannot write " + path_ + ": " + std::strerror(error) + ".");
-    }
-}
-
-Output::Output(std::string path, std::string temporary_path, int descriptor)
-    : path_(std::move(path)),
-      temporary_path_(std::move(temporary_path)),
-      descriptor_(descriptor),
-      stays_(true) {}
-
-Output::~Output() {
-    if (!path_.empty()) {
-        ::close(descriptor_);
-    }
-    if (!temporary_path_.empty() && !stays_) {
-        ::unlink(temporary_path_.c_str());
-    }
-}
-
-void Output::write(std::string_view text) {
-    if (pending_.size() + text.size() < kChunk) {
-        pending_ += text;
-        return;
-    }
-    flush();
-    send(text);
-}
-
-void Output::flush() {
-    send(pending_);
-    pending_.clear();
-}
-
-void Output::send(std::string_view rest) {
-    while (!rest.empty()) {
-        const ssize_t count = ::write(descriptor_, rest.data(), rest.size());
-        if (count >= 0) {
-            rest.remove_prefix(static_cast<std::size_t>(count));
-        } else if (errno == EPIPE) {
-            throw BrokenPipe();
-        } else if (errno != EINTR) {
-            throw OutputError("Cannot write " + (path_.empty() ? "standard output" : path_) + ": " +
-                              std::strerror(errno) + ".");
-        }
-    }
-}
-
-void Output::finish() {
-    flush();
-    if (!temporary_path_.empty()) {
-        if (::rename(temporary_path_.c_str(), path_.c_str()) != 0) {
-            throw OutputError("Cannot write " + path_ + ": " + std::strerror(errno) + ".");
-        }
-        temporary_path_.clear();
+void LineReader::take_line(std::string_view& line, std::size_t end) {
+    too_long_ = too_long_ || end - begin_ > kLargestInput;
+    if (!too_long_) {
+        line = {buffer_.data() + begin_, end - begin_};
     }
 }
 

@@ -1,5 +1,4 @@
-// Files and standard streams: whole files in, lines in, one output that appears when it is
-// complete.
+// What is read: whole files, and lines.
 #pragma once
 
 #include <cstddef>
@@ -59,6 +58,8 @@ class LineReader {
   private:
     /// False at the end of the input.
     bool fill();
+    /// The line that ends at `end`, unless it is too long.
+    void take_line(std::string_view& line, std::size_t end);
 
     int descriptor_;
     std::function<bool()> before_waiting_;
@@ -69,36 +70,6 @@ class LineReader {
     std::size_t end_ = 0;
     bool too_long_ = false;
     bool at_end_ = false;
-};
-
-/// Standard output, or a file that is written under another name and takes its own name when it is
-/// complete: what was there before stays until then.
-class Output {
-  public:
-    /// Standard output for an empty path. Throws OutputError.
-    explicit Output(std::string path);
-    /// A file that is open already under the other name, and stays under it while incomplete.
-    Output(std::string path, std::string temporary_path, int descriptor);
-    /// Removes an incomplete file, unless it is to stay.
-    ~Output();
-    Output(const Output&) = delete;
-    Output& operator=(const Output&) = delete;
-
-    /// Both throw OutputError, BrokenPipe among them.
-    void write(std::string_view text);
-    void flush();
-
-    /// Everything is written: a file takes its name.
-    void finish();
-
-  private:
-    void send(std::string_view rest);
-
-    std::string path_;
-    std::string temporary_path_;  ///< empty when written in place
-    int descriptor_ = 1;          // standard output
-    bool stays_ = false;
-    std::string pending_;
 };
 
 }  // namespace zr::cli

@@ -9,8 +9,9 @@
 #include "zrcreditbureau/failure.h"
 #include "zrcreditbureau/files.h"
 #include "zrcreditbureau/option_values.h"
-#include "zrcreditbureau/part_file.h"
+#include "zrcreditbureau/output.h"
 #include "zrcreditbureau/reply_files.h"
+#include "zrcreditbureau/sheets.h"
 
 namespace zr::cli {
 namespace {
@@ -78,7 +79,7 @@ void complete_batch(Invocation& invocation, Given& given) {
     }
     batch.workers = given.jobs ? number_of_workers(*given.jobs) : 1;
     batch.shard = given.shard ? parse_shard(*given.shard) : Shard();
-    if (batch.resume && !PartFile::is_possible(invocation.output_path)) {
+    if (batch.resume && place_of(invocation.output_path) != Place::kFile) {
         throw MisuseError("--resume goes on with a file: name it with --output.");
     }
     if (!batch.input.empty()) {
@@ -110,6 +111,24 @@ void complete_from_service(Job& job, bool translates) {
     }
 }
 
+/// Where HTML is asked for, the installed sheet of the service stands below every other setting.
+void complete_sheet(Invocation& invocation) {
+    if (invocation.format != Format::kHtml && invocation.html_path.empty()) {
+        return;
+    }
+    Job& job = invocation.job;
+    const std::string service(request_text(job, "ServiceName"));
+    const std::string sheet = installed_sheet(service);
+    if (!sheet.empty()) {
+        JsonValue settings = JsonValue::object();
+        add_member(settings, "XSLTFileName", JsonValue::text(sheet));
+        JsonValue services = JsonValue::object();
+        add_member(services, service, std::move(settings));
+        job.services.insert(job.services.begin(),
+                            {SettingsLayer::Scope::kNamedIfThere, std::move(services)});
+    }
+}
+
 }  // namespace
 
 void complete(Invocation& invocation, Given& given) {
@@ -128,6 +147,7 @@ void complete(Invocation& invocation, Given& given) {
     if (!given.country.empty()) {
         job.country = given.country;
     }
+    job.strict = given.strict;
     if (given.production) {
         job.test_mode = false;
     }
@@ -144,6 +164,11 @@ void complete(Invocation& invocation, Given& given) {
             job.response_date = convert::to_host_date(date.text());
         }
     }
+    invocation.inputs = {given.settings_file, given.request_file, invocation.batch.input};
+    for (const std::string& file : given.reply_files) {
+        invocation.inputs.push_back(file);
+    }
+    invocation.batch.operation = invocation.command->operation.value_or(Operation::kTranslate);
     invocation.format = format_of(given.format, *invocation.command);
     complete_batch(invocation, given);
     if (invocation.ndjson) {
@@ -155,6 +180,7 @@ void complete(Invocation& invocation, Given& given) {
     }
     const bool translates = invocation.command->operation == Operation::kTranslate;
     complete_from_service(job, translates);
+    complete_sheet(invocation);
     if (invocation.many) {
         invocation.batch.names = std::move(given.reply_files);
     } else if (translates) {

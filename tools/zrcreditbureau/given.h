@@ -13,6 +13,7 @@ namespace zr::cli {
 struct Given {
     std::string country;
     bool production = false;
+    bool strict = false;
     std::string date_format;
     std::string currency_format;
     std::string currency_format_symbol;

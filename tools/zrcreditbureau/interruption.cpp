@@ -9,7 +9,9 @@
 #include <cerrno>
 #include <cstdint>
 #include <cstring>
+#include <exception>
 #include <string>
+#include <thread>
 
 #include "zrcreditbureau/failure.h"
 
@@ -64,6 +66,37 @@ int Interruption::wait(const Event& event, int milliseconds) {
 }
 
 void Interruption::release() { ::pthread_sigmask(SIG_SETMASK, &before_, nullptr); }
+
+int hold_signals(Interruption& interruption, Event& stop, const std::function<void()>& work,
+                 const std::function<void()>& tick) {
+    constexpr int kBetweenTicks = 100;  // milliseconds
+    int signal = 0;
+    Event done;
+    std::exception_ptr failure;
+    {
+        const std::jthread worker([&] {
+            try {
+                work();
+            } catch (...) {
+                failure = std::current_exception();
+            }
+            done.set();
+        });
+        while (!done.is_set()) {
+            tick();
+            const int came = interruption.wait(done, kBetweenTicks);
+            if (came != 0 && signal == 0) {
+                signal = came;
+                stop.set();
+                interruption.release();
+            }
+        }
+    }
+    if (failure) {
+        std::rethrow_exception(failure);
+    }
+    return signal;
+}
 
 bool wait_readable(int descriptor, const Event& stop) {
     pollfd polls[] = {{descriptor, POLLIN, 0}, {stop.descriptor(), POLLIN, 0}};

@@ -3,6 +3,7 @@
 
 #include <atomic>
 #include <csignal>
+#include <functional>
 
 namespace zr::cli {
 
@@ -43,6 +44,12 @@ class Interruption {
     sigset_t before_{};
     int descriptor_;
 };
+
+/// Does the work on another thread. The first signal that ends a run becomes the event `stop`, the
+/// next one ends the process. The number of the first, 0 when none came. `tick` is called ten times
+/// a second. Throws what the work throws.
+int hold_signals(Interruption& interruption, Event& stop, const std::function<void()>& work,
+                 const std::function<void()>& tick);
 
 /// Waits until `descriptor` can be read; false when the event comes first.
 bool wait_readable(int descriptor, const Event& stop);

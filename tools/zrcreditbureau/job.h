@@ -37,6 +37,8 @@ struct Job {
     std::string operation = "CreditEnquiry";
     std::optional<DateTime> response_date;
     std::optional<std::string> response_xml;
+    /// What is doubtful is a failure; no member of the document.
+    bool strict = false;
 };
 
 /// Reads the members of a job document into `job`. Throws automation::JsonError.

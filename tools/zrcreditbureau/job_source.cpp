@@ -8,71 +8,124 @@
 #include <atomic>
 #include <cerrno>
 #include <cstring>
+#include <functional>
 #include <limits>
 
 #include "zrcreditbureau/failure.h"
 #include "zrcreditbureau/files.h"
 #include "zrcreditbureau/fingerprint.h"
 #include "zrcreditbureau/ndjson.h"
+#include "zrcreditbureau/output.h"
 #include "zrcreditbureau/reply_files.h"
 
 namespace zr::cli {
 namespace {
 
-/// Few enough that workers share the jobs evenly, many enough that sharing costs nothing.
-constexpr std::size_t kMostItems = 8;
+/// Jobs taken together stop growing here: so few bytes cost nothing to hold.
 constexpr std::size_t kMostBytes = std::size_t{256} << 10;
+
+/// Many texts in little memory.
+class Texts {
+  public:
+    void add(std::string_view text) {
+        pool_ += text;
+        ends_.push_back(pool_.size());
+    }
+    std::size_t size() const { return ends_.size(); }
+    std::string_view operator[](std::size_t at) const {
+        const std::size_t begin = at == 0 ? 0 : ends_[at - 1];
+        return std::string_view(pool_).substr(begin, ends_[at] - begin);
+    }
+
+  private:
+    std::string pool_;
+    std::vector<std::size_t> ends_;
+};
+
+std::size_t size_of_file(const std::string& path) {
+    struct stat status {};
+    return ::stat(path.c_str(), &status) == 0 ? static_cast<std::size_t>(status.st_size) : 0;
+}
 
 class FileSource final : public JobSource {
   public:
-    FileSource(const std::vector<std::string>& names, const Shard& shard) : files_(names) {
-        std::uint64_t count = 0;
+    FileSource(const std::vector<std::string>& names, const Shard& shard, const std::string& output)
+        : names_(names) {
         Fingerprint fingerprint;
-        std::string path;
-        for (ReplyFiles all(names); all.next(path); ++count) {
+        ReplyFiles walk(names_);
+        for (std::string path; walk.next(path); all_.add(path)) {
             fingerprint.add(path);
+            refuse_same_file(path, output);
         }
-        if (count == 0) {
+        for (const std::string& name : walk.passed_over()) {
+            remarks_.push_back(name + " is a pipe or a device: passed over.");
+        }
+        if (all_.size() == 0) {
             throw MisuseError("There is no *.xml file in what was named.");
         }
-        total_ = shard.end(count) - shard.begin(count);
-        for (std::uint64_t at = shard.begin(count); at > 0; --at) {
-            (void)files_.next(path);
-        }
-        identity_ = "files " + std::to_string(shard.begin(count)) + " " +
-                    std::to_string(shard.end(count)) + " " + fingerprint.text();
+        begin_ = shard.begin(all_.size());
+        end_ = shard.end(all_.size());
+        identity_ = "files " + std::to_string(begin_) + " " + std::to_string(end_) + " " +
+                    fingerprint.text();
     }
 
     bool files() const override { return true; }
-    std::optional<std::uint64_t> total() const override { return total_; }
+    std::optional<std::uint64_t> total() const override { return end_ - begin_; }
     std::uint64_t taken() const override { return taken_; }
     std::optional<std::string> identity() const override { return identity_; }
+    std::string_view file(std::uint64_t number) const override {
+        return begin_ + number < end_ ? all_[begin_ + number] : std::string_view();
+    }
 
-    bool take(std::vector<BatchItem>& items) override {
+    bool take(std::vector<BatchItem>& items, std::size_t most) override {
         items.clear();
-        std::string path;
-        while (items.size() < kMostItems && taken_ < total_ && files_.next(path)) {
-            items.push_back({std::move(path), ++taken_});
-            path.clear();
+        for (std::size_t bytes = 0;
+             items.size() < most && bytes < kMostBytes && taken_ < end_ - begin_; ++taken_) {
+            std::string path(file(taken_));
+            const std::size_t size = size_of_file(path);
+            bytes += size;
+            items.push_back({std::move(path), size, taken_ + 1});
         }
         return !items.empty();
     }
 
-  protected:
-    bool skip_one() override {
-        std::string path;
-        if (taken_ == total_ || !files_.next(path)) {
-            return false;
+    bool skip(std::uint64_t count) override {
+        taken_ = std::min(count, end_ - begin_);
+        return taken_ == count;
+    }
+
+    std::vector<std::string> remarks() const override { return remarks_; }
+
+    std::vector<std::string> additions() const override {
+        std::vector<std::size_t> known;
+        known.reserve(all_.size());
+        const std::hash<std::string_view> hash;
+        for (std::size_t at = 0; at < all_.size(); ++at) {
+            known.push_back(hash(all_[at]));
         }
-        ++taken_;
-        return true;
+        std::sort(known.begin(), known.end());
+        std::vector<std::string> found;
+        try {
+            ReplyFiles walk(names_);
+            for (std::string path; walk.next(path);) {
+                if (!std::binary_search(known.begin(), known.end(), hash(path))) {
+                    found.push_back(path + " was added while the run went on: it has no result.");
+                }
+            }
+        } catch (const MisuseError& error) {
+            found.emplace_back(error.what());  // a folder that has been removed
+        }
+        return found;
     }
 
   private:
-    ReplyFiles files_;
-    std::uint64_t total_ = 0;
+    std::vector<std::string> names_;
+    Texts all_;
+    std::uint64_t begin_ = 0;  // of the shard
+    std::uint64_t end_ = 0;
     std::atomic<std::uint64_t> taken_ = 0;
     std::string identity_;
+    std::vector<std::string> remarks_;
 };
 
 /// The part of a file to read.
@@ -143,30 +196,42 @@ class LineSource final : public JobSource {
     std::uint64_t taken() const override { return taken_; }
     std::optional<std::string> identity() const override { return identity_; }
 
-    bool take(std::vector<BatchItem>& items) override {
+    std::string_view file(std::uint64_t /*number*/) const override { return {}; }
+
+    bool take(std::vector<BatchItem>& items, std::size_t most) override {
         items.clear();
         std::size_t bytes = 0;
         std::string_view line;
-        while ((items.empty() || lines_.ready()) && items.size() < kMostItems &&
-               bytes < kMostBytes && lines_.next(line)) {
+        while ((items.empty() || lines_.ready()) && items.size() < most && bytes < kMostBytes &&
+               lines_.next(line)) {
             if (stop_.is_set()) {
                 break;  // what was read may be half a line
             }
             note(line);
             bytes += line.size();
-            items.push_back({std::string(line), number_, lines_.too_long()});
+            items.push_back({std::string(line), line.size(), number_, lines_.too_long()});
         }
         return !items.empty();
     }
 
-  protected:
-    bool skip_one() override {
-        std::string_view line;
-        if (!lines_.next(line)) {
-            return false;
+    bool skip(std::uint64_t count) override {
+        for (std::string_view line; count > 0 && lines_.next(line); --count) {
+            note(line);
         }
-        note(line);
-        return true;
+        return count == 0;
+    }
+
+    std::vector<std::string> remarks() const override { return {}; }
+
+    std::vector<std::string> additions() const override {
+        struct stat status {};
+        if (!identity_ || ::fstat(file_.get(), &status) != 0 ||
+            static_cast<std::uint64_t>(status.st_size) == size_) {
+            return {};
+        }
+        return {
+            "The file of jobs has changed while the run went on: what was added to it has no "
+            "result."};
     }
 
   private:
@@ -184,7 +249,8 @@ class LineSource final : public JobSource {
             return {};
         }
         const auto from = static_cast<std::uint64_t>(::lseek(descriptor, 0, SEEK_CUR));
-        const Range file{from, std::max(from, static_cast<std::uint64_t>(status.st_size))};
+        size_ = static_cast<std::uint64_t>(status.st_size);
+        const Range file{from, std::max(from, size_)};
         const std::uint64_t size = file.end - file.begin;
         const Range part{line_start(descriptor, file, from + shard.begin(size)),
                          line_start(descriptor, file, from + shard.end(size))};
@@ -205,6 +271,7 @@ class LineSource final : public JobSource {
     Descriptor file_;
     const Event& stop_;
     std::optional<std::string> identity_;  ///< before range_, which sets it
+    std::uint64_t size_ = 0;               ///< of the file, likewise
     Range range_;
     LineReader lines_;
     std::uint64_t number_ = 0;
@@ -213,16 +280,9 @@ class LineSource final : public JobSource {
 
 }  // namespace
 
-bool JobSource::skip(std::uint64_t count) {
-    while (count > 0 && skip_one()) {
-        --count;
-    }
-    return count == 0;
-}
-
 std::unique_ptr<JobSource> make_file_source(const std::vector<std::string>& names,
-                                            const Shard& shard) {
-    return std::make_unique<FileSource>(names, shard);
+                                            const Shard& shard, const std::string& output) {
+    return std::make_unique<FileSource>(names, shard, output);
 }
 
 std::unique_ptr<JobSource> make_line_source(const std::string& path, const Shard& shard,

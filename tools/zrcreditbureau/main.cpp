@@ -23,12 +23,15 @@ int main(int argc, char** argv) {
     using namespace zr::cli;
     // A reader that goes away is an error of a write, not the end of the process.
     std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);  // likewise a file that has grown too large
     try {
         int status = kDone;
         const std::optional<Invocation> invocation = read_command_line(argc, argv, status);
         return invocation ? run_command(*invocation) : status;
     } catch (const BrokenPipe&) {
         return kFailed;
+    } catch (const RescuedError& error) {
+        return fail(kRescued, error.what());
     } catch (const OutputError& error) {
         return fail(kFailed, error.what());
     } catch (const MisuseError& error) {

@@ -1,12 +1,9 @@
 #include "zrcreditbureau/ndjson.h"
 
-#include <unistd.h>
-
 #include <exception>
 #include <string>
 
 #include "platform/error.h"
-#include "zrcreditbureau/failure.h"
 
 namespace zr::cli {
 namespace {
@@ -34,25 +31,6 @@ Outcome answer(Performer& performer, const Job& base, std::string_view line, boo
         outcome.error_message = error_text(error);
     }
     return outcome;
-}
-
-void run_ndjson(Performer& performer, const Job& base, Output& output) {
-    LineReader lines(STDIN_FILENO, [&] {
-        output.flush();
-        return true;
-    });
-    automation::JsonWriter json([&output](std::string_view text) { output.write(text); });
-    std::string_view line;
-    for (bool first = true; lines.next(line); first = false) {
-        if (first && line.starts_with(kByteOrderMark)) {
-            line.remove_prefix(kByteOrderMark.size());
-        }
-        const Outcome outcome = answer(performer, base, line, lines.too_long());
-        write_result(json, performer.operation(), outcome);
-        output.write(json.view());
-        output.write("\n");
-        json.clear();
-    }
 }
 
 }  // namespace zr::cli

@@ -3,7 +3,6 @@
 
 #include <string_view>
 
-#include "zrcreditbureau/files.h"
 #include "zrcreditbureau/job.h"
 #include "zrcreditbureau/operation.h"
 
@@ -15,10 +14,5 @@ inline constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 /// Performs the job that a line holds; `base` is what it starts from. Whatever is wrong with a line
 /// is its outcome.
 Outcome answer(Performer& performer, const Job& base, std::string_view line, bool too_long);
-
-/// Answers every line of standard input in its order; `base` is what each job starts from. A line
-/// that is no job, an empty one too, is answered with the reason, and the run goes on. Results are
-/// written before more input is waited for.
-void run_ndjson(Performer& performer, const Job& base, Output& output);
 
 }  // namespace zr::cli

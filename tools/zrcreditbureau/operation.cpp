@@ -123,6 +123,16 @@ void apply_settings(const Job& job, ZRCreditBureau& bureau) {
     }
 }
 
+/// A reply that matched no file reads like that of a person without any record. Most often it is
+/// the reply of another service.
+std::string doubt(Operation operation, const Response& response, const std::string& service) {
+    if ((operation != Operation::kEnquire && operation != Operation::kTranslate) ||
+        !response.MatchType().empty() || !response.BureauFileId().empty()) {
+        return {};
+    }
+    return "No matched file in the reply; is it a reply of " + service + "?";
+}
+
 }  // namespace
 
 Performer::Performer(Operation operation)
@@ -161,6 +171,12 @@ Outcome Performer::perform(const Job& job) {
     }
     if (!outcome.result) {
         outcome.error_message = bureau.ErrorMessage();
+    } else if (capture_ == nullptr) {
+        outcome.warning = doubt(operation_, *outcome.response, request->ServiceName());
+        if (job.strict && !outcome.warning.empty()) {
+            outcome.result = false;
+            outcome.error_message = outcome.warning;
+        }
     }
     return outcome;
 }
@@ -176,6 +192,10 @@ void write_result(automation::JsonWriter& json, Operation operation, const Outco
     json.boolean(outcome.result);
     json.name("ErrorMessage");
     json.text(outcome.error_message);
+    if (!outcome.warning.empty()) {
+        json.name("Warning");
+        json.text(outcome.warning);
+    }
     if (operation == Operation::kCompose) {
         json.name("RequestXML");
         json.text(outcome.request_xml);

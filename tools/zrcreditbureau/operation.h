@@ -21,9 +21,16 @@ enum class Operation {
     kTranslate,  ///< translates a stored reply
 };
 
+/// Whether it asks the bureau: what it gets may have been charged for and cannot be had again.
+constexpr bool asks_bureau(Operation operation) {
+    return operation == Operation::kEnquire || operation == Operation::kList ||
+           operation == Operation::kVerify;
+}
+
 struct Outcome {
     bool result = false;
     std::string error_message;  ///< "" when the result is true
+    std::string warning;        ///< what makes the response doubtful; "" when nothing does
     std::string request_xml;    ///< of compose
     /// Of the others, with whatever was kept where the result is false; none where there was no
     /// job.

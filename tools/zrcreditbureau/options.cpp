@@ -139,6 +139,10 @@ void add_general_options(CLI::App& app, const Command& command, Given& given) {
     app.add_flag("--production", given.production,
                  "Address the bureau's production system instead of its test system")
         ->group(kGeneralGroup);
+    if (*command.operation == Operation::kEnquire || *command.operation == Operation::kTranslate) {
+        app.add_flag("--strict", given.strict, "A reply without a matched file is a failure")
+            ->group(kGeneralGroup);
+    }
     const std::pair<const char*, std::string*> formats[] = {
         {"--date-format", &given.date_format},
         {"--currency-format", &given.currency_format},
@@ -166,7 +170,8 @@ void add_output_options(CLI::App& app, const Command& command, Given& given,
         ->group(kOutputGroup);
     if (command.html) {
         app.add_option("--html", invocation.html_path,
-                       "File for the HTML of the reply, beside the report; needs --xslt-file-name")
+                       "File for the HTML of the reply, beside the report; made by the service's\n"
+                       "installed sheet unless --xslt-file-name names another")
             ->type_name("FILE")
             ->group(kOutputGroup);
     }
@@ -286,8 +291,10 @@ std::optional<Invocation> read_command_line(int argc, const char* const* argv, i
         add_output_options(*part, command, given, invocation);
         examples.append("  ").append(command.example).append("\n");
     }
-    app.footer(examples + "Every command explains itself: zrcreditbureau COMMAND --help\n" +
-               "Exit status: 0 for success, 1 when the operation fails, 2 for misuse.");
+    app.footer(
+        examples + "Every command explains itself: zrcreditbureau COMMAND --help\n" +
+        "Exit status: 0 for success, 1 when the operation fails, 2 for misuse, 3 when an answer\n"
+        "that was charged for could not be written and is kept elsewhere.");
     try {
         app.parse(reversed_arguments(argc, argv));
     } catch (const CLI::Success& help) {

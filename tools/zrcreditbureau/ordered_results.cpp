@@ -10,6 +10,14 @@ bool OrderedResults::wait_for_room(std::uint64_t number) {
     return !closed_;
 }
 
+bool OrderedResults::wait_for_bytes(std::size_t bytes) {
+    constexpr std::size_t kMostBytes = std::size_t{32} << 20;
+    std::unique_lock lock(mutex_);
+    room_.wait(lock, [&] { return closed_ || bytes_ == 0 || bytes_ + bytes <= kMostBytes; });
+    bytes_ += bytes;
+    return !closed_;
+}
+
 void OrderedResults::deliver(std::uint64_t number, BatchResult result) {
     std::unique_lock lock(mutex_);
     slot(number) = std::move(result);
@@ -20,6 +28,7 @@ void OrderedResults::deliver(std::uint64_t number, BatchResult result) {
     while (!closed_ && slot(due_)) {
         BatchResult due = std::move(*std::exchange(slot(due_), std::nullopt));
         const bool last = due.last;
+        const std::size_t bytes = due.bytes;
         lock.unlock();
         try {
             write_(std::move(due));
@@ -29,6 +38,7 @@ void OrderedResults::deliver(std::uint64_t number, BatchResult result) {
         }
         lock.lock();
         ++due_;
+        bytes_ -= bytes;
         closed_ = closed_ || last;
         room_.notify_all();
         if (closed_ || !slot(due_)) {

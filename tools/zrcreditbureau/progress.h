@@ -14,7 +14,8 @@ namespace zr::cli {
 struct Standing {
     std::uint64_t translated = 0;
     std::uint64_t failed = 0;
-    double share = 0;  ///< of the input, from 0 to 1; negative when its size is not known
+    std::uint64_t doubtful = 0;  ///< of those translated
+    double share = 0;            ///< of the input, from 0 to 1; negative when its size is not known
 };
 
 /// "01:05", or "1:02:03" from an hour on.

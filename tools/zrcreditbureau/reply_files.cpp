@@ -39,9 +39,15 @@ void ReplyFiles::enter(std::string path) {
     for (const std::filesystem::directory_iterator end; entries != end; entries.increment(error)) {
         std::error_code ignored;
         std::string name = entries->path().filename().string();
-        const bool below = entries->is_directory(ignored) && !entries->is_symlink(ignored);
-        if (!name.starts_with('.') &&
-            (below || (is_reply_name(name) && !entries->is_directory(ignored)))) {
+        const std::filesystem::file_status status = entries->status(ignored);
+        const bool is_folder = std::filesystem::is_directory(status);
+        const bool below = is_folder && !entries->is_symlink(ignored);
+        if (name.starts_with('.') || (!below && (is_folder || !is_reply_name(name)))) {
+            continue;
+        }
+        if (std::filesystem::is_other(status)) {
+            passed_over_.push_back(folder.path + name);
+        } else {
             folder.entries.push_back({std::move(name), below});
         }
     }

@@ -5,6 +5,7 @@
 #include "automation/fields.h"
 #include "values/text.h"
 #include "zrcreditbureau/names.h"
+#include "zrcreditbureau/report_headline.h"
 
 namespace zr::cli {
 namespace {
@@ -13,15 +14,18 @@ namespace {
 constexpr std::size_t kWidestLabel = 36;
 constexpr std::size_t kIndent = 2;
 
-void append_heading(std::string& target, std::size_t indent, std::string_view heading) {
+void append_heading(std::string& target, std::size_t indent, std::string_view heading,
+                    std::string_view mark = {}) {
     if (heading.empty()) {
         return;
     }
-    target.append(indent, ' ').append(printable(heading)) += '\n';
+    target.append(indent, ' ').append(printable(heading)).append(mark) += '\n';
 }
 
 /// The report lines, whose runs of one group and one sub-group are blocks under headings.
-void append_lines(std::string& target, const ResponseElements& elements) {
+void append_lines(std::string& target, const Response& response) {
+    const ResponseElements& elements = response.ResponseElements();
+    const OpenRecords open(response);
     AlignedLines block(2 * kIndent);
     const ResponseElement* last = nullptr;
     for (const ResponseElement& element : elements) {
@@ -32,7 +36,8 @@ void append_lines(std::string& target, const ResponseElements& elements) {
                 target.append(target.empty() ? 0 : 1, '\n');
                 append_heading(target, 0, element.ResponseGroup());
             }
-            append_heading(target, kIndent, element.ResponseSubGroup());
+            append_heading(target, kIndent, element.ResponseSubGroup(),
+                           open.mark(element.ResponseGroup(), element.ResponseSubGroup()));
         }
         block.add(element.ResponseName(), element.ResponseDescription());
         last = &element;
@@ -114,11 +119,11 @@ void AlignedLines::append_to(std::string& target) {
 }
 
 std::string report_text(const Response& response, std::string_view nothing) {
-    std::string text;
+    std::string text = printable(report_headline(response));
     if (!response.ResponseMessage().empty()) {
-        text = printable(response.ResponseMessage()) + "\n";
+        text += printable(response.ResponseMessage()) + "\n";
     }
-    append_lines(text, response.ResponseElements());
+    append_lines(text, response);
     append_selections(text, response.CompanySelections());
     return text.empty() ? std::string(nothing) : text;
 }

@@ -9,8 +9,9 @@
 
 namespace zr::cli {
 
-/// The response's message, report lines and candidates: groups and sub-groups as headings, values
-/// aligned behind their labels. `nothing` stands for a response that has none of them.
+/// The report's headline, the response's message, report lines and candidates: groups and
+/// sub-groups as headings, those of open records marked, values aligned behind their labels.
+/// `nothing` stands for a response that has none of them.
 std::string report_text(const Response& response, std::string_view nothing);
 
 /// Lines of a label and a value, which may itself have several lines, aligned.

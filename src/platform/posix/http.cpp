@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdlib>
+#include <exception>
 #include <new>
 #include <string_view>
 #include <type_traits>
@@ -12,9 +13,11 @@
 
 #include "platform/error.h"
 #include "platform/http_common.h"
+#include "platform/http_head.h"
 #include "platform/posix/http_address.h"
 #include "platform/posix/http_errors.h"
 #include "platform/posix/http_phases.h"
+#include "platform/posix/http_secrecy.h"
 #include "platform/unicode.h"
 
 namespace zr {
@@ -25,8 +28,6 @@ using std::chrono::milliseconds;
 
 // Longest wait before the limits, and addresses that do not answer, are looked at again.
 constexpr milliseconds kLongestWait{200};
-// A connection that was idle for longer is not used again.
-constexpr long kIdleSeconds = 60;
 // Authorities that were read are used for so long before their file is read again.
 constexpr long kAuthoritiesSeconds = 300;
 // Several schemes, so the library waits for a challenge and answers it with the best one offered.
@@ -48,9 +49,12 @@ constexpr std::pair<CURLoption, long> kFixedOptions[] = {
     {CURLOPT_PROXY_SSL_VERIFYPEER, 1},
     {CURLOPT_PROXY_SSL_VERIFYHOST, 2},
     {CURLOPT_HEADEROPT, CURLHEADER_SEPARATE},  // our headers are not for a proxy's CONNECT
-    {CURLOPT_TIMEOUT_MS, 0},                   // the phases have limits, the whole has none
-    {CURLOPT_MAXAGE_CONN, kIdleSeconds},
+    {CURLOPT_TIMEOUT_MS, 0},                   // the clock has the limits
+    // What a server sends behind its reply must never be read as the reply to another request.
+    {CURLOPT_FRESH_CONNECT, 1},
+    {CURLOPT_FORBID_REUSE, 1},  // NTLM, which is about a connection, keeps it between its steps
     {CURLOPT_CA_CACHE_TIMEOUT, kAuthoritiesSeconds},
+    {CURLOPT_DNS_CACHE_TIMEOUT, 0},
 };
 
 void initialise_library() {
@@ -65,11 +69,15 @@ struct EasyCleanup {
 struct MultiCleanup {
     void operator()(CURLM* handle) const { curl_multi_cleanup(handle); }
 };
+struct ShareCleanup {
+    void operator()(CURLSH* handle) const { curl_share_cleanup(handle); }
+};
 struct HeadersCleanup {
     void operator()(curl_slist* list) const { curl_slist_free_all(list); }
 };
 using Easy = std::unique_ptr<CURL, EasyCleanup>;
 using Multi = std::unique_ptr<CURLM, MultiCleanup>;
+using Share = std::unique_ptr<CURLSH, ShareCleanup>;
 using Headers = std::unique_ptr<curl_slist, HeadersCleanup>;
 
 template <typename Value>
@@ -98,24 +106,34 @@ void check(CURLMcode code) {
         throw PlatformError(error_number::kUnexpected, "The exchange could not be carried out");
 }
 
+/// The library has one word for a header line over its own bound and for the end of memory. The
+/// line was at most a tenth of this.
+bool is_memory_left() {
+    constexpr std::size_t kEnough = std::size_t{1} << 20;
+    void* const memory = ::operator new(kEnough, std::nothrow);
+    ::operator delete(memory);
+    return memory != nullptr;
+}
+
 /// Null when the variable is unset or empty.
 const char* environment(const char* name) {
     const char* value = std::getenv(name);
     return value != nullptr && *value != '\0' ? value : nullptr;
 }
 
-/// One exchange on a handle that others used before and will use again: it sets every option when
-/// it begins and leaves the handle bare when it ends, so nothing of it reaches the next one.
+/// One exchange on a handle of its own. `sessions` holds the TLS sessions of the exchanges before.
 class Exchange {
   public:
-    Exchange(CURLM* multi, CURL* easy, const HttpRequest& request)
-        : multi_(multi), easy_(easy), request_(request), clock_(request.timeouts, Clock::now()) {
-        curl_easy_reset(easy_);
+    Exchange(CURLM* multi, CURLSH* sessions, const HttpRequest& request)
+        : multi_(multi),
+          sessions_(sessions),
+          easy_owner_(curl_easy_init()),
+          easy_(easy_owner_.get()),
+          request_(request),
+          clock_(request.timeouts, Clock::now()) {
+        if (easy_ == nullptr) throw std::bad_alloc();
     }
-    ~Exchange() {
-        curl_multi_remove_handle(multi_, easy_);
-        curl_easy_reset(easy_);
-    }
+    ~Exchange() { curl_multi_remove_handle(multi_, easy_); }
     Exchange(const Exchange&) = delete;
     Exchange& operator=(const Exchange&) = delete;
 
@@ -141,8 +159,9 @@ class Exchange {
     std::string content_type();
 
     bool would_send_again();
-    void take_header(std::string_view line);
-    bool take_body(std::string_view bytes);
+    bool take_header(std::string_view line);
+    void take_body(std::string_view bytes);
+    [[noreturn]] void refuse_size() const;
 
     static std::size_t on_header(char* data, std::size_t size, std::size_t count, void* self);
     static std::size_t on_body(char* data, std::size_t size, std::size_t count, void* self);
@@ -150,28 +169,28 @@ class Exchange {
     static int on_connected(void* self, char*, char*, int, int);
 
     CURLM* multi_;
+    CURLSH* sessions_;
+    Easy easy_owner_;
     CURL* easy_;
     const HttpRequest& request_;
     HttpPhaseClock clock_;
     Headers headers_;
     std::array<char, CURL_ERROR_SIZE> detail_{};
 
-    std::string status_text_;
+    HttpHeads heads_;
     std::string body_;
-    std::int64_t header_bytes_ = 0;
-    bool status_line_is_next_ = true;
-    bool is_head_complete_ = false;
 
     bool is_sent_ = false;           // the request went out at least once
     bool is_heard_ = false;          // something came back since it last went out
     long request_bytes_before_ = 0;  // what had been sent when it last was about to go out
     bool is_lost_ = false;           // the connection died between request and reply
-    bool is_too_large_ = false;
-    bool is_out_of_memory_ = false;
+    bool is_given_up_ = false;       // the last reply stands, though the library would answer it
+    std::exception_ptr failure_;     // what a callback threw
 };
 
 void Exchange::set_up() {
     for (const auto& [option, value] : kFixedOptions) set(easy_, option, value);
+    set(easy_, CURLOPT_SHARE, sessions_);
     set(easy_, CURLOPT_ERRORBUFFER, detail_.data());
     set(easy_, CURLOPT_PROTOCOLS_STR, "http,https");
     // Backstops. An address that does not answer gets half of this when others are left to try.
@@ -194,6 +213,7 @@ void Exchange::set_callbacks() {
     set(easy_, CURLOPT_OPENSOCKETDATA, this);
     set(easy_, CURLOPT_PREREQFUNCTION, &Exchange::on_connected);
     set(easy_, CURLOPT_PREREQDATA, this);
+    set(easy_, CURLOPT_SSL_CTX_FUNCTION, &log_no_keys);
 }
 
 void Exchange::set_request() {
@@ -249,6 +269,9 @@ void Exchange::set_proxy() {
 void Exchange::set_authorities() {
     const char* file = environment("SSL_CERT_FILE");
     const char* folder = environment("SSL_CERT_DIR");
+    // The system's bundle alone: the library reads one again for every connection when a folder is
+    // named beside it, which takes longer than all else.
+    if (file == nullptr && folder == nullptr) file = curl_version_info(CURLVERSION_NOW)->cainfo;
     if (file == nullptr && folder == nullptr) return;
     // Both are set even when one is null: those that are named replace the system's.
     set(easy_, CURLOPT_CAINFO, file);
@@ -280,38 +303,34 @@ const CURLMsg* Exchange::finished() {
 void Exchange::note_bytes() {
     const auto received = info<curl_off_t>(easy_, CURLINFO_SIZE_DOWNLOAD_T);
     clock_.note_bytes(info<curl_off_t>(easy_, CURLINFO_SIZE_UPLOAD_T),
-                      static_cast<std::int64_t>(request_.body.size()), received + header_bytes_,
+                      static_cast<std::int64_t>(request_.body.size()), received + heads_.bytes(),
                       Clock::now());
     // The body of a challenge is dropped as it comes, and is bounded all the same.
-    if (static_cast<std::uint64_t>(received) > request_.max_reply_bytes) {
-        is_too_large_ = true;
-        fail(CURLE_WRITE_ERROR);
-    }
+    if (static_cast<std::uint64_t>(received) > request_.max_reply_bytes) refuse_size();
 }
 
 HttpReply Exchange::finish(CURLcode code) {
-    HttpReply reply;
-    reply.status_text = text::to_valid_utf8(status_text_);
-    if (code == CURLE_OK) {
-        // The library takes a head that ends early for a reply without a body.
-        if (!is_head_complete_) throw http_connection_lost();
-        reply.status = static_cast<int>(info<long>(easy_, CURLINFO_RESPONSE_CODE));
-        reply.body = decode_reply(body_, content_type());
-        return reply;
-    }
+    if (failure_) std::rethrow_exception(failure_);
     // A proxy that refuses the tunnel has replied, though not with anything of the server's.
     const long proxy_status = info<long>(easy_, CURLINFO_HTTP_CONNECTCODE);
-    if (code != CURLE_RECV_ERROR || proxy_status < 300) fail(code);
-    reply.status = static_cast<int>(proxy_status);
+    const bool is_tunnel_refused =
+        proxy_status >= 300 && (code == CURLE_RECV_ERROR || is_given_up_);
+    if (code != CURLE_OK && !is_tunnel_refused && !is_given_up_) fail(code);
+    // The library takes a head that ends early for a reply without a body.
+    if (!heads_.is_complete()) throw http_connection_lost();
+    HttpReply reply;
+    reply.status = static_cast<int>(is_tunnel_refused ? proxy_status
+                                                      : info<long>(easy_, CURLINFO_RESPONSE_CODE));
+    reply.status_text = text::to_valid_utf8(heads_.status_text());
+    if (code == CURLE_OK) reply.body = decode_reply(body_, content_type());
     return reply;
 }
 
 void Exchange::fail(CURLcode code) {
-    if (is_out_of_memory_ || code == CURLE_OUT_OF_MEMORY) throw std::bad_alloc();
-    if (is_too_large_)
-        throw PlatformError(
-            error_number::kInvalidReply,
-            "The reply is larger than " + std::to_string(request_.max_reply_bytes) + " bytes");
+    if (code == CURLE_OUT_OF_MEMORY) {
+        if (is_sent_ && !heads_.is_complete() && is_memory_left()) throw http_headers_too_large();
+        throw std::bad_alloc();
+    }
     if (is_lost_) throw http_connection_lost();
     const long server = info<long>(easy_, CURLINFO_SSL_VERIFYRESULT);
     const long proxy = info<long>(easy_, CURLINFO_PROXY_SSL_VERIFYRESULT);
@@ -333,33 +352,34 @@ bool Exchange::would_send_again() {
     return is_lost_;
 }
 
-void Exchange::take_header(std::string_view line) {
-    header_bytes_ += static_cast<std::int64_t>(line.size());
+/// False when nothing more is to be read.
+bool Exchange::take_header(std::string_view line) {
     is_heard_ = true;
-    while (!line.empty() && (line.back() == '\r' || line.back() == '\n' || line.back() == ' '))
-        line.remove_suffix(1);
-    if (line.empty()) is_head_complete_ = true;
-    if (std::exchange(status_line_is_next_, line.empty()) && line.starts_with("HTTP/")) {
-        is_head_complete_ = false;
-        const std::size_t code = line.find(' ');
-        const std::size_t reason = code == std::string_view::npos ? code : line.find(' ', code + 1);
-        status_text_ = reason == std::string_view::npos ? "" : line.substr(reason + 1);
-    }
+    heads_.take(line);
+    // The library asks for a tunnel again and again without a word to anyone.
+    constexpr long kProxyRefuses = 407;
+    is_given_up_ = heads_.is_complete() && heads_.is_refused() &&
+                   info<long>(easy_, CURLINFO_HTTP_CONNECTCODE) == kProxyRefuses;
+    return !is_given_up_;
 }
 
-bool Exchange::take_body(std::string_view bytes) {
-    is_too_large_ = bytes.size() > request_.max_reply_bytes - body_.size();
-    if (!is_too_large_) body_.append(bytes);
-    return !is_too_large_;
+void Exchange::take_body(std::string_view bytes) {
+    if (bytes.size() > request_.max_reply_bytes - body_.size()) refuse_size();
+    body_.append(bytes);
+}
+
+void Exchange::refuse_size() const {
+    throw PlatformError(
+        error_number::kInvalidReply,
+        "The reply is larger than " + std::to_string(request_.max_reply_bytes) + " bytes");
 }
 
 std::size_t Exchange::on_header(char* data, std::size_t size, std::size_t count, void* self) {
     auto& exchange = *static_cast<Exchange*>(self);
     try {
-        exchange.take_header({data, size * count});
-        return size * count;
-    } catch (const std::bad_alloc&) {
-        exchange.is_out_of_memory_ = true;
+        return exchange.take_header({data, size * count}) ? size * count : 0;
+    } catch (...) {
+        exchange.failure_ = std::current_exception();
         return 0;
     }
 }
@@ -367,9 +387,10 @@ std::size_t Exchange::on_header(char* data, std::size_t size, std::size_t count,
 std::size_t Exchange::on_body(char* data, std::size_t size, std::size_t count, void* self) {
     auto& exchange = *static_cast<Exchange*>(self);
     try {
-        return exchange.take_body({data, size * count}) ? size * count : CURL_WRITEFUNC_ERROR;
-    } catch (const std::bad_alloc&) {
-        exchange.is_out_of_memory_ = true;
+        exchange.take_body({data, size * count});
+        return size * count;
+    } catch (...) {
+        exchange.failure_ = std::current_exception();
         return CURL_WRITEFUNC_ERROR;
     }
 }
@@ -387,6 +408,8 @@ curl_socket_t Exchange::on_open_socket(void* self, curlsocktype /*purpose*/,
 int Exchange::on_connected(void* self, char*, char*, int, int) {
     auto& exchange = *static_cast<Exchange*>(self);
     if (exchange.would_send_again()) return CURL_PREREQFUNC_ABORT;
+    exchange.is_given_up_ = exchange.heads_.is_refused();
+    if (exchange.is_given_up_) return CURL_PREREQFUNC_ABORT;
     exchange.is_sent_ = true;
     exchange.is_heard_ = false;
     exchange.request_bytes_before_ = info<long>(exchange.easy_, CURLINFO_REQUEST_SIZE);
@@ -399,18 +422,21 @@ class CurlTransport : public HttpTransport {
     CurlTransport() {
         initialise_library();
         multi_.reset(curl_multi_init());
-        easy_.reset(curl_easy_init());
-        if (!multi_ || !easy_) throw std::bad_alloc();
+        sessions_.reset(curl_share_init());
+        if (!multi_ || !sessions_ ||
+            curl_share_setopt(sessions_.get(), CURLSHOPT_SHARE, CURL_LOCK_DATA_SSL_SESSION) !=
+                CURLSHE_OK)
+            throw std::bad_alloc();
     }
 
     HttpReply exchange(const HttpRequest& request) override {
         check_no_control_characters(request);
-        return Exchange(multi_.get(), easy_.get(), request).run();
+        return Exchange(multi_.get(), sessions_.get(), request).run();
     }
 
   private:
-    Multi multi_;  // keeps the connections
-    Easy easy_;    // keeps the TLS sessions
+    Multi multi_;     // keeps the authorities that were read
+    Share sessions_;  // keeps the TLS sessions, which a new connection may resume
 };
 
 }  // namespace

@@ -4,6 +4,8 @@
 
 #include <string>
 
+#include "platform/http_head.h"
+
 namespace zr {
 namespace {
 
@@ -90,6 +92,10 @@ PlatformError http_error(int code, long verify_result, std::string_view detail) 
         const FailureRow* row = find(kCertificateFailures, verify_result);
         return row != nullptr ? from(*row) : PlatformError(kSecurityFailure, kBadCertificate);
     }
+    // A proxy's reply and a trailer are kept in buffers of a fixed size.
+    for (const std::string_view overflow :
+         {"CONNECT response too large", "Out of memory in chunked-encoding"})
+        if (detail.find(overflow) != std::string_view::npos) return http_headers_too_large();
     // A malformed chunk has the code of a lost connection; only the remark tells them apart.
     if (code == CURLE_RECV_ERROR && detail.find("chunked-encoding") != std::string_view::npos)
         return {kInvalidReply, kNotHttp};

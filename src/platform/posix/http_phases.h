@@ -1,6 +1,7 @@
 // The clock of one exchange: which phase it is in, and how long that may still last.
 #pragma once
 
+#include <algorithm>
 #include <chrono>
 #include <cstdint>
 
@@ -11,13 +12,20 @@ namespace zr {
 enum class HttpPhase { kResolve, kConnect, kSend, kReceive };
 
 /// Starts in kResolve. The time of a phase counts from its beginning; in kSend and kReceive it
-/// counts from the last byte that moved.
+/// counts from the last byte that moved. The whole exchange ends after kWholeMultiple times the
+/// four limits together, so that a challenge and its answer may each take all the time they have.
 class HttpPhaseClock {
   public:
     using Clock = std::chrono::steady_clock;
 
+    static constexpr int kWholeMultiple = 2;
+
     HttpPhaseClock(const HttpTimeouts& timeouts, Clock::time_point now)
-        : timeouts_(timeouts), since_(now) {}
+        : timeouts_(timeouts),
+          since_(now),
+          end_(now + kWholeMultiple *
+                         (timeouts.resolve + timeouts.connect + timeouts.send + timeouts.receive)) {
+    }
 
     void enter(HttpPhase phase, Clock::time_point now) {
         phase_ = phase;
@@ -36,8 +44,11 @@ class HttpPhaseClock {
             enter(HttpPhase::kReceive, now);
     }
 
-    /// What is left of the phase's limit; zero or less when it has passed.
-    Clock::duration left(Clock::time_point now) const { return since_ + limit() - now; }
+    /// What is left of the phase's limit or of the whole's, the lesser; zero or less when it has
+    /// passed.
+    Clock::duration left(Clock::time_point now) const {
+        return std::min(since_ + limit(), end_) - now;
+    }
 
     HttpPhase phase() const { return phase_; }
 
@@ -59,6 +70,7 @@ class HttpPhaseClock {
     HttpTimeouts timeouts_;
     HttpPhase phase_ = HttpPhase::kResolve;
     Clock::time_point since_;
+    Clock::time_point end_;
     std::int64_t sent_ = 0;
     std::int64_t received_ = 0;
 };

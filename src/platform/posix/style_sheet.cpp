@@ -4,15 +4,18 @@
 #include <libxslt/extra.h>
 #include <libxslt/security.h>
 #include <libxslt/transform.h>
+#include <libxslt/variables.h>
 #include <libxslt/xsltInternals.h>
 #include <libxslt/xsltutils.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <new>
 #include <unordered_map>
 #include <utility>
 #include <vector>
 
+#include "platform/posix/style_sheet_budget.h"
 #include "platform/posix/style_sheet_session.h"
 #include "platform/posix/xml_reader.h"
 
@@ -22,7 +25,6 @@ namespace {
 
 constexpr std::size_t kMostSheets = 64;
 constexpr int kDeepestTemplate = 3000;  // fits a thread with a stack of 1 MiB
-constexpr unsigned long kMostOperations = 100'000'000;
 
 template <auto Free>
 struct Freer {
@@ -34,6 +36,7 @@ struct Freer {
 using DocumentPtr = std::unique_ptr<xmlDoc, Freer<xmlFreeDoc>>;
 using SheetPtr = std::unique_ptr<xsltStylesheet, Freer<xsltFreeStylesheet>>;
 using ContextPtr = std::unique_ptr<xsltTransformContext, Freer<xsltFreeTransformContext>>;
+using OutputPtr = std::unique_ptr<xmlOutputBuffer, Freer<xmlOutputBufferClose>>;
 using SecurityPtr = std::unique_ptr<xsltSecurityPrefs, Freer<xsltFreeSecurityPrefs>>;
 
 const xmlChar* chars(const char* text) { return reinterpret_cast<const xmlChar*>(text); }
@@ -85,14 +88,17 @@ DocumentPtr parse_input(std::string_view xml) {
 
 SheetPtr compile(SheetSession& session, const std::string& file_name) {
     DocumentPtr document(session.load(file_name, nullptr));
+    errno = 0;  // many a failure to allocate leaves its mark only there
     SheetPtr sheet(xsltParseStylesheetDoc(document.get()));
     if (sheet != nullptr) static_cast<void>(document.release());
+    if (errno == ENOMEM || session.memory_ended()) throw std::bad_alloc();
     if (sheet == nullptr || sheet->errors != 0) {
         fail("The style sheet could not be compiled", session.complaint());
     }
     // The output is text: whatever encoding a sheet asks for, it is written in ours.
     xmlFree(sheet->encoding);
     sheet->encoding = allocated(xmlStrdup(chars("UTF-8")));
+    SheetBudget::guard(sheet.get());
     return sheet;
 }
 
@@ -106,37 +112,77 @@ SecurityPtr restrictions() {
     return result;
 }
 
-std::string serialise(xmlDocPtr result, xsltStylesheetPtr sheet) {
-    xmlChar* output = nullptr;
-    int size = 0;
-    if (xsltSaveResultToString(&output, &size, result, sheet) != 0) {
-        fail("The result of the style sheet could not be written", {});
+struct Output {
+    std::string text;
+    bool too_large = false;
+    bool memory_ended = false;
+
+    static int write(void* context, const char* piece, int size) noexcept {
+        Output& output = *static_cast<Output*>(context);
+        const auto length = static_cast<std::size_t>(size);
+        output.too_large = output.too_large || length > kMostSheetOutput - output.text.size();
+        if (output.too_large) return -1;
+        try {
+            output.text.append(piece, length);
+        } catch (const std::bad_alloc&) {
+            output.memory_ended = true;
+            return -1;
+        }
+        return size;
     }
-    const std::unique_ptr<xmlChar, void (*)(void*)> owner(output, xmlFree);
-    return output == nullptr
-               ? std::string()
-               : std::string(reinterpret_cast<const char*>(output), static_cast<std::size_t>(size));
+};
+
+std::string serialise(xmlDocPtr result, xsltStylesheetPtr sheet) {
+    Output output;
+    const OutputPtr buffer(
+        allocated(xmlOutputBufferCreateIO(Output::write, nullptr, &output, nullptr)));
+    const int written = xsltSaveResultTo(buffer.get(), result, sheet);
+    const bool flushed = xmlOutputBufferFlush(buffer.get()) >= 0;
+    if (output.memory_ended) throw std::bad_alloc();
+    if (output.too_large) {
+        fail("The style sheet could not be run",
+             "It writes more than " + std::to_string(kMostSheetOutput) + " bytes");
+    }
+    if (written < 0 || !flushed) fail("The result of the style sheet could not be written", {});
+    return std::move(output.text);
 }
 
-std::string run(SheetSession& session, xsltStylesheetPtr sheet, xmlDocPtr input) {
+// Quoted: a value is text, never an expression.
+void give_parameters(xsltTransformContextPtr context, const SheetParameters& parameters) {
+    for (const auto& [name, value] : parameters) {
+        xsltQuoteOneUserParam(context, chars(name.c_str()), chars(value.c_str()));
+    }
+}
+
+std::string run(SheetSession& session, xsltStylesheetPtr sheet, xmlDocPtr input,
+                std::size_t input_bytes, const SheetParameters& parameters) {
+    SheetBudget budget(input_bytes);
     const SecurityPtr security = restrictions();
     const ContextPtr context(allocated(xsltNewTransformContext(sheet, input)));
     xsltSetCtxtSecurityPrefs(security.get(), context.get());
     xsltSetTransformErrorFunc(context.get(), &session, SheetSession::complain_to);
     context->maxTemplateDepth = kDeepestTemplate;
-    context->opLimit = kMostOperations;
     xsltRegisterExtFunction(context.get(), chars("node-set"),
                             chars("urn:schemas-microsoft-com:xslt"), xsltFunctionNodeSet);
+    budget.govern(context.get());
+    give_parameters(context.get(), parameters);
     const DocumentPtr result(
         xsltApplyStylesheetUser(sheet, input, nullptr, nullptr, nullptr, context.get()));
+    budget.admit();
+    const auto memory_ended = [&] { return budget.memory_ended() || session.memory_ended(); };
+    if (memory_ended()) throw std::bad_alloc();
+    if (!budget.reason().empty()) fail("The style sheet could not be run", budget.reason());
     const std::string complaint = session.discreet_complaint();
     if (context->state == XSLT_STATE_STOPPED && complaint.empty()) {
         fail("The style sheet stopped the transformation", {});
     }
-    if (context->state != XSLT_STATE_OK || result == nullptr) {
+    if (context->state != XSLT_STATE_OK || result == nullptr || session.has_strayed()) {
         fail("The style sheet could not be run", complaint);
     }
-    return serialise(result.get(), sheet);
+    std::string text = serialise(result.get(), sheet);
+    budget.admit();
+    if (memory_ended()) throw std::bad_alloc();
+    return text;
 }
 
 struct CompiledSheet {
@@ -160,7 +206,7 @@ struct StyleSheets::Cache {
             if (known->second.is_current()) return known->second.sheet.get();
             sheets.erase(known);
         }
-        SheetSession session;
+        SheetSession session(file_name);
         SheetPtr sheet = compile(session, file_name);
         if (sheets.size() >= kMostSheets) sheets.clear();
         CompiledSheet& kept = sheets[file_name];
@@ -172,11 +218,12 @@ struct StyleSheets::Cache {
 StyleSheets::StyleSheets() : cache_(std::make_unique<Cache>()) {}
 StyleSheets::~StyleSheets() = default;
 
-std::string StyleSheets::transform(std::string_view xml, const std::string& file_name) {
+std::string StyleSheets::transform(std::string_view xml, const std::string& file_name,
+                                   const SheetParameters& parameters) {
     const DocumentPtr input = parse_input(xml);
     xsltStylesheetPtr sheet = cache_->get(file_name);
-    SheetSession session;
-    return run(session, sheet, input.get());
+    SheetSession session(file_name);
+    return run(session, sheet, input.get(), xml.size(), parameters);
 }
 
 }  // namespace zr

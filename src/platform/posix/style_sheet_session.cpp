@@ -7,9 +7,12 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
+#include <cerrno>
 #include <cstdio>
 #include <cstring>
 #include <fstream>
+#include <mutex>
 #include <new>
 #include <string_view>
 #include <system_error>
@@ -23,18 +26,20 @@ namespace {
 
 thread_local SheetSession* current_session = nullptr;
 
-// The hooks that were there before: the host may use the library too.
+// The process's hooks that were there before: the host may use the library too.
 struct OuterHooks {
-    xsltDocLoaderFunc load;
-    xmlGenericErrorFunc complain;
-    void* complain_context;
+    std::atomic<xsltDocLoaderFunc> load;
+    std::atomic<void (*)(void*, const char*, ...)> complain;
+    std::atomic<void*> complain_context;
 };
-OuterHooks outer_hooks{};  // constant once the library is set up
+OuterHooks outer_hooks{};
+std::mutex sessions_lock;
+int sessions = 0;
 
 xmlDocPtr load_hook(const xmlChar* address, xmlDictPtr dictionary, int options, void* context,
                     xsltLoadType type) {
     if (current_session == nullptr) {
-        return outer_hooks.load(address, dictionary, options, context, type);
+        return outer_hooks.load.load()(address, dictionary, options, context, type);
     }
     return current_session->load_named(address, dictionary, type != XSLT_LOAD_DOCUMENT);
 }
@@ -47,21 +52,35 @@ __attribute__((format(printf, 2, 3))) void complain_hook(void*, const char* form
     } else {
         std::array<char, 1024> text{};
         std::vsnprintf(text.data(), text.size(), format, arguments);
-        outer_hooks.complain(outer_hooks.complain_context, "%s", text.data());
+        outer_hooks.complain.load()(outer_hooks.complain_context, "%s", text.data());
     }
     va_end(arguments);
 }
 
-void set_up_library() {
-    static const bool done = [] {
-        xmlInitParser();
-        exsltRegisterAll();
-        outer_hooks = {xsltDocDefaultLoader, xsltGenericError, xsltGenericErrorContext};
+// A host may have set its own since the last session; then ours go in front of them.
+void set_hooks() {
+    static const bool registered = (xmlInitParser(), exsltRegisterAll(), true);
+    static_cast<void>(registered);
+    const std::lock_guard lock(sessions_lock);
+    ++sessions;
+    if (xsltDocDefaultLoader != load_hook) {
+        outer_hooks.load = xsltDocDefaultLoader;
         xsltSetLoaderFunc(load_hook);
+    }
+    if (xsltGenericError != complain_hook) {
+        outer_hooks.complain = xsltGenericError;
+        outer_hooks.complain_context = xsltGenericErrorContext;
         xsltSetGenericErrorFunc(nullptr, complain_hook);
-        return true;
-    }();
-    static_cast<void>(done);
+    }
+}
+
+void restore_hooks() {
+    const std::lock_guard lock(sessions_lock);
+    if (--sessions > 0) return;
+    if (xsltDocDefaultLoader == load_hook) xsltSetLoaderFunc(outer_hooks.load);
+    if (xsltGenericError == complain_hook) {
+        xsltSetGenericErrorFunc(outer_hooks.complain_context, outer_hooks.complain);
+    }
 }
 
 [[noreturn]] void fail_to_open(const std::string& path, const std::string& reason) {
@@ -149,8 +168,9 @@ SheetFile look_at(const std::string& path) {
     return file;
 }
 
-SheetSession::SheetSession() : outer_(current_session) {
-    set_up_library();
+SheetSession::SheetSession(const std::string& sheet)
+    : folder_(std::filesystem::path(sheet).parent_path()), outer_(current_session) {
+    set_hooks();
     outer_report_ = xmlStructuredError;
     outer_report_context_ = xmlStructuredErrorContext;
     outer_remark_ = xmlGenericError;
@@ -164,6 +184,16 @@ SheetSession::~SheetSession() {
     current_session = outer_;
     xmlSetStructuredErrorFunc(outer_report_context_, outer_report_);
     xmlSetGenericErrorFunc(outer_remark_context_, outer_remark_);
+    restore_hooks();
+}
+
+// In the sheet's folder or below it, also by what links lead to.
+bool SheetSession::is_neighbour(const std::string& path) const {
+    const std::filesystem::path folder =
+        std::filesystem::canonical(folder_.empty() ? "." : folder_);
+    const std::filesystem::path file = std::filesystem::weakly_canonical(path);
+    return std::mismatch(folder.begin(), folder.end(), file.begin(), file.end()).first ==
+           folder.end();
 }
 
 xmlDocPtr SheetSession::load(const std::string& path, xmlDictPtr dictionary) {
@@ -184,16 +214,25 @@ xmlDocPtr SheetSession::load(const std::string& path, xmlDictPtr dictionary) {
 
 xmlDocPtr SheetSession::load_named(const xmlChar* address, xmlDictPtr dictionary,
                                    bool is_sheet) noexcept {
+    memory_ended_ = memory_ended_ || errno == ENOMEM;  // reading a file forgets it
     try {
         const std::string path = local_path(reinterpret_cast<const char*>(address));
         if (path.empty()) {
             what_ = "Only files can be read";
             return nullptr;
         }
+        if (!is_sheet && !is_neighbour(path)) {
+            what_ = "Only files beside the style sheet can be read";
+            has_strayed_ = true;
+            return nullptr;
+        }
         const std::size_t known = files_.size();
         xmlDocPtr document = load(path, dictionary);
         if (!is_sheet) files_.resize(known);  // read anew at each use
         return document;
+    } catch (const std::bad_alloc&) {
+        memory_ended_ = true;
+        return nullptr;
     } catch (const std::exception& error) {
         if (is_sheet && what_.empty()) what_ = error.what();
         return nullptr;
@@ -216,7 +255,7 @@ void SheetSession::complain(const char* format, std::va_list arguments) noexcept
             note(text.data());
         }
     } catch (const std::bad_alloc&) {
-        awaits_text_ = false;
+        memory_ended_ = true;
     }
 }
 
@@ -228,8 +267,9 @@ void SheetSession::complain_to(void* session, const char* format, ...) {
 }
 
 void SheetSession::report(void* session, xmlErrorPtr error) {
-    if (error->level < XML_ERR_ERROR || error->message == nullptr) return;
-    static_cast<SheetSession*>(session)->note(error->message);
+    auto& self = *static_cast<SheetSession*>(session);
+    if (error->code == XML_ERR_NO_MEMORY) self.memory_ended_ = true;
+    if (error->level >= XML_ERR_ERROR && error->message != nullptr) self.note(error->message);
 }
 
 void SheetSession::remark(void* session, const char* format, ...) {
@@ -245,7 +285,7 @@ void SheetSession::note(const char* what) noexcept {
     try {
         if (what_.empty()) what_ = one_line(what);
     } catch (const std::bad_alloc&) {
-        what_.clear();
+        memory_ended_ = true;
     }
 }
 

@@ -27,10 +27,12 @@ struct SheetFile {
 SheetFile look_at(const std::string& path);
 
 /// While one lives, loads and complaints of the library on this thread are its; the library's hooks
-/// pass everything else on to those that were there before.
+/// pass everything else on to those that were there before. When none is left in the process, the
+/// hooks are again those that were there, or those that the host has set meanwhile.
 class SheetSession {
   public:
-    SheetSession();
+    /// For the use of the sheet in this file.
+    explicit SheetSession(const std::string& sheet);
     ~SheetSession();
     SheetSession(const SheetSession&) = delete;
     SheetSession& operator=(const SheetSession&) = delete;
@@ -50,6 +52,12 @@ class SheetSession {
     /// The same without what stands in quotes, which at run time can be from the document.
     std::string discreet_complaint() const;
 
+    /// True when the library has said that it could not allocate.
+    bool memory_ended() const { return memory_ended_; }
+
+    /// True when the sheet has asked for a file that is not its neighbour.
+    bool has_strayed() const { return has_strayed_; }
+
     const std::vector<SheetFile>& files() const { return files_; }
 
     /// For the library's own signatures.
@@ -61,7 +69,11 @@ class SheetSession {
     static void remark(void* session, const char* format, ...)
         __attribute__((format(printf, 2, 3)));
     void note(const char* what) noexcept;
+    bool is_neighbour(const std::string& path) const;
 
+    std::filesystem::path folder_;
+    bool memory_ended_ = false;
+    bool has_strayed_ = false;
     std::vector<SheetFile> files_;
     std::string where_;
     std::string what_;

@@ -65,14 +65,21 @@ char32_t next_upper(std::string_view value, std::size_t& position) {
     return decoded.valid ? upper_code(decoded.code) : decoded.code;
 }
 
+bool contains_any(std::string_view name, std::initializer_list<std::string_view> parts) {
+    return std::any_of(parts.begin(), parts.end(), [&](std::string_view part) {
+        return name.find(part) != std::string_view::npos;
+    });
+}
+
 /// Owns an iconv descriptor that converts `charset` to UTF-8.
 class Converter {
   public:
     explicit Converter(const std::string& charset)
-        : handle_(is_plain_name(charset) ? iconv_open("UTF-8", charset.c_str()) : invalid()) {
+        : handle_(is_safe_name(charset) ? iconv_open("UTF-8", charset.c_str()) : invalid()) {
         if (handle_ == invalid()) {
-            throw PlatformError(error_number::kInvalidReply,
-                                "The reply is in a character set that is not known.");
+            throw PlatformError(
+                error_number::kInvalidReply,
+                "The reply is in a character set that is not known (" + presentable(charset) + ")");
         }
     }
     ~Converter() { iconv_close(handle_); }
@@ -105,32 +112,55 @@ class Converter {
 
     static iconv_t invalid() { return reinterpret_cast<iconv_t>(-1); }  // NOLINT
 
+    static constexpr std::size_t kLongestName = 40;
+
+    static bool is_plain(char c) {
+        const auto byte = static_cast<unsigned char>(c);
+        return byte < 0x80 &&
+               (std::isalnum(byte) != 0 || std::string_view("-_.:+").find(c) != std::string::npos);
+    }
+
     // The name comes from a server: neither a path nor a conversion option may hide in it.
-    static bool is_plain_name(const std::string& name) {
-        constexpr std::size_t kLongestName = 40;
+    static bool is_safe_name(const std::string& name) {
         return !name.empty() && name.size() <= kLongestName &&
-               std::all_of(name.begin(), name.end(), [](unsigned char c) {
-                   return c < 0x80 && (std::isalnum(c) != 0 || c == '-' || c == '_' || c == '.' ||
-                                       c == ':' || c == '+');
-               });
+               std::all_of(name.begin(), name.end(), is_plain) &&
+               !contains_any(upper(name), {"UTF-7", "UTF7", "HZ"});
+    }
+
+    // As a message may show it: short and without anything that is in no charset's name.
+    static std::string presentable(const std::string& name) {
+        std::string shown = name.substr(0, kLongestName);
+        std::replace_if(
+            shown.begin(), shown.end(), [](char c) { return !is_plain(c); }, '?');
+        return shown;
     }
 
     iconv_t handle_;
     std::array<char, 4096> buffer_;
 };
 
-bool contains_any(std::string_view name, std::initializer_list<std::string_view> parts) {
-    return std::any_of(parts.begin(), parts.end(), [&](std::string_view part) {
-        return name.find(part) != std::string_view::npos;
-    });
+bool has_wide_units(std::string_view upper_name) {
+    return contains_any(upper_name, {"UTF-32", "UTF32", "UCS-4", "UCS4", "UTF-16", "UTF16", "UCS-2",
+                                     "UCS2", "10646", "UNICODE"});
 }
 
-// How many bytes an invalid character takes, so that what follows keeps its alignment.
-std::size_t unit_size(std::string_view upper_name) {
-    if (contains_any(upper_name, {"32", "UCS-4", "UCS4"})) {
-        return 4;
+// Half of a surrogate pair, written as if it were a character.
+bool has_surrogate(std::string_view bytes) {
+    const auto is_between = [&](std::size_t position, unsigned char least) {
+        const auto byte = static_cast<unsigned char>(bytes[position]);
+        return byte >= least && byte <= 0xBF;
+    };
+    for (std::size_t at = 0; (at = bytes.find('\xED', at)) != std::string_view::npos; ++at) {
+        if (bytes.size() - at > 2 && is_between(at + 1, 0xA0) && is_between(at + 2, 0x80)) {
+            return true;
+        }
     }
-    return contains_any(upper_name, {"UTF-16", "UTF16", "UCS-2", "UCS2", "10646"}) ? 2 : 1;
+    return false;
+}
+
+[[noreturn]] void refuse_text() {
+    throw PlatformError(error_number::kInvalidReply,
+                        "The reply is not valid text in its character set");
 }
 
 }  // namespace
@@ -165,15 +195,21 @@ std::size_t hash_ignoring_case(std::string_view value) {
 std::string decode(std::string_view bytes, const std::string& charset) {
     const std::string name = upper(charset);
     if (name == "UTF-8" || name == "UTF8") {
+        if (has_surrogate(bytes)) {
+            refuse_text();
+        }
         return to_valid_utf8(bytes);
     }
-    Converter converter(name);
-    const std::size_t unit = unit_size(name);
+    Converter converter(charset);
+    const bool is_wide = has_wide_units(name);
     std::string result;
     result.reserve(bytes.size() + bytes.size() / 8);
     while (!converter.convert(bytes, result)) {
+        if (is_wide) {
+            refuse_text();
+        }
         append_code_point(result, utf8::kReplacement);
-        bytes.remove_prefix(std::min(unit, bytes.size()));
+        bytes.remove_prefix(std::min<std::size_t>(1, bytes.size()));
     }
     return is_valid_utf8(result) ? result : to_valid_utf8(result);
 }

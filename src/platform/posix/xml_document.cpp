@@ -61,13 +61,14 @@ Target& target(void* context) { return *static_cast<Target*>(XmlReader::of(conte
 // An attribute as the parser reports it: five pointers.
 enum AttributeField { kLocalName, kPrefix, kNamespace, kValueBegin, kValueEnd, kFieldCount };
 
-void start_element(void* context, const xmlChar* name, const xmlChar*, const xmlChar* uri, int,
-                   const xmlChar**, int attribute_count, int defaulted_count,
-                   const xmlChar** attributes) {
+void start_element(void* context, const xmlChar* name, const xmlChar*, const xmlChar* uri,
+                   int namespace_count, const xmlChar** namespaces, int attribute_count,
+                   int defaulted_count, const xmlChar** attributes) {
     XmlReader& reader = XmlReader::of(context);
-    if (!reader.admit_element()) return;
+    if (!reader.admit_element(namespace_count, namespaces)) return;
     reader.run([&] {
         Target& into = *static_cast<Target*>(reader.target);
+        into.builder.name_document(view(name));
         into.builder.start_element(uri == nullptr ? into.names.id(name) : XmlNameId{0});
         const xmlChar** const end =
             attributes + std::ptrdiff_t{kFieldCount} * (attribute_count - defaulted_count);
@@ -96,6 +97,7 @@ void characters(void* context, const xmlChar* chars, int size) {
 void comment(void* context, const xmlChar*) { target(context).builder.other_markup(); }
 
 void instruction(void* context, const xmlChar*, const xmlChar*) {
+    XmlReader::of(context).admit_name();
     target(context).builder.other_markup();
 }
 

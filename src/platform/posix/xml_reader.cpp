@@ -6,6 +6,7 @@
 #include <libxml/xmlerror.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <cstring>
 #include <limits>
 #include <new>
@@ -43,6 +44,14 @@ std::string refusal_reason(XmlParseError::Refusal refusal, const XmlLimits& limi
         case XmlParseError::kTooManyNamespaces:
             return "More than " + std::to_string(limits.attributes) +
                    " namespaces are in scope at once.";
+        case XmlParseError::kHasInternalSubset:
+            return "The document type declaration has an internal subset.";
+        case XmlParseError::kTooManyNames:
+            return "The document has more than " + std::to_string(limits.names) +
+                   " different names.";
+        case XmlParseError::kTooManyDistinctNamespaces:
+            return "The document has more than " + std::to_string(limits.names) +
+                   " different namespaces.";
     }
     return {};
 }
@@ -99,6 +108,7 @@ XmlReader::XmlReader(std::string_view text, Source source, const XmlLimits& limi
         context_->encoding = xmlStrdup(reinterpret_cast<const xmlChar*>("UTF-8"));
     }
     xmlCtxtUseOptions(context_, options);
+    if (source == Source::kText) context_->loadsubset = XML_SKIP_IDS;  // their table is quadratic
 }
 
 XmlReader::~XmlReader() {
@@ -113,6 +123,7 @@ void XmlReader::set_handlers(xmlSAXHandler handlers) {
     handlers.warning = nullptr;
     handlers.error = nullptr;
     handlers.fatalError = nullptr;
+    handlers.internalSubset = begin_type_declaration;
     handlers.entityDecl = declare_entity;
     handlers.unparsedEntityDecl = declare_unparsed_entity;
     handlers.externalSubset = end_type_declaration;
@@ -133,9 +144,13 @@ void XmlReader::build_document(const std::string& address, xmlDictPtr dictionary
                                  const xmlChar* uri, int namespace_count,
                                  const xmlChar** namespaces, int attribute_count,
                                  int defaulted_count, const xmlChar** attributes) {
-        if (!of(context).admit_element()) return;
+        if (!of(context).admit_element(namespace_count, namespaces)) return;
         xmlSAX2StartElementNs(context, name, prefix, uri, namespace_count, namespaces,
                               attribute_count, defaulted_count, attributes);
+    };
+    handlers.processingInstruction = [](void* context, const xmlChar* name,
+                                        const xmlChar* content) {
+        if (of(context).admit_name()) xmlSAX2ProcessingInstruction(context, name, content);
     };
     set_handlers(handlers);
 }
@@ -154,9 +169,13 @@ std::optional<XmlParseError> XmlReader::parse() {
         const auto* const address = reinterpret_cast<const xmlChar*>(address_.c_str());
         input->filename = reinterpret_cast<char*>(xmlStrdup(address));
     }
+    first_names_ = static_cast<std::size_t>(xmlDictSize(context_->dict));
     inputPush(context_, input);
+    errno = 0;
     xmlParseDocument(context_);
     if (thrown_) std::rethrow_exception(thrown_);
+    // Not every failure to allocate is reported.
+    if (errno == ENOMEM || context_->errNo == XML_ERR_NO_MEMORY) throw std::bad_alloc();
     if (!error_ && context_->wellFormed == 0) fail(XML_ERR_INTERNAL_ERROR, "Not well-formed.");
     return error_;
 }
@@ -189,7 +208,9 @@ int XmlReader::read(void* reader, char* buffer, int size) {
 void XmlReader::report(void* context, xmlErrorPtr error) {
     XmlReader& reader = of(context);
     const bool about_types = error->domain == XML_FROM_DTD || error->domain == XML_FROM_VALID;
-    if (error->level < XML_ERR_ERROR || about_types || reader.error_) return;
+    // A namespace may have any name; the parser would have it look like an address.
+    const bool about_spelling = error->code == XML_WAR_NS_URI;
+    if (error->level < XML_ERR_ERROR || about_types || about_spelling || reader.error_) return;
     reader.run([&] {
         std::string_view reason = error->message == nullptr ? "" : error->message;
         reader.fail(error->code, reason.substr(0, reason.find('\n')));
@@ -207,17 +228,28 @@ void XmlReader::declare_entity(void* context, const xmlChar* name, int type,
     XmlReader& reader = of(context);
     const bool internal =
         type == XML_INTERNAL_GENERAL_ENTITY || type == XML_INTERNAL_PARAMETER_ENTITY;
-    if (reader.source_ == Source::kFile && internal) {
+    if (internal) {
         xmlSAX2EntityDecl(context, name, type, public_id, system_id, content);
     } else {
-        reader.run([&] { reader.refuse(XmlParseError::kDeclaresEntities); });
+        reader.refuse(XmlParseError::kDeclaresEntities);
     }
 }
 
 void XmlReader::declare_unparsed_entity(void* context, const xmlChar*, const xmlChar*,
                                         const xmlChar*, const xmlChar*) {
     XmlReader& reader = of(context);
-    reader.run([&] { reader.refuse(XmlParseError::kDeclaresEntities); });
+    reader.refuse(XmlParseError::kDeclaresEntities);
+}
+
+// Before what stands in brackets: there the parser is quadratic, and recurses without a bound.
+void XmlReader::begin_type_declaration(void* context, const xmlChar* name, const xmlChar* public_id,
+                                       const xmlChar* system_id) {
+    XmlReader& reader = of(context);
+    if (reader.source_ == Source::kFile) {
+        xmlSAX2InternalSubset(context, name, public_id, system_id);
+    } else if (*reader.context_->input->cur == '[') {
+        reader.refuse(XmlParseError::kHasInternalSubset);
+    }
 }
 
 // At the end of the document type declaration: default attributes that it gave are forgotten.
@@ -229,8 +261,19 @@ void XmlReader::end_type_declaration(void* context, const xmlChar*, const xmlCha
     parser->attsDefault = nullptr;
 }
 
-void XmlReader::refuse(XmlParseError::Refusal refusal) {
-    fail(refusal, refusal_reason(refusal, limits_));
+bool XmlReader::admit_namespaces(int count, const xmlChar** namespaces) {
+    if (static_cast<std::uint32_t>(context_->nsNr) / 2 > limits_.attributes) {
+        return refuse(XmlParseError::kTooManyNamespaces);
+    }
+    run([&] {
+        for (int i = 0; i < count; ++i) namespaces_.insert(namespaces[2 * i + 1]);
+    });
+    return namespaces_.size() <= limits_.names || refuse(XmlParseError::kTooManyDistinctNamespaces);
+}
+
+bool XmlReader::refuse(XmlParseError::Refusal refusal) {
+    run([&] { fail(refusal, refusal_reason(refusal, limits_)); });
+    return false;
 }
 
 void XmlReader::fail(int code, std::string_view reason) {

@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 #include <utility>
 
 #include "platform/xml_document.h"
@@ -17,7 +18,7 @@ namespace zr {
 class XmlReader {
   public:
     enum class Source {
-        kText,  ///< UTF-8 whatever it says of itself; no entity may be declared
+        kText,  ///< UTF-8 whatever it says of itself; nothing may be declared in it
         kFile,  ///< bytes of a file of the deployment: its encoding counts, and it may declare
                 ///< internal entities, which the parser keeps from growing out of hand
     };
@@ -54,15 +55,22 @@ class XmlReader {
     /// Parses; none when the text is a document. Rethrows what a handler threw.
     std::optional<XmlParseError> parse();
 
-    /// Called for each start tag: false, and the parse ends, when it passes a bound.
-    bool admit_element() {
+    /// Called for each start tag, with the namespaces that it declares as the parser reports them:
+    /// false, and the parse ends, when a bound is passed.
+    bool admit_element(int namespace_count, const xmlChar** namespaces) {
         const bool deep = static_cast<std::uint32_t>(context_->nameNr) >= limits_.depth;
-        const bool crowded = static_cast<std::uint32_t>(context_->nsNr) / 2 > limits_.attributes;
-        if (deep || crowded) [[unlikely]] {
-            refuse(deep ? XmlParseError::kTooDeep : XmlParseError::kTooManyNamespaces);
-            return false;
-        }
-        return true;
+        if (deep) [[unlikely]]
+            return refuse(XmlParseError::kTooDeep);
+        if (namespace_count > 0 && !admit_namespaces(namespace_count, namespaces)) return false;
+        return admit_name();
+    }
+
+    /// Called for whatever else has a name. The parser looks names up in chains that grow with
+    /// their number.
+    bool admit_name() {
+        const auto known = static_cast<std::size_t>(xmlDictSize(context_->dict));
+        const bool crowded = known - first_names_ > limits_.names + namespaces_.size();
+        return !crowded || refuse(XmlParseError::kTooManyNames);
     }
 
     /// Runs part of a handler; an exception ends the parse and leaves it by parse().
@@ -84,10 +92,13 @@ class XmlReader {
                                xmlChar* content);
     static void declare_unparsed_entity(void* context, const xmlChar*, const xmlChar*,
                                         const xmlChar*, const xmlChar*);
+    static void begin_type_declaration(void* context, const xmlChar* name, const xmlChar* public_id,
+                                       const xmlChar* system_id);
     static void end_type_declaration(void* context, const xmlChar*, const xmlChar*, const xmlChar*);
 
     bool refuse_unread();
-    void refuse(XmlParseError::Refusal refusal);
+    bool admit_namespaces(int count, const xmlChar** namespaces);
+    bool refuse(XmlParseError::Refusal refusal);  // always false
     void fail(int code, std::string_view reason);
     void stop();
 
@@ -97,6 +108,8 @@ class XmlReader {
     xmlParserCtxtPtr context_;
     std::size_t given_ = 0;  // of the text, to the parser
     bool stopped_ = false;
+    std::size_t first_names_ = 0;                    // those that are not the document's
+    std::unordered_set<const xmlChar*> namespaces_;  // distinct ones, by their address
     std::string address_;
     std::optional<XmlParseError> error_;
     int error_line_ = 0;

@@ -20,6 +20,9 @@ class B2BayService : public ReplyService {
 
     std::span<const Property<Service>> settings() const override;
 
+  protected:
+    bool counts_directors() const override { return company_add_directors_statistics_; }
+
   private:
     bool company_add_directors_statistics_ = false;
 };

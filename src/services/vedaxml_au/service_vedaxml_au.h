@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "platform/secret.h"
 #include "services/vedaxml_service.h"
 
 namespace zr {
@@ -15,6 +16,11 @@ struct AustralianSender;
 /// the Australian VedaXML gateway.
 class ServiceVedaXMLAU final : public VedaXmlService {
   public:
+    ServiceVedaXMLAU() = default;
+    ~ServiceVedaXMLAU() override { wipe(subscriber_security_code_); }
+    ServiceVedaXMLAU(const ServiceVedaXMLAU&) = delete;
+    ServiceVedaXMLAU& operator=(const ServiceVedaXMLAU&) = delete;
+
     std::string_view ServiceName() const override { return "VedaXMLAU"; }
     std::string_view ServiceNameFriendly() const override {
         return "Veda Advantage VedaXML (Australia)";

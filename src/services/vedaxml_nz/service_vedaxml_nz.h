@@ -41,6 +41,7 @@ class ServiceVedaXMLNZ final : public VedaXmlService {
     bool VerifyConnection() override;
 
   protected:
+    bool counts_directors() const override { return company_add_directors_statistics_; }
     bool build_catalogue() override;
     bool BuildCreditEnquiryXML(Request& request) override;
     CheckedReply check(std::string_view response_xml) const override;

@@ -1,0 +1,49 @@
+"""A failing allocator at every point: a clean failure or the right answer, never a crash.
+
+`failing_allocator` runs tasks in the component's process again and again, each time with another
+allocation that fails, alone or with all behind it.
+"""
+
+import re
+
+from kit import BIN, EXAMPLES, Folder, ROOT, jobs_of, host, run
+
+PROGRAM = BIN / "failing_allocator"
+LINE = re.compile(r"^(\S+)\s+tried\s+(\d+)\s+right\s+(\d+)\s+clean\s+(\d+)(.*)", re.M)
+
+
+def examine_points(tally, bounded):
+    for how in ([], ["--from"]):
+        done = run([PROGRAM, ROOT, *how, *(["--step", "25"] if bounded else [])], limit=1800)
+        rows = LINE.findall(done.out.decode())
+        tally.expect("the program tries its tasks", rows and not done.died, done)
+        for task, tried, right, clean, rest in rows:
+            tally.count(f"{task}: one allocation fails" if not how else
+                        f"{task}: all from one on fail", int(tried), int(right) + int(clean),
+                        task + rest)
+
+
+def examine_address_space(tally, bounded):
+    """The process may have so much memory and no more: an answer or a failure that says why."""
+    small = (EXAMPLES / "vedaxml_au_adverse.xml").read_text()
+    large = small.replace("</primary-match>", "<x>" + "y" * (60 << 20) + "</x></primary-match>", 1)
+    with Folder() as folder:
+        (folder / "large.xml").write_text(large)
+        (folder / "jobs").write_bytes(jobs_of([large]))
+        for megabytes in ([300, 500] if bounded else range(100, 1000, 100)):
+            for how in (["translate", folder / "large.xml", "--service", "VedaXMLAU"],
+                        ["translate", "--input", folder / "jobs"]):
+                done = host(*how, memory=megabytes)
+                right = done.status == 0 and b"2 unpaid" not in done.err
+                failed = done.status in (1, 2) and b"emory" in done.err + done.out
+                tally.expect("a reply of 60 MB in too little memory: an answer, or \"Not enough "
+                             "memory.\"", not done.died and (right or failed),
+                             f"{megabytes} MB: {done}")
+
+
+def examine(tally, bounded):
+    if PROGRAM.exists():
+        examine_points(tally, bounded)
+    else:
+        tally.expect("the program is there", False, f"{PROGRAM} is not built")
+    examine_address_space(tally, bounded)
