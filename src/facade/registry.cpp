@@ -1,19 +1,21 @@
 #include "facade/registry.h"
 
+#include "facade/reports.h"
 #include "services/b2bay/service_b2bay_au.h"
 #include "services/b2bay/service_b2bay_nz.h"
 #include "services/b2bay/service_b2bay_nz_v2.h"
 #include "services/vedaxml_au/service_vedaxml_au.h"
 #include "services/vedaxml_nz/service_vedaxml_nz.h"
 #include "values/convert.h"
+#include "values/text.h"
 
 namespace zr {
 namespace {
 
-using ServiceMaker = std::unique_ptr<Service> (*)();
+using ServiceMaker = std::unique_ptr<ReplyService> (*)();
 
 template <class T>
-std::unique_ptr<Service> make() {
+std::unique_ptr<ReplyService> make() {
     return std::make_unique<T>();
 }
 
@@ -67,6 +69,24 @@ void Services::Dispose() {
     }
     services_.clear();
     application_ = nullptr;
+}
+
+const ReportDefinition* find_report(std::string_view service_name) {
+    for (const auto& row : kServices) {
+        const std::unique_ptr<ReplyService> service = row.make();
+        if (text::equal_ignoring_case(service->ServiceName(), service_name)) {
+            return &service->translator().definition();
+        }
+    }
+    return nullptr;
+}
+
+std::vector<std::string_view> all_service_names() {
+    std::vector<std::string_view> names;
+    for (const auto& row : kServices) {
+        names.push_back(row.make()->ServiceName());
+    }
+    return names;
 }
 
 }  // namespace zr

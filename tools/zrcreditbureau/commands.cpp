@@ -5,10 +5,12 @@
 #include <optional>
 
 #include "automation/json_form.h"
+#include "facade/reports.h"
 #include "values/text.h"
 #include "zrcreditbureau/catalogue_text.h"
 #include "zrcreditbureau/failure.h"
 #include "zrcreditbureau/interruption.h"
+#include "zrcreditbureau/layout_text.h"
 #include "zrcreditbureau/output.h"
 #include "zrcreditbureau/report_text.h"
 
@@ -35,6 +37,9 @@ constexpr Command kCommands[] = {
     {"verify", "Test the connection of a service",
      "zrcreditbureau verify --country AU --settings bureau.json --service VedaXMLAU",
      Operation::kVerify, Fields::kService, Format::kText, false},
+    {"layout", "Show how a service's report is laid out and what it counts",
+     "zrcreditbureau layout --service VedaXMLAU", std::nullopt, Fields::kService, Format::kText,
+     false},
     {"translate", "Report a stored reply, or many",
      "zrcreditbureau translate reply.xml --service VedaXMLAU --product consumer-enquiry\n"
      "      --date 2012-06-15\n"
@@ -133,6 +138,24 @@ int run_catalogue(const Invocation& invocation) {
     return kDone;
 }
 
+int run_layout(const Invocation& invocation) {
+    require_service(invocation);
+    const std::string service = request_text(invocation.job, "ServiceName");
+    const ReportDefinition* report = find_report(service);
+    if (report == nullptr) {
+        throw MisuseError("There is no service '" + service + "'.");
+    }
+    constexpr mode_t kForAll = 0666;
+    Output output(invocation.output_path, kForAll);
+    if (invocation.format == Format::kText) {
+        write_document(output, layout_text(*report));
+    } else {
+        write_json(output, [&](automation::JsonWriter& json) { write_layout(json, *report); });
+    }
+    output.finish();
+    return kDone;
+}
+
 /// Writes a document to its output, which is then complete; one that was paid for is kept
 /// somewhere.
 void deliver(Operation operation, Output& output, const std::function<void(Output&)>& write) {
@@ -222,7 +245,8 @@ std::span<const Command> commands() { return kCommands; }
 
 int run_command(const Invocation& invocation) {
     if (!invocation.command->operation) {
-        return run_catalogue(invocation);
+        return invocation.command->fields == Fields::kNone ? run_catalogue(invocation)
+                                                           : run_layout(invocation);
     }
     refuse_overwriting(invocation);
     if (invocation.many || invocation.ndjson) {

@@ -7,8 +7,8 @@
 namespace zr::new_zealand {
 
 /// The paths of a company search's candidates, and of what is under each.
-struct NewZealandSearchPaths {
-    explicit NewZealandSearchPaths(XmlNames& names);
+struct SearchPaths {
+    explicit SearchPaths(XmlNames& names);
 
     XmlPath candidate;
     XmlPath company_name;
@@ -19,7 +19,6 @@ struct NewZealandSearchPaths {
 };
 
 /// Adds a selection for each candidate of the reply, in document order.
-void add_company_selections(const NewZealandSearchPaths& paths, CompanySelections& selections,
-                            XmlNode root);
+void add_company_selections(const SearchPaths& paths, CompanySelections& selections, XmlNode root);
 
 }  // namespace zr::new_zealand

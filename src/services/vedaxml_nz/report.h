@@ -1,11 +1,29 @@
-// What is counted of New Zealand reports, and the summary lines that show it: rows that each
-// service makes its tables of.
+// The New Zealand report: where a reply has it, how it is laid out, and what is counted.
 #pragma once
 
-#include "reports/statistics.h"
+#include <string>
+
+#include "services/report_definition.h"
 
 namespace zr::new_zealand {
 
+/// The report of the VedaXML gateway.
+ReportDefinition report();
+
+// Its sections, those of a person and those of a company, each in a file of its own.
+layout::Sections person_sections();
+layout::Sections company_sections();
+
+/// What sections of a person start from: the enquiry report or a director's, the LicenceCheck
+/// report, or the report on court fines.
+inline constexpr std::uint8_t kReport = 0;
+inline constexpr std::uint8_t kLicence = 1;
+inline constexpr std::uint8_t kFines = 2;
+
+/// A content error of a reply in the bureau's words.
+std::string content_error(const ReplyCheckPaths& paths, XmlNode error);
+
+// Rows that are counted alike of several New Zealand reports.
 namespace counted {
 
 // Of a person, under the enquiry report or a director's report.
@@ -59,30 +77,5 @@ inline constexpr StatisticsCategory kCompanyPublicNotices{
     .statuses = {"YES"}};
 
 }  // namespace counted
-
-// Family, sub-group, label of the open count, "None" when it is 0.
-inline constexpr SummaryBlock kIndividualQuickSummary[] = {
-    {RecordFamily::kEnquiry, "Enquiries", "", false},
-    {RecordFamily::kDefault, "Defaults", "Not Paid", true},
-    {RecordFamily::kCollection, "Default Collections", "Not Paid", true},
-    {RecordFamily::kJudgement, "Judgements", "", false},
-    {RecordFamily::kBankruptcy, "Bankruptcy", "Undischarged", true},
-    {RecordFamily::kPublicNotice, "Public Notices", "", false},
-};
-
-inline constexpr SummaryBlock kCompanyQuickSummary[] = {
-    {RecordFamily::kEnquiry, "Enquiries", "", false},
-    {RecordFamily::kDefault, "Defaults", "Not Paid", true},
-    {RecordFamily::kJudgement, "Judgements", "", false},
-    {RecordFamily::kPublicNotice, "Public Notices", "Adverse", true},
-};
-
-inline constexpr SummaryBlock kDirectorsQuickSummary[] = {
-    {RecordFamily::kEnquiry, "Enquiries (incl Directors)", "", false},
-    {RecordFamily::kDefault, "Defaults (incl Directors)", "Not Paid", true},
-    {RecordFamily::kCollection, "Collections (Directors)", "", false},
-    {RecordFamily::kJudgement, "Judgements (incl Directors)", "", false},
-    {RecordFamily::kBankruptcy, "Bankruptcy (Directors)", "Undischarged", true},
-};
 
 }  // namespace zr::new_zealand
