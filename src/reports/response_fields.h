@@ -6,8 +6,8 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/xml_document.h"
 #include "records/response.h"
+#include "xml/xml_document.h"
 
 namespace zr {
 

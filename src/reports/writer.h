@@ -8,11 +8,11 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/xml_document.h"
 #include "records/code_tables.h"
 #include "records/response_elements.h"
 #include "reports/layout.h"
 #include "values/regional_format.h"
+#include "xml/xml_document.h"
 
 namespace zr::layout {
 

@@ -5,9 +5,9 @@
 #include <string>
 #include <string_view>
 
-#include "platform/xml_document.h"
 #include "services/service.h"
 #include "services/translator.h"
+#include "xml/xml_document.h"
 
 namespace zr {
 

@@ -5,10 +5,10 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/xml_document.h"
 #include "records/request.h"
 #include "reports/writer.h"
 #include "services/report_definition.h"
+#include "xml/xml_document.h"
 
 namespace zr {
 

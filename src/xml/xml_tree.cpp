@@ -1,4 +1,4 @@
-#include "platform/xml_tree.h"
+#include "xml/xml_tree.h"
 
 #include <utility>
 

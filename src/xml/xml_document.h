@@ -14,6 +14,8 @@
 #include <variant>
 #include <vector>
 
+#include "platform/xml_parser.h"
+
 namespace zr {
 
 /// A name as a small integer; 0 is any name that no path mentions.
@@ -146,34 +148,6 @@ class XmlNode {
 
     const XmlTree* tree_ = nullptr;
     std::uint32_t index_ = 0;
-};
-
-/// Why a text is not a document that the component reads.
-struct XmlParseError {
-    /// Codes of the component's own refusals; all others are the parser's.
-    enum Refusal : int {
-        kTooLarge = 10000,
-        kTooDeep,
-        kTooManyAttributes,
-        kDeclaresEntities,
-        kTooManyNamespaces,
-        kHasInternalSubset,
-        kTooManyNames,
-        kTooManyDistinctNamespaces,
-    };
-
-    int code = 0;             ///< the parser's own code or a Refusal, never 0
-    std::string reason;       ///< ends with CR LF
-    std::string source_text;  ///< the line that the error is in, a long one cut around it
-    int line_position = 0;    ///< 1-based character position in the line; 0 when unknown
-};
-
-/// Bounds on a document, each with its own reason when it is passed.
-struct XmlLimits {
-    std::size_t bytes = std::size_t{64} << 20;
-    std::uint32_t depth = 256;
-    std::uint32_t attributes = 256;  ///< of one element; also the namespaces in scope at once
-    std::uint32_t names = 10'000;    ///< distinct ones; also the distinct namespaces
 };
 
 /// A parsed document. White-space text between elements does not exist in it. A document type

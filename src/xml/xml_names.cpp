@@ -3,7 +3,7 @@
 #include <stdexcept>
 #include <unordered_map>
 
-#include "platform/xml_document.h"
+#include "xml/xml_document.h"
 
 namespace zr {
 

@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/xml_document.h"
+#include "xml/xml_document.h"
 
 namespace zr {
 

@@ -1,4 +1,4 @@
-#include "platform/xml_document.h"
+#include "xml/xml_document.h"
 
 #include <gtest/gtest.h>
 #include <time.h>

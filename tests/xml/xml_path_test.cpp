@@ -5,7 +5,7 @@
 #include <variant>
 #include <vector>
 
-#include "platform/xml_document.h"
+#include "xml/xml_document.h"
 
 namespace zr {
 namespace {

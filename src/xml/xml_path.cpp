@@ -5,7 +5,7 @@
 #include <stdexcept>
 #include <utility>
 
-#include "platform/xml_document.h"
+#include "xml/xml_document.h"
 
 namespace zr {
 

@@ -1,5 +1,5 @@
 // Reads trees: the text of a node and the evaluation of paths. Parsing is the platform's.
-#include "platform/xml_document.h"
+#include "xml/xml_document.h"
 
 #include <algorithm>
 #include <functional>
@@ -7,7 +7,7 @@
 #include <span>
 #include <utility>
 
-#include "platform/xml_tree.h"
+#include "xml/xml_tree.h"
 
 namespace zr {
 
