@@ -16,6 +16,7 @@
 
 #include "facade/zr_credit_bureau.h"
 #include "naive_reader.h"
+#include "platform/style_sheet.h"
 #include "reply_maker.h"
 
 namespace zr::bench {
@@ -51,12 +52,39 @@ struct Case {
     std::function<void(const std::string&)> run;
 };
 
+/// The sheet of a kind's reports; "" for one that is rendered like another.
+std::string sheet_of(const ReplyKind& kind) {
+    static const std::map<std::string_view, const char*> kSheets = {
+        {"au-person", "vedaxml_au.xsl"},
+        {"nz-person", "vedaxml_nz.xsl"},
+        {"nz-company", "vedaxml_nz.xsl"},
+        {"b2bay-nz", "b2bay_nz.xsl"},
+    };
+    const auto found = kSheets.find(kind.name);
+    return found == kSheets.end() ? "" : std::string(ZR_SHEETS) + found->second;
+}
+
+/// The page of a reply.
+std::string render(const ReplyKind& kind, const std::string& reply) {
+    static StyleSheets sheets;
+    return sheets.transform(
+        reply, sheet_of(kind),
+        {{"response-date", "2014-06-15"}, {"service", std::string(kind.service)}});
+}
+
 std::vector<Case> cases(const ReplyKind& kind) {
     auto translator = std::make_shared<Translator>(kind);
-    return {{"parse", read_and_free},
-            {"translate", [translator](const std::string& reply) { translator->translate(reply); }},
-            {"naive",
-             [service = kind.service](const std::string& reply) { read_naively(reply, service); }}};
+    std::vector<Case> result = {
+        {"parse", read_and_free},
+        {"translate", [translator](const std::string& reply) { translator->translate(reply); }},
+        {"naive",
+         [service = kind.service](const std::string& reply) { read_naively(reply, service); }}};
+    if (!sheet_of(kind).empty()) {
+        result.push_back({"render", [kind](const std::string& reply) {
+                              benchmark::DoNotOptimize(render(kind, reply));
+                          }});
+    }
+    return result;
 }
 
 /// Keeps the least time of every benchmark: what the work costs when the machine does nothing else.
@@ -101,6 +129,20 @@ void print_ratios(const ReplyKind& kind, const LeastTimes& times) {
     }
 }
 
+/// The rendering beside the translation, and the size of the page beside the reply's.
+void print_rendering(const ReplyKind& kind, const LeastTimes& times) {
+    for (const std::size_t size : kSizes) {
+        const std::string reply = kind.make(size);
+        const std::size_t page = render(kind, reply).size();
+        const double translate = times.of(key(kind, "translate", size));
+        const double rendering = times.of(key(kind, "render", size));
+        std::printf("%-12.*s %8zu %12.1f %12.1f %16.1f %10zu %12.2f\n",
+                    static_cast<int>(kind.name.size()), kind.name.data(), reply.size(), translate,
+                    rendering, rendering / translate, page,
+                    static_cast<double>(page) / static_cast<double>(reply.size()));
+    }
+}
+
 void measure(int argc, char** argv) {
     std::vector<std::string> options = {"bench_translation", "--benchmark_repetitions=9",
                                         "--benchmark_min_time=0.05",
@@ -136,6 +178,12 @@ void measure(int argc, char** argv) {
     for (const ReplyKind& kind : reply_kinds()) {
         print_ratios(kind, times);
     }
+    std::printf("\n%-12s %8s %12s %12s %16s %10s %12s\n", "reply", "bytes", "translate us",
+                "render us", "render/translate", "page", "page/reply");
+    std::printf("%-12s %8s %12s %12s %16s %10s %12s\n", "", "", "", "", "", "", "(at most 2)");
+    for (const ReplyKind& kind : reply_kinds()) {
+        if (!sheet_of(kind).empty()) print_rendering(kind, times);
+    }
 }
 
 /// Runs one case a number of times and prints the reply's size and the process's peak memory: what
@@ -165,8 +213,15 @@ int run_once(std::string_view kind_name, std::string_view name, std::size_t size
 }  // namespace
 }  // namespace zr::bench
 
-// bench_translation [--benchmark_...], or bench_translation --run KIND CASE BYTES TIMES
+// bench_translation [--benchmark_...], or bench_translation --run KIND CASE BYTES TIMES, or
+// bench_translation --reply KIND BYTES, which writes the reply that is measured
 int main(int argc, char** argv) {
+    if (argc == 4 && std::string_view(argv[1]) == "--reply") {
+        const zr::bench::ReplyKind* const kind = zr::bench::find_reply_kind(argv[2]);
+        if (kind == nullptr) return 2;
+        std::fputs(kind->make(std::strtoul(argv[3], nullptr, 10)).c_str(), stdout);
+        return 0;
+    }
     if (argc == 6 && std::string_view(argv[1]) == "--run") {
         return zr::bench::run_once(argv[2], argv[3], std::strtoul(argv[4], nullptr, 10),
                                    std::atoi(argv[5]));

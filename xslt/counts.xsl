@@ -198,9 +198,13 @@
       <xsl:with-param name="count" select="number($count)"/>
       <xsl:with-param name="noun">adverse record</xsl:with-param>
     </xsl:call-template>
-    <xsl:value-of select="concat($which, ', ', $open, ' open, ')"/>
-    <xsl:call-template name="amount"><xsl:with-param name="text" select="string($owed)"/></xsl:call-template>
-    <xsl:text> owed</xsl:text>
+    <xsl:value-of select="$which"/>
+    <!-- Of those outside, most are of kinds that are neither open nor owed. -->
+    <xsl:if test="not($which) or $open != 0 or $owed != 0">
+      <xsl:value-of select="concat(', ', $open, ' open, ')"/>
+      <xsl:call-template name="amount"><xsl:with-param name="text" select="string($owed)"/></xsl:call-template>
+      <xsl:text> owed</xsl:text>
+    </xsl:if>
   </xsl:template>
 
   <!-- A remark below the headline; nothing where no kind has anything to say. -->

@@ -131,6 +131,12 @@ tr.quiet > * { color: var(--soft); font-weight: 400; }
     padding: .1rem 0; border: 0; text-align: left; white-space: pre-line; }
   .record tbody th { width: auto; }
   .wide td:empty { display: none; }
+  .wide.counts tr { display: grid; gap: .1rem .5rem;
+    grid-template-columns: 4.4rem minmax(0, 1fr) minmax(0, 1.4fr) minmax(0, 1.5fr); }
+  .wide.counts tbody th { grid-column: 1 / -1; display: block; }
+  .wide.counts td, .wide.counts td:empty { display: block; }
+  .wide.counts tbody th::before { content: none; }
+  .wide.counts td::before { display: block; }
   .wide tr.noted { border: 0; padding-bottom: 0; }
   .wide tr.note td { display: block; }
   .wide [data-label]::before { content: attr(data-label); color: var(--soft); font-size: .85rem;

@@ -107,7 +107,7 @@
     <xsl:variable name="broad" select="$class = 'broad'"/>
     <xsl:variable name="step" select="30 + 34 * $broad"/>
     <xsl:variable name="left" select="10 + 190 * $broad"/>
-    <xsl:variable name="row" select="46 - 10 * $broad"/>
+    <xsl:variable name="row" select="50 - 14 * $broad"/>
     <xsl:variable name="width" select="$left + $step * ($last - $first + 2)"/>
     <xsl:variable name="height" select="28 + $row * (string-length($rows) - string-length(translate($rows, ';', '')))"/>
     <svg class="{$class}" viewBox="0 0 {$width} {$height}" width="{$width}" height="{$height}" aria-hidden="true" focusable="false">

@@ -86,7 +86,7 @@ function readBoth(xml) {
 // Words as a page and a report line may both write them.
 const comparable = text => text.replace(/[$,]/g, '').replace(/-/g, ' ').replace(/\s+/g, ' ').toUpperCase();
 function piecesOf(line) {
-  return line.replace(/(\d)\.00\b(?!%)/g, '$1').replace(/(\d-\d\d)T(\d)/g, '$1 $2').replace(/\b(\d+): \1/g, '$1: ')
+  return line.replace(/, Number\s*$/, '').replace(/(\d)\.00\b(?!%)/g, '$1').replace(/(\d-\d\d)T(\d)/g, '$1 $2').replace(/\b(\d+): \1/g, '$1: ')
     .split(/\r?\n| - |\(Reference |Client Reference |Corrections:|Date of Birth |barcode |: | for |[();"]/)
     .map(piece => piece.trim()).filter(piece => piece !== '');
 }
@@ -145,8 +145,10 @@ const kViews = [
   {width: 1280, scheme: 'dark'}, {width: 390, scheme: 'dark'},
 ];
 
+const jobOf = name => JSON.parse(fs.readFileSync(path.join(work, 'replies', `${name}.json`)));
+
 async function look(page, name, index) {
-  const job = JSON.parse(fs.readFileSync(path.join(work, 'replies', `${name}.json`)));
+  const job = jobOf(name);
   const {html, result, text} = translate(name, job);
   const reply = fs.readFileSync(path.join(work, 'replies', `${name}.xml`), 'utf8');
   const size = fs.statSync(html).size;
@@ -200,6 +202,7 @@ async function draw(browser) {
     ['vedaxml_au_adverse', 800, 'dark', '#consumer article.record', 'default_dark'],
   ];
   for (const [name, width, colorScheme, what, picture] of wanted) {
+    translate(name, jobOf(name));
     const page = await browser.newPage({viewport: {width, height: 1000}, colorScheme});
     await page.goto('file://' + path.join(work, 'replies', `${name}.html`));
     await page.locator(what).first().screenshot({path: path.resolve(`docs/pictures/${picture}.png`)});
@@ -213,12 +216,16 @@ async function main() {
     args: ['--no-sandbox', '--disable-gpu', '--disable-quic', '--no-first-run', '--disable-background-networking',
       '--disable-component-update', '--disable-sync'],
   });
+  if (forDocs) {
+    await draw(browser);
+    await browser.close();
+    return;
+  }
   const names = fs.readdirSync(path.join(work, 'replies')).filter(file => file.endsWith('.xml'))
     .map(file => file.slice(0, -4)).sort();
   const page = await browser.newPage();
   page.on('console', message => wrong(page.url(), `the browser says ${message.text()}`));
   for (const [index, name] of names.entries()) await look(page, name, index);
-  if (forDocs) await draw(browser);
   await browser.close();
   console.log(`${names.length} replies looked at, ${faults} faults; pictures in ${path.relative('.', pictures)}`);
   process.exit(faults === 0 ? 0 : 1);

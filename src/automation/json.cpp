@@ -117,11 +117,22 @@ class Builder {
     std::string key_;
 };
 
-std::string message(const rapidjson::ParseResult& result, const std::string& reason) {
+/// Where people find the byte behind `before`: its line and column, or its number in a single line.
+std::string place(std::string_view before) {
+    const auto line = std::count(before.begin(), before.end(), '\n');
+    if (line == 0) {
+        return "byte " + std::to_string(before.size() + 1);
+    }
+    return "line " + std::to_string(line + 1) + ", column " +
+           std::to_string(before.size() - before.rfind('\n'));
+}
+
+std::string message(const rapidjson::ParseResult& result, const std::string& reason,
+                    std::string_view text) {
     if (result.Code() == rapidjson::kParseErrorTermination) {
         return "The JSON text cannot be used: " + reason + ".";
     }
-    return "Not valid JSON at byte " + std::to_string(result.Offset() + 1) + ": " +
+    return "Not valid JSON at " + place(text.substr(0, result.Offset())) + ": " +
            rapidjson::GetParseError_En(result.Code());
 }
 
@@ -178,7 +189,7 @@ JsonValue parse_json(std::string_view text) {
     // The reader takes a zero byte for the end of the text.
     const std::size_t zero = text.find('\0');
     if (zero != std::string_view::npos) {
-        throw JsonError("Not valid JSON at byte " + std::to_string(zero + 1) +
+        throw JsonError("Not valid JSON at " + place(text.substr(0, zero)) +
                         ": a zero byte stands in it.");
     }
     std::string copy(text);
@@ -187,7 +198,7 @@ JsonValue parse_json(std::string_view text) {
     Builder builder;
     const rapidjson::ParseResult result = reader.Parse<kFlags>(stream, builder);
     if (result.IsError()) {
-        throw JsonError(message(result, builder.reason));
+        throw JsonError(message(result, builder.reason, text));
     }
     return builder.take();
 }

@@ -45,6 +45,7 @@ TEST(Json, RefusesWhatIsNotJsonWithAReason) {
         EXPECT_NE(reason_of(text), "") << text;
     }
     EXPECT_EQ(reason_of("[1,]"), "Not valid JSON at byte 4: Invalid value.");
+    EXPECT_EQ(reason_of("[\n1,\n 2,]"), "Not valid JSON at line 3, column 4: Invalid value.");
 }
 
 TEST(Json, BoundsNesting) {

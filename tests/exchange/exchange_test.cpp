@@ -4,13 +4,17 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <regex>
+#include <set>
 #include <string>
 #include <string_view>
 #include <utility>
 
+#include "bureau_gateway/documents/xml.h"
 #include "bureau_gateway/gateway.h"
 #include "facade/zr_credit_bureau.h"
 #include "services/vedaxml_au/service_vedaxml_au.h"
+#include "services/vedaxml_nz/service_vedaxml_nz.h"
 #include "support/scoped_environment.h"
 
 namespace zr {
@@ -214,6 +218,139 @@ TEST_F(Exchange, RefusalsAreTheBureausWords) {
     const std::size_t first = message.find("Type of error '");
     ASSERT_NE(first, std::string::npos) << message;
     EXPECT_NE(message.find("Type of error '", first + 1), std::string::npos) << message;
+}
+
+/// The stand-in's tables of codes are the services'.
+TEST(ExchangeCodes, AreTheServices) {
+    const struct {
+        const char* country;
+        const char* service;
+        const char* product;  ///< none: a table of the service
+        const char* name;
+        const char* table;  ///< of the stand-in
+    } rows[] = {
+        {"AU", "VedaXMLAU", nullptr, "StreetTypes", "australia/street-type"},
+        {"AU", "VedaXMLAU", nullptr, "OrganisationTypes", "australia/organisation-type"},
+        {"AU", "VedaXMLAU", "consumer-enquiry", "AccountTypes", "australia/consumer-account"},
+        {"AU", "VedaXMLAU", "consumer-plus-commercial-enquiry", "AccountTypes",
+         "australia/consumer-plus-commercial-account"},
+        {"AU", "VedaXMLAU", "commercial-enquiry", "AccountTypes", "australia/commercial-account"},
+        {"NZ", "VedaXMLNZ", nullptr, "StreetTypes", "new_zealand/street-type"},
+        {"NZ", "VedaXMLNZ", "enquiry_individual", "AccountTypes", "new_zealand/account-type"},
+        {"NZ", "VedaXMLNZ", nullptr, "NotesTypeCodes", "new_zealand/note-type"},
+        {"NZ", "VedaXMLNZ", nullptr, "CorrectionStatus", "new_zealand/correction-status"},
+        {"NZ", "VedaXMLNZ", nullptr, "InsolvencyType", "new_zealand/insolvency-type"},
+        {"NZ", "VedaXMLNZ", nullptr, "InsolvencyStatus", "new_zealand/insolvency-status"},
+        {"NZ", "VedaXMLNZ", nullptr, "InsolvencyCourt", "new_zealand/insolvency-court"},
+    };
+    for (const auto& row : rows) {
+        ZRCreditBureau bureau;
+        ASSERT_TRUE(bureau.Initialise(row.country));
+        const Service& service = bureau.Services().Item(row.service);
+        const auto& tables =
+            row.product ? service.Products().Item(row.product).CodeTables() : service.CodeTables();
+        const std::string table = row.table;
+        const auto slash = table.find('/');
+        const auto codes = gateway::load(ZR_TEST_DATA "/../tools/bureau_gateway/requests/" +
+                                         table.substr(0, slash) + "/codes.xsd");
+        const auto rows_of_table = gateway::XPath(*codes).nodes(
+            "//xs:simpleType[@name='" + table.substr(slash + 1) + "']//xs:enumeration",
+            *codes->children);
+        ASSERT_EQ(static_cast<std::size_t>(tables.Item(row.name).Count()), rows_of_table.size())
+            << table;
+        for (std::size_t i = 0; i < rows_of_table.size(); ++i) {
+            const CodeTableItem& item =
+                tables.Item(row.name).Item(static_cast<std::int32_t>(i + 1));
+            const std::string text =
+                gateway::attribute(*rows_of_table[i], "text", "urn:bureau-gateway");
+            EXPECT_EQ(gateway::attribute(*rows_of_table[i], "value"), item.Code()) << table;
+            EXPECT_TRUE(text.empty() || text == item.Description()) << item.Code();
+        }
+    }
+}
+
+/// Between them the stand-in's reports show every kind of line that they have shown so far. What
+/// directors have on file depends on the day.
+TEST(ExchangeReports, ShowEveryKindOfLine) {
+    const gateway::Gateway stand_in;
+    const test::ScopedEnvironment authorities("SSL_CERT_FILE",
+                                              stand_in.certificate_file().string());
+    const struct {
+        const char* service;
+        const char* product;
+        const char* account_type;
+        std::size_t least;  ///< different groups, sub-groups and names, numbers and dates apart
+    } rows[] = {
+        {"VedaXMLAU", "consumer-enquiry", "Loan Contract", 195},
+        {"VedaXMLAU", "consumer-plus-commercial-enquiry", "Loan Contract", 226},
+        {"VedaXMLAU", "commercial-enquiry", "Leasing", 194},
+        {"VedaXMLAU", "commercial-plus-consumer-enquiry", "Leasing", 240},
+        {"VedaXMLNZ", "enquiry_individual", "Personal Loan", 194},
+        {"VedaXMLNZ", "enquiry_company", "", 101},
+        {"VedaXMLNZ", "enquiry_company_with_directors", "", 215},
+    };
+    const auto fill = [](Service& service, const std::string& url) {
+        const auto put = [&](auto& live) {
+            live.RequestURLTest(url);
+            live.UserId("demo");
+            live.UserPassword("demo-secret");
+        };
+        if (auto* australian = dynamic_cast<ServiceVedaXMLAU*>(&service)) {
+            put(*australian);
+            australian->SubscriberId("S");
+            australian->SubscriberSecurityCode("7");
+        } else {
+            auto& other = dynamic_cast<ServiceVedaXMLNZ&>(service);
+            put(other);
+            other.ClientId("C");
+            other.CompanyAddDirectorsStatistics(true);
+        }
+    };
+    for (const auto& row : rows) {
+        ZRCreditBureau bureau;
+        const bool australian = std::string_view(row.service) == "VedaXMLAU";
+        ASSERT_TRUE(bureau.Initialise(australian ? "AU" : "NZ"));
+        fill(bureau.Services().Item(row.service),
+             australian ? stand_in.test_url() : stand_in.address() + "/nz/cta/sys1");
+        std::set<std::string> lines;
+        for (int i = 0; i < 60; ++i) {
+            const auto request = bureau.CreateRequest();
+            request->ServiceName(row.service);
+            request->ProductId(row.product);
+            request->AccountType(row.account_type);
+            request->Purpose("Credit Decision");
+            request->EnquiryReference("E1");
+            request->LastName(i % 3 == 0 ? "Possible" : "Adverse");
+            request->FirstName("N" + std::to_string(i));
+            request->Gender("F");
+            request->DateOfBirth(DateTime::ymd(1988, 2, 29));
+            request->DriverLicenceNumber("XX000000 001");
+            request->PhoneNumber("3731234");
+            request->StreetNumber("12");
+            request->StreetName("Example");
+            request->StreetType("Avenue");
+            request->Suburb("North Sampleford");
+            request->PrevStreetName("Former");
+            request->Employer("Acme");
+            request->Occupation("Clerk");
+            request->CompanyNumber(std::to_string(1'000'001 + i * 7919));
+            for (const char* option : {"score", "scorealr", "summary", "ewp", "driver-licence",
+                                       "property-ownership", "licencecheck", "moj-fines"}) {
+                request->OptionChecked(option, true);
+            }
+            ASSERT_TRUE(bureau.ExecuteCreditEnquiry(*request)) << bureau.ErrorMessage();
+            static const std::regex kVarying("[0-9]{2}-[A-Z][a-z]{2}-[0-9]{2}|[0-9]+");
+            for (const ResponseElement& line : request->Response()->ResponseElements()) {
+                std::string kind;
+                for (const auto part :
+                     {line.ResponseGroup(), line.ResponseSubGroup(), line.ResponseName()}) {
+                    kind.append(part).append("|");
+                }
+                lines.insert(std::regex_replace(kind, kVarying, "#"));
+            }
+        }
+        EXPECT_GE(lines.size(), row.least) << row.product;
+    }
 }
 
 }  // namespace

@@ -52,6 +52,10 @@ TEST(Gateway, RefusesToStartWithOneClearSentence) {
               "The log '/nonexistent/log' cannot be written.");
     EXPECT_EQ(message({.certificate_file = "/nonexistent/ca.pem"}),
               "The file '/nonexistent/ca.pem' cannot be written.");
+    EXPECT_EQ(message({.replies_folder = "/nonexistent"}),
+              "The folder '/nonexistent' is not there.");
+    EXPECT_EQ(message({.data_folder = "/nonexistent"}),
+              "The document '/nonexistent/replies/words.xml' cannot be read.");
     const Gateway other;
     const std::string port = other.address().substr(other.address().rfind(':') + 1);
     EXPECT_EQ(message({.port = static_cast<unsigned short>(std::stoi(port))}),

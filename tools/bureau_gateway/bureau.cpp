@@ -136,6 +136,9 @@ Bureau::Desk Bureau::read_desk(const xmlNode& row) const {
             schemas[schema] = std::make_shared<Schema>(requests / (schema + ".xsd"));
         }
         const auto text = [&](const char* name) { return attribute(*each, name); };
+        if (!desk.templates.contains(text("reply"))) {
+            throw std::runtime_error("The template '" + text("reply") + "' is not there.");
+        }
         desk.services.push_back({text("code"), text("version"), text("when"), text("reply"),
                                  text("outcome"), text("surname"), text("keys"), schemas[schema]});
     }
@@ -248,12 +251,9 @@ Answer Bureau::report(const Desk& desk, const Service& service, const Enquiry& e
         service.surname.empty() || !enquiry.request
             ? ""
             : to_upper(text_at(*enquiry.request, "string(" + service.surname + ")"));
-    const auto form = desk.templates.find(service.reply);
-    if (form == desk.templates.end()) {
-        throw std::runtime_error("The template '" + service.reply + "' is not there.");
-    }
-    Answer answer = make(desk, service, enquiry, *xmlDocGetRootElement(form->second.get()), {},
-                         large_bytes_of(name));
+    const Document& form = desk.templates.at(service.reply);
+    Answer answer =
+        make(desk, service, enquiry, *xmlDocGetRootElement(form.get()), {}, large_bytes_of(name));
     if (const auto fault = behind("FAULT-", name)) {
         try {
             answer.faults.push_back(parse_exchange_fault(*fault));

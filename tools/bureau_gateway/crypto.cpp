@@ -120,6 +120,16 @@ Identity new_authority(const std::string& name) {
     return sign(certificate, key, key.get());
 }
 
+std::string to_hex(const unsigned char* bytes, std::size_t size) {
+    constexpr std::string_view kDigits = "0123456789abcdef";
+    std::string hex;
+    for (std::size_t i = 0; i < size; ++i) {
+        hex += kDigits[bytes[i] >> 4];
+        hex += kDigits[bytes[i] & 15];
+    }
+    return hex;
+}
+
 }  // namespace
 
 Authority::Authority() : Authority("Bureau gateway authority") {}
@@ -158,25 +168,21 @@ std::string md5_hex(std::string_view text) {
     std::array<unsigned char, EVP_MAX_MD_SIZE> digest{};
     unsigned size = 0;
     require(EVP_Digest(text.data(), text.size(), digest.data(), &size, EVP_md5(), nullptr) == 1);
-    constexpr std::string_view kDigits = "0123456789abcdef";
-    std::string hex;
-    for (unsigned i = 0; i < size; ++i) {
-        hex += kDigits[digest[i] >> 4];
-        hex += kDigits[digest[i] & 15];
-    }
-    return hex;
+    return to_hex(digest.data(), size);
 }
 
 std::string random_hex(int bytes) {
     std::vector<unsigned char> random(static_cast<std::size_t>(bytes));
     require(RAND_bytes(random.data(), bytes) == 1);
-    constexpr std::string_view kDigits = "0123456789abcdef";
-    std::string hex;
-    for (const unsigned char byte : random) {
-        hex += kDigits[byte >> 4];
-        hex += kDigits[byte & 15];
-    }
-    return hex;
+    return to_hex(random.data(), random.size());
+}
+
+std::string base64(std::string_view text) {
+    std::vector<unsigned char> encoded(4 * (text.size() / 3 + 1) + 1);
+    const int size =
+        EVP_EncodeBlock(encoded.data(), reinterpret_cast<const unsigned char*>(text.data()),
+                        static_cast<int>(text.size()));
+    return {encoded.begin(), encoded.begin() + size};
 }
 
 }  // namespace zr::gateway

@@ -1,4 +1,4 @@
-// Certificates and digests. OpenSSL is named in the source file only.
+// Certificates, digests and codes. OpenSSL is named in the source file only.
 #pragma once
 
 #include <string>
@@ -39,5 +39,7 @@ std::string md5_hex(std::string_view text);
 
 /// `bytes` random bytes in hexadecimal.
 std::string random_hex(int bytes);
+
+std::string base64(std::string_view text);
 
 }  // namespace zr::gateway

@@ -2,12 +2,10 @@
 #pragma once
 
 #include <algorithm>
-#include <charconv>
 #include <chrono>
 #include <cstdio>
 #include <optional>
 #include <string>
-#include <string_view>
 
 namespace zr::gateway {
 
@@ -20,29 +18,14 @@ inline std::string to_iso(Date date) {
     return text;
 }
 
-/// "" for no date.
-inline std::string to_iso(std::optional<Date> date) { return date ? to_iso(*date) : std::string(); }
-
 /// A date of exactly the form yyyy-mm-dd that exists; none otherwise.
-inline std::optional<Date> parse_date(std::string_view text) {
-    if (text.size() != 10 || text[4] != '-' || text[7] != '-') {
-        return std::nullopt;
-    }
-    const auto number = [&](std::size_t at, std::size_t digits) {
-        int value = -1;
-        const char* first = text.data() + at;
-        const auto [end, error] = std::from_chars(first, first + digits, value);
-        return error == std::errc{} && end == first + digits ? value : -1;
-    };
-    const int month = number(5, 2);
-    const int day = number(8, 2);
-    if (number(0, 4) < 0 || month < 0 || day < 0) {
-        return std::nullopt;
-    }
-    const Date date{std::chrono::year{number(0, 4)},
-                    std::chrono::month{static_cast<unsigned>(month)},
-                    std::chrono::day{static_cast<unsigned>(day)}};
-    return date.ok() ? std::optional(date) : std::nullopt;
+inline std::optional<Date> parse_date(const std::string& text) {
+    int year = 0;
+    unsigned month = 0;
+    unsigned day = 0;
+    std::sscanf(text.c_str(), "%4d-%2u-%2u", &year, &month, &day);
+    const Date date{std::chrono::year{year}, std::chrono::month{month}, std::chrono::day{day}};
+    return date.ok() && to_iso(date) == text ? std::optional(date) : std::nullopt;
 }
 
 inline Date current_date() {

@@ -1,5 +1,9 @@
 #include "bureau_gateway/reception.h"
 
+#include <chrono>
+#include <iomanip>
+#include <stdexcept>
+
 #include "bureau_gateway/ascii.h"
 
 namespace zr::gateway {
@@ -7,8 +11,30 @@ namespace zr::gateway {
 Reception::Reception(const Settings& settings, FaultBoard& faults)
     : bureau_(settings),
       guard_(settings.http_auth, settings.user, settings.password),
-      faults_(faults),
-      log_(settings.log_file) {}
+      faults_(faults) {
+    if (!settings.log_file.empty()) {
+        log_.open(settings.log_file, std::ios::app);
+        if (!log_) {
+            throw std::runtime_error("The log '" + settings.log_file.string() +
+                                     "' cannot be written.");
+        }
+    }
+}
+
+void Reception::log(std::string_view path, std::string_view service_code,
+                    std::string_view outcome) {
+    if (!log_.is_open()) {
+        return;
+    }
+    const auto now = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
+    const auto today = std::chrono::floor<std::chrono::days>(now);
+    const std::chrono::hh_mm_ss time(now - today);
+    const std::lock_guard lock(mutex_);
+    log_ << to_iso(Date(today)) << 'T' << std::setfill('0') << std::setw(2) << time.hours().count()
+         << ':' << std::setw(2) << time.minutes().count() << ':' << std::setw(2)
+         << time.seconds().count() << "Z " << path << ' ' << service_code << ' ' << outcome
+         << std::endl;
+}
 
 std::optional<HttpReply> Reception::turn_away(const HttpExchange& exchange) const {
     if (exchange.refused_status) {
@@ -37,7 +63,7 @@ std::optional<HttpReply> Reception::turn_away(const HttpExchange& exchange) cons
 Delivery Reception::answer(const HttpExchange& exchange) {
     if (auto reply = turn_away(exchange)) {
         const bool known_path = !exchange.refused_status && bureau_.serves(exchange.path);
-        log_.write(known_path ? exchange.path : "-", "-", std::to_string(reply->status));
+        log(known_path ? exchange.path : "-", "-", std::to_string(reply->status));
         return deliver(std::move(*reply), {}, exchange.keep_alive);
     }
     Answer answer = bureau_.answer(exchange.path, exchange.body);
@@ -47,7 +73,7 @@ Delivery Reception::answer(const HttpExchange& exchange) {
     for (const Fault& fault : faults) {
         outcome += " fault:" + std::string(name_of(fault.kind));
     }
-    log_.write(exchange.path, answer.service_code, outcome);
+    log(exchange.path, answer.service_code, outcome);
     return deliver({.body = std::move(answer.reply)}, faults, exchange.keep_alive);
 }
 

@@ -1,8 +1,8 @@
 #include "zrcreditbureau/commands.h"
 
-#include <functional>
+#include <exception>
 #include <iostream>
-#include <optional>
+#include <list>
 
 #include "automation/json_form.h"
 #include "facade/reports.h"
@@ -77,25 +77,35 @@ std::string outcome_text(Operation operation, const Outcome& outcome) {
            report_text(*outcome.response, "The reply holds no report lines.");
 }
 
-constexpr std::string_view kNoHtml =
-    "There is no HTML without a style sheet: name one with --xslt-file-name.\n";
+/// Whether the outcome has this form; one that failed has no report.
+bool exists(Format format, const Outcome& outcome) {
+    switch (format) {
+        case Format::kReply:
+            return !outcome.response->ResponseXML().empty();
+        case Format::kJson:
+            return true;
+        case Format::kHtml:
+            return outcome.response != nullptr && !outcome.response->ResponseHTML().empty();
+        case Format::kText:
+            break;
+    }
+    // What is refused for being doubtful is reported all the same.
+    return outcome.result || !outcome.warning.empty();
+}
 
-void write_outcome(Output& output, const Invocation& invocation, const Outcome& outcome) {
-    const Operation operation = *invocation.command->operation;
-    switch (invocation.format) {
+void write_form(Output& output, Format format, Operation operation, const Outcome& outcome) {
+    switch (format) {
+        case Format::kReply:
+            output.write(outcome.response->ResponseXML());
+            return;
         case Format::kJson:
             write_json(output, [&](automation::JsonWriter& json) {
                 write_result(json, operation, outcome);
             });
             return;
         case Format::kHtml:
-            if (!outcome.response->ResponseHTML().empty()) {
-                write_document(output, outcome.response->ResponseHTML());
-                return;
-            }
-            // What was paid for is not thrown away.
-            std::cerr << kNoHtml;
-            break;
+            write_document(output, outcome.response->ResponseHTML());
+            return;
         case Format::kText:
             break;
     }
@@ -140,10 +150,11 @@ int run_catalogue(const Invocation& invocation) {
 
 int run_layout(const Invocation& invocation) {
     require_service(invocation);
-    const std::string service = request_text(invocation.job, "ServiceName");
+    const std::string_view service = request_text(invocation.job, "ServiceName");
     const ReportDefinition* report = find_report(service);
     if (report == nullptr) {
-        throw MisuseError("There is no service '" + service + "'.");
+        throw MisuseError("Service '" + std::string(text::first(service, 64)) +
+                          "' does not exist.");
     }
     constexpr mode_t kForAll = 0666;
     Output output(invocation.output_path, kForAll);
@@ -156,59 +167,82 @@ int run_layout(const Invocation& invocation) {
     return kDone;
 }
 
-/// Writes a document to its output, which is then complete; one that was paid for is kept
-/// somewhere.
-void deliver(Operation operation, Output& output, const std::function<void(Output&)>& write) {
+/// A form of the outcome on its way to where it goes.
+struct Delivery {
+    Delivery(const Document& document, bool is_main)
+        : format(document.format), main(is_main), output(document.path) {}
+
+    Format format;
+    bool main;
+    Output output;
+};
+
+/// Opens what is to be written: what cannot be fails before anything is sent. The reply comes
+/// first, from which all else can be made again.
+std::list<Delivery> open_deliveries(const Invocation& invocation) {
+    std::list<Delivery> deliveries;
+    deliveries.emplace_back(Document{invocation.format, invocation.output_path}, true);
+    for (const Document& document : invocation.beside) {
+        deliveries.emplace(
+            document.format == Format::kReply ? deliveries.begin() : deliveries.end(), document,
+            false);
+    }
+    return deliveries;
+}
+
+/// Writes a form of the outcome to its output, which is then complete.
+void deliver(Delivery& delivery, Operation operation, const Outcome& outcome) {
+    Format format = delivery.format;
+    if (format == Format::kHtml && outcome.result && !exists(format, outcome)) {
+        std::cerr << "There is no HTML without a style sheet: name one with --xslt-file-name.\n";
+        // What was paid for is not thrown away.
+        format = delivery.main ? Format::kText : format;
+    }
+    if (!exists(format, outcome)) {
+        return;
+    }
+    const auto write = [&](Output& output) { write_form(output, format, operation, outcome); };
     if (asks_bureau(operation)) {
-        write_or_rescue(output, write, &Output::finish);
+        write_or_rescue(delivery.output, write, &Output::finish);
     } else {
-        write(output);
-        output.finish();
+        write(delivery.output);
+        delivery.output.finish();
     }
 }
 
-int report(const Invocation& invocation, const Outcome& outcome, Output& output,
-           std::optional<Output>& html) {
+int report(const Invocation& invocation, const Outcome& outcome, std::list<Delivery>& deliveries) {
     const Operation operation = *invocation.command->operation;
-    // What is refused for being doubtful is reported all the same.
-    if (outcome.result || !outcome.warning.empty() || invocation.format == Format::kJson) {
-        deliver(operation, output,
-                [&](Output& target) { write_outcome(target, invocation, outcome); });
+    std::exception_ptr failure;
+    for (Delivery& delivery : deliveries) {
+        try {
+            deliver(delivery, operation, outcome);
+        } catch (const RescuedError&) {
+            failure = std::current_exception();  // the others are tried all the same
+        }
     }
     if (!outcome.result) {
         std::cerr << printable(outcome.error_message) << '\n';
-        return kFailed;
-    }
-    if (!outcome.warning.empty()) {
+    } else if (!outcome.warning.empty()) {
         std::cerr << "zrcreditbureau: " + outcome.warning + "\n";
     }
-    if (html && outcome.response->ResponseHTML().empty()) {
-        std::cerr << kNoHtml;
-    } else if (html) {
-        deliver(operation, *html,
-                [&](Output& target) { write_document(target, outcome.response->ResponseHTML()); });
+    if (failure) {
+        std::rethrow_exception(failure);
     }
-    if (operation == Operation::kCompose && outcome.request_xml.empty()) {
+    if (operation == Operation::kCompose && outcome.result && outcome.request_xml.empty()) {
         std::cerr << "Nothing was composed: the request has not been filled in.\n";
     }
-    return kDone;
+    return outcome.result ? kDone : kFailed;
 }
 
 int run_one(const Invocation& invocation) {
     require_country(invocation);
-    // What cannot be written fails before anything is sent.
-    Output output(invocation.output_path);
-    std::optional<Output> html;
-    if (!invocation.html_path.empty()) {
-        html.emplace(invocation.html_path);
-    }
+    std::list<Delivery> deliveries = open_deliveries(invocation);
     Performer performer(*invocation.command->operation);
     if (!asks_bureau(performer.operation())) {
-        return report(invocation, performer.perform(invocation.job), output, html);
+        return report(invocation, performer.perform(invocation.job), deliveries);
     }
-    output.need_room();
-    if (html) {
-        html->need_room();
+    for (Delivery& delivery : deliveries) {
+        delivery.output.need_room();
     }
     // A signal does not end what the bureau has been asked already.
     Event stop;
@@ -216,15 +250,19 @@ int run_one(const Invocation& invocation) {
     int status = kDone;
     const int signal = hold_signals(
         interruption, stop,
-        [&] { status = report(invocation, performer.perform(invocation.job), output, html); },
-        [] {});
+        [&] { status = report(invocation, performer.perform(invocation.job), deliveries); }, [] {});
     return signal == 0 ? status : ended_by(signal);
 }
 
 /// No output is an input, or another output.
 void refuse_overwriting(const Invocation& invocation) {
     std::vector<std::string> named = invocation.inputs;
-    named.push_back(invocation.html_path);
+    for (const Document& document : invocation.beside) {
+        for (const std::string& other : named) {
+            refuse_same_file(other, document.path);
+        }
+        named.push_back(document.path);
+    }
     const bool gathers = invocation.many || invocation.ndjson;
     for (const std::string_view ending : {"", ".part", ".part.run"}) {
         if (invocation.output_path.empty() || (!ending.empty() && !gathers)) {
@@ -233,9 +271,6 @@ void refuse_overwriting(const Invocation& invocation) {
         for (const std::string& other : named) {
             refuse_same_file(other, invocation.output_path + std::string(ending));
         }
-    }
-    for (const std::string& input : invocation.inputs) {
-        refuse_same_file(input, invocation.html_path);
     }
 }
 

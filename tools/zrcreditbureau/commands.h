@@ -13,7 +13,13 @@
 
 namespace zr::cli {
 
-enum class Format { kText, kJson, kHtml };
+enum class Format { kText, kJson, kHtml, kReply };
+
+/// A form of the outcome and the file that it goes to.
+struct Document {
+    Format format;
+    std::string path;  ///< "" for standard output
+};
 
 struct Command {
     std::string_view name;
@@ -38,7 +44,7 @@ struct Invocation {
     Batch batch;
     Format format = Format::kText;
     std::string output_path;
-    std::string html_path;            ///< where the HTML goes beside the report; none when empty
+    std::vector<Document> beside;     ///< other forms in files of their own
     std::vector<std::string> inputs;  ///< files that are read
 };
 

@@ -1,7 +1,10 @@
 #include "zrcreditbureau/given.h"
 
+#include <unistd.h>
+
 #include <algorithm>
 #include <charconv>
+#include <cstdlib>
 #include <utility>
 
 #include "values/convert.h"
@@ -68,6 +71,20 @@ std::uint32_t number_of_workers(const std::string& text) {
     return number;
 }
 
+/// The settings file in the user's configuration folder; "" where there is none.
+std::string usual_settings_file() {
+    const char* const configuration = std::getenv("XDG_CONFIG_HOME");
+    const char* const home = std::getenv("HOME");
+    std::string folder;
+    if (configuration != nullptr && *configuration == '/') {
+        folder = configuration;
+    } else if (home != nullptr && *home == '/') {
+        folder = std::string(home) + "/.config";
+    }
+    const std::string path = folder + "/zrcreditbureau/settings.json";
+    return !folder.empty() && ::access(path.c_str(), F_OK) == 0 ? path : "";
+}
+
 /// What the options say about many replies at once.
 void complete_batch(Invocation& invocation, Given& given) {
     Batch& batch = invocation.batch;
@@ -87,9 +104,10 @@ void complete_batch(Invocation& invocation, Given& given) {
     } else if (given.reply_files.empty() && !invocation.ndjson) {
         throw MisuseError("Name files or folders of replies, or --input FILE of jobs.");
     }
-    if (!invocation.html_path.empty() || (!given.format.empty() && given.format != "json")) {
+    if (!invocation.beside.empty() || (!given.format.empty() && given.format != "json")) {
         throw MisuseError(
-            "Many replies give one JSON result a line: no --html, no other --format.");
+            "Many replies give one JSON result a line: no other --format, no file of another "
+            "form.");
     }
     if (std::find(given.reply_files.begin(), given.reply_files.end(), "-") !=
         given.reply_files.end()) {
@@ -113,7 +131,9 @@ void complete_from_service(Job& job, bool translates) {
 
 /// Where HTML is asked for, the installed sheet of the service stands below every other setting.
 void complete_sheet(Invocation& invocation) {
-    if (invocation.format != Format::kHtml && invocation.html_path.empty()) {
+    const auto& beside = invocation.beside;
+    const auto is_html = [](const auto& document) { return document.format == Format::kHtml; };
+    if (invocation.format != Format::kHtml && std::ranges::none_of(beside, is_html)) {
         return;
     }
     Job& job = invocation.job;
@@ -133,6 +153,9 @@ void complete_sheet(Invocation& invocation) {
 
 void complete(Invocation& invocation, Given& given) {
     Job& job = invocation.job;
+    if (given.settings_file.empty()) {
+        given.settings_file = usual_settings_file();
+    }
     if (!given.settings_file.empty()) {
         read_settings_file(given.settings_file, job);
     }
@@ -172,9 +195,10 @@ void complete(Invocation& invocation, Given& given) {
     invocation.format = format_of(given.format, *invocation.command);
     complete_batch(invocation, given);
     if (invocation.ndjson) {
-        if (!given.format.empty() || !invocation.html_path.empty() || !given.reply_files.empty()) {
+        if (!given.format.empty() || !invocation.beside.empty() || !given.reply_files.empty()) {
             throw MisuseError(
-                "--ndjson reads and writes JSON: no FILE, --format or --html with it.");
+                "--ndjson reads and writes JSON: no FILE, --format or file of another form with "
+                "it.");
         }
         return;
     }

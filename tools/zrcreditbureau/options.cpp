@@ -13,6 +13,7 @@
 #include "zrcreditbureau/failure.h"
 #include "zrcreditbureau/given.h"
 #include "zrcreditbureau/names.h"
+#include "zrcreditbureau/nearest.h"
 #include "zrcreditbureau/option_values.h"
 
 namespace zr::cli {
@@ -34,6 +35,21 @@ constexpr struct {
     {"Country", "--address-country"},
     {"ServiceName", "--service,--service-name"},
     {"ProductId", "--product,--product-id"},
+};
+
+/// Forms of the outcome that can have a file of their own beside the report.
+constexpr struct {
+    Format format;
+    const char* option;
+    const char* meaning;
+} kDocuments[] = {
+    {Format::kReply, "--reply",
+     "File for the bureau's reply, also where it fails: a charged reply can be translated again"},
+    {Format::kText, "--text", "File for the text, beside the report"},
+    {Format::kJson, "--json", "File for the JSON result, beside the report"},
+    {Format::kHtml, "--html",
+     "File for the HTML of the reply, beside the report; made by the service's\n"
+     "installed sheet unless --xslt-file-name names another"},
 };
 
 std::string request_option_names(std::string_view property) {
@@ -123,8 +139,10 @@ void add_settings_options(CLI::App& app, const std::vector<KnownSetting>& settin
             ->group(kSettingsGroup);
     }
     app.add_option("--settings", given.settings_file,
-                   "JSON file of settings by service: {\"VedaXMLAU\":{\"UserId\":\"...\"}}")
+                   "JSON file of settings by service: {\"VedaXMLAU\":{\"UserId\":\"...\"}};\n"
+                   "else ~/.config/zrcreditbureau/settings.json where that is there")
         ->type_name("FILE")
+        ->envname("ZR_SETTINGS")
         ->group(kSettingsGroup);
     app.footer(
         "Other users of this machine can see a command line: give passwords in a --settings file\n"
@@ -172,12 +190,15 @@ void add_output_options(CLI::App& app, const Command& command, Given& given,
                    "File to write, which appears when it is complete; standard output otherwise")
         ->type_name("FILE")
         ->group(kOutputGroup);
-    if (command.html) {
-        app.add_option("--html", invocation.html_path,
-                       "File for the HTML of the reply, beside the report; made by the service's\n"
-                       "installed sheet unless --xslt-file-name names another")
-            ->type_name("FILE")
-            ->group(kOutputGroup);
+    for (const auto& row : kDocuments) {
+        if (command.html && (row.format != Format::kReply || asks_bureau(*command.operation))) {
+            const auto add = [&invocation, format = row.format](const std::string& path) {
+                invocation.beside.push_back({format, path});
+            };
+            app.add_option_function<std::string>(row.option, add, row.meaning)
+                ->type_name("FILE")
+                ->group(kOutputGroup);
+        }
     }
     if (command.operation) {
         app.add_flag("--ndjson", invocation.ndjson,
@@ -236,17 +257,44 @@ void add_own_options(CLI::App& app, const Command& command, Given& given) {
     }
 }
 
+std::vector<std::string> option_names(const CLI::App& app) {
+    std::vector<std::string> names;
+    for (const CLI::Option* const option : app.get_options()) {
+        for (const std::string& name : option->get_lnames()) {
+            names.push_back("--" + name);
+        }
+    }
+    return names;
+}
+
+std::vector<std::string> command_names() {
+    std::vector<std::string> names;
+    for (const Command& command : commands()) {
+        names.emplace_back(command.name);
+    }
+    return names;
+}
+
 /// A message about the command line that shows no value: one may be a password.
 [[noreturn]] void refuse(const CLI::App& app, const CLI::ParseError& error) {
+    const std::vector<CLI::App*> parsed = app.get_subcommands();
     if (dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr) {
-        for (const std::string& extra : app.remaining(true)) {
+        const std::vector<std::string> extras = app.remaining(true);
+        for (const std::string& extra : extras) {
             if (extra.starts_with("--")) {
-                throw MisuseError("Unknown option " + extra.substr(0, extra.find('=')) + ".");
+                const std::string name = extra.substr(0, extra.find('='));
+                throw MisuseError(
+                    "Unknown option " + name + "." +
+                    did_you_mean(name, option_names(parsed.empty() ? app : *parsed.front())));
             }
         }
-        throw MisuseError(app.get_subcommands().empty()
-                              ? "The first argument is no command; --help lists them."
-                              : "An argument was not expected.");
+        throw MisuseError(parsed.empty() ? "The first argument is no command; --help lists them." +
+                                               did_you_mean(extras.front(), command_names())
+                                         : "An argument was not expected.");
+    }
+    // "--name: 1 required TEXT missing", in our words
+    if (const std::string text = error.what(); dynamic_cast<const CLI::ArgumentMismatch*>(&error)) {
+        throw MisuseError(text.substr(0, text.find(':')) + " needs a value.");
     }
     if (dynamic_cast<const CLI::ConversionError*>(&error) != nullptr) {
         throw MisuseError("A value was given to an option that takes none.");
@@ -254,7 +302,8 @@ void add_own_options(CLI::App& app, const Command& command, Given& given) {
     throw MisuseError(error.what());
 }
 
-/// The arguments last first, as CLI11 takes them, with "--name=" as an empty value.
+/// The arguments last first, as CLI11 takes them, with "--name=" as an empty value and
+/// "help COMMAND" as "COMMAND --help".
 std::vector<std::string> reversed_arguments(int argc, const char* const* argv) {
     std::vector<std::string> arguments;
     for (int at = argc - 1; at > 0; --at) {
@@ -264,6 +313,10 @@ std::vector<std::string> reversed_arguments(int argc, const char* const* argv) {
             arguments.emplace_back();
         }
         arguments.push_back(std::move(argument));
+    }
+    if (!arguments.empty() && arguments.back() == "help") {
+        arguments.pop_back();
+        arguments.insert(arguments.begin(), "--help");
     }
     return arguments;
 }
@@ -296,7 +349,7 @@ std::optional<Invocation> read_command_line(int argc, const char* const* argv, i
         examples.append("  ").append(command.example).append("\n");
     }
     app.footer(
-        examples + "Every command explains itself: zrcreditbureau COMMAND --help\n" +
+        examples + "Every command explains itself: zrcreditbureau help COMMAND\n" +
         "Exit status: 0 for success, 1 when the operation fails, 2 for misuse, 3 when an answer\n"
         "that was charged for could not be written and is kept elsewhere.");
     try {

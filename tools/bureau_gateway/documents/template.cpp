@@ -21,6 +21,11 @@ namespace {
 constexpr const char* kOwn = "urn:bureau-gateway";
 constexpr int kLargeRecords = 20;  // that a large report repeats
 
+/// A whole number that nothing overflows with; 0 for what is not a number.
+int to_int(double number) {
+    return std::isnan(number) ? 0 : static_cast<int>(std::clamp(number, -1e6, 1e6));
+}
+
 bool is_own(const xmlNode& node) {
     return node.ns && std::string_view(reinterpret_cast<const char*>(node.ns->href)) == kOwn;
 }
@@ -112,7 +117,7 @@ class Writer {
         const xmlNodeSet* nodes = times->type == XPATH_NODESET ? times->nodesetval : nullptr;
         const bool fills = facts_.large_bytes != 0 && !own(element, "fill").empty() &&
                            xpath_.test(own(element, "fill"), to);
-        int count = nodes ? nodes->nodeNr : static_cast<int>(xmlXPathCastToNumber(times.get()));
+        int count = nodes ? nodes->nodeNr : to_int(xmlXPathCastToNumber(times.get()));
         if (fills && !nodes) {
             count = std::max(count, kLargeRecords);
         }
@@ -218,7 +223,9 @@ class Writer {
             xpath_.set(attribute(element, "name").c_str(), xpath_.evaluate("*", held));
         } else if (name == "copy") {
             for (xmlNode* each : xpath_.nodes(attribute(element, "select"), to)) {
-                xmlAddChild(&to, xmlDocCopyNode(each, to.doc, 1));
+                if (each->type == XML_ELEMENT_NODE) {
+                    xmlAddChild(&to, xmlDocCopyNode(each, to.doc, 1));
+                }
             }
         } else {
             throw std::runtime_error("'" + name + "' is not known");
@@ -267,7 +274,7 @@ using Context = xmlXPathParserContext*;
 Writer& writer(Context context) { return *static_cast<Writer*>(context->context->userData); }
 Random& random_of(Context context) { return writer(context).scope().random; }
 
-int pop_int(Context context) { return static_cast<int>(xmlXPathPopNumber(context)); }
+int pop_int(Context context) { return to_int(xmlXPathPopNumber(context)); }
 Value pop(Context context) { return Value(valuePop(context)); }
 std::string pop_text(Context context) {
     const Value value = pop(context);

@@ -11,23 +11,6 @@ namespace {
 
 constexpr std::string_view kRealm = "bureau";
 
-std::string base64(std::string_view text) {
-    constexpr std::string_view kDigits =
-        "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-    std::string result;
-    for (std::size_t i = 0; i < text.size(); i += 3) {
-        unsigned group = 0;
-        for (std::size_t k = 0; k < 3; ++k) {
-            group =
-                group << 8 | (i + k < text.size() ? static_cast<unsigned char>(text[i + k]) : 0u);
-        }
-        for (std::size_t k = 0; k < 4; ++k) {
-            result += i + k > text.size() ? '=' : kDigits[group >> (18 - 6 * k) & 63];
-        }
-    }
-    return result;
-}
-
 /// The value of `name` in a Digest header's list of name="value" pairs; "" when it is not there.
 std::string_view parameter(std::string_view header, std::string_view name) {
     for (std::size_t at = header.find(name); at != std::string_view::npos;

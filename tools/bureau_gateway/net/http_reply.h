@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "bureau_gateway/faults.h"
-#include "bureau_gateway/net/delivery.h"
+#include "bureau_gateway/net/exchange.h"
 
 namespace zr::gateway {
 
