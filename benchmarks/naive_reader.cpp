@@ -8,13 +8,9 @@
 #include <span>
 #include <stdexcept>
 #include <string_view>
+#include <variant>
 
-#include "reports/statistics.h"
-#include "services/b2bay/report_layout_au.h"
-#include "services/b2bay/report_tables_nz.h"
-#include "services/vedaxml_au/report_layout.h"
-#include "services/vedaxml_nz/report_layout.h"
-#include "services/vedaxml_nz/statistics_tables.h"
+#include "facade/reports.h"
 
 namespace zr::bench {
 namespace {
@@ -79,44 +75,60 @@ xmlNode* first_node(xmlXPathContext* context, xmlNode* node, std::string_view pa
 std::size_t read_pieces(xmlXPathContext* context, xmlNode* record,
                         std::span<const layout::Piece> pieces);
 
-std::size_t read_piece(xmlXPathContext* context, xmlNode* record, const layout::Piece& piece) {
-    std::size_t values = 0;
-    if (!piece.condition.empty()) {
-        values += read_value(context, record, piece.condition);
+/// Reads what each kind of piece reads.
+struct PieceReader {
+    xmlXPathContext* context;
+    xmlNode* record;
+
+    std::size_t operator()(const layout::Value& value) const {
+        if (value.form != layout::Form::kPersonName) {
+            return read_value(context, record, value.path);
+        }
+        std::size_t values = 0;
+        for (const std::string_view name :
+             {"individual-name/first-given-name", "individual-name/other-given-name",
+              "individual-name/family-name"}) {
+            values += read_value(context, record, name);
+        }
+        return values;
     }
-    switch (piece.form) {
-        case layout::Form::kPersonName:
-            for (const std::string_view name :
-                 {"individual-name/first-given-name", "individual-name/other-given-name",
-                  "individual-name/family-name"}) {
-                values += read_value(context, record, name);
-            }
-            return values;
-        case layout::Form::kEach:
-            for_each_node(context, record, piece.path, [&](xmlNode* each) {
-                values += read_pieces(context, each, piece.parts);
-            });
-            return values;
-        case layout::Form::kAll:
-        case layout::Form::kRun:
-            return values + read_pieces(context, record, piece.parts);
-        default:
-            return values + (piece.path.empty() ? 0 : read_value(context, record, piece.path));
+    std::size_t operator()(const layout::Lookup& lookup) const {
+        return read_value(context, record, lookup.path);
     }
-}
+    std::size_t operator()(const layout::Choice& choice) const {
+        return read_value(context, record, choice.path);
+    }
+    std::size_t operator()(const layout::All& all) const {
+        return read_pieces(context, record, all.parts);
+    }
+    std::size_t operator()(const layout::EachOfRun& each) const {
+        return read_pieces(context, record, each.parts);
+    }
+    std::size_t operator()(const layout::Each& each) const {
+        std::size_t values = 0;
+        for_each_node(context, record, each.path,
+                      [&](xmlNode* node) { values += read_pieces(context, node, each.parts); });
+        return values;
+    }
+    std::size_t operator()(const layout::Constant& /*constant*/) const { return 0; }
+    std::size_t operator()(const layout::Position& /*position*/) const { return 0; }
+};
 
 std::size_t read_pieces(xmlXPathContext* context, xmlNode* record,
                         std::span<const layout::Piece> pieces) {
     std::size_t values = 0;
     for (const layout::Piece& piece : pieces) {
-        values += read_piece(context, record, piece);
+        for (const layout::Condition& condition : piece.conditions) {
+            values += read_value(context, record, condition.path);
+        }
+        values += std::visit(PieceReader{context, record}, piece.what);
     }
     return values;
 }
 
 std::size_t read_line(xmlXPathContext* context, xmlNode* record, const layout::Line& line) {
-    return read_pieces(context, record, line.label.all()) +
-           read_pieces(context, record, line.value.all());
+    return read_pieces(context, record, line.label.pieces) +
+           read_pieces(context, record, line.value.pieces);
 }
 
 std::size_t read_sections(xmlXPathContext* context, std::span<xmlNode* const> sources,
@@ -127,8 +139,8 @@ std::size_t read_sections(xmlXPathContext* context, std::span<xmlNode* const> so
             continue;
         }
         for_each_node(context, sources[section.source], section.records, [&](xmlNode* record) {
-            if (!section.id.empty()) {
-                values += read_value(context, record, section.id);
+            if (!section.sub_group.id.empty()) {
+                values += read_value(context, record, section.sub_group.id);
             }
             for (const layout::Line& line : section.lines) {
                 if (line.each.empty()) {
@@ -201,38 +213,13 @@ std::size_t read_summary(xmlXPathContext* context, xmlNode* person) {
     return values;
 }
 
-/// What is read of a service's replies: of a person, and where the service has them of companies.
-struct Tables {
-    std::span<const layout::Section> sections;
-    std::span<const StatisticsCategory> categories;
-    std::span<const layout::Section> company_sections;
-    std::span<const StatisticsCategory> company_categories;
-};
-
-Tables tables_of(std::string_view service) {
-    const auto b2bay = [](const b2bay::ReportTables& tables) {
-        return Tables{tables.individual_sections, tables.individual_categories,
-                      tables.company_sections, tables.company_categories};
-    };
-    if (service == "VedaXMLAU") {
-        return {australia::report_sections(), australia::statistics_categories(), {}, {}};
-    }
-    if (service == "VedaXMLNZ") {
-        return {new_zealand::individual_sections(), new_zealand::individual_categories(),
-                new_zealand::company_sections(), new_zealand::company_categories()};
-    }
-    if (service == "B2BayAU") {
-        return {b2bay::australian_sections(), b2bay::australian_categories(), {}, {}};
-    }
-    return b2bay(service == "B2BayNZ" ? b2bay::version_1() : b2bay::version_2());
-}
-
 }  // namespace
 
 void read_and_free(const std::string& text) { (void)read(text); }
 
 std::size_t read_naively(const std::string& text, std::string_view service) {
-    const Tables tables = tables_of(service);
+    const ReportDefinition& definition = *find_report(service);
+    const ReportPart& individual = definition.individual;
     const Document document = read(text);
     const Context owner(xmlXPathNewContext(document.get()));
     xmlXPathContext* const context = owner.get();
@@ -240,8 +227,8 @@ std::size_t read_naively(const std::string& text, std::string_view service) {
         first_node(context, xmlDocGetRootElement(document.get()),
                    "/BCAmessage/BCAservices/BCAservice/BCAservice-data/response/enquiry-report");
     const auto read_person = [&](xmlNode* person) {
-        return read_statistics(context, person, tables.categories) +
-               read_sections(context, std::array{person, report}, tables.sections);
+        return read_statistics(context, person, individual.counted) +
+               read_sections(context, std::array{person, report}, individual.sections);
     };
     xmlNode* const match = first_node(context, report, "primary-match");
     const std::size_t summary = read_summary(context, match != nullptr ? match : report);
@@ -250,14 +237,15 @@ std::size_t read_naively(const std::string& text, std::string_view service) {
     }
     xmlNode* const company = first_node(context, report, "company-report");
     if (company == nullptr) {
-        return summary + read_statistics(context, report, tables.categories) +
-               read_sections(context, std::array{report}, tables.sections);
+        return summary + read_statistics(context, report, individual.counted) +
+               read_sections(context, std::array{report}, individual.sections);
     }
-    std::size_t values = summary + read_statistics(context, report, tables.company_categories) +
-                         read_sections(context, std::array{company}, tables.company_sections);
+    std::size_t values =
+        summary + read_statistics(context, report, definition.company->part.counted) +
+        read_sections(context, std::array{company}, definition.company->part.sections);
     for_each_node(context, report, "director-report", [&](xmlNode* director) {
-        values += read_statistics(context, director, tables.categories) +
-                  read_sections(context, std::array{director}, tables.sections);
+        values += read_statistics(context, director, individual.counted) +
+                  read_sections(context, std::array{director}, individual.sections);
     });
     return values;
 }

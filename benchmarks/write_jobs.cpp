@@ -11,15 +11,12 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <variant>
 #include <vector>
 
 #include "automation/json.h"
+#include "facade/reports.h"
 #include "reply_maker.h"
-#include "services/b2bay/report_layout_au.h"
-#include "services/b2bay/report_tables_nz.h"
-#include "services/vedaxml_au/report_layout.h"
-#include "services/vedaxml_nz/report_layout.h"
-#include "services/vedaxml_nz/statistics_tables.h"
 
 namespace zr::bench {
 namespace {
@@ -114,29 +111,64 @@ std::string_view form_name(layout::Form form) {
             return "money";
         case layout::Form::kPersonName:
             return "name";
-        case layout::Form::kPosition:
-            return "position";
         default:
             return "text";
     }
 }
 
-void write_pieces(JsonWriter& json, std::string_view name, std::span<const layout::Piece> pieces) {
+/// What the naive translation reads of a piece.
+struct PieceShape {
+    std::string_view form = "text";
+    std::string_view path{};
+    std::string_view separator{};
+    std::string_view constant{};
+    const std::vector<layout::Piece>* parts = nullptr;
+};
+
+PieceShape shape(const layout::Piece::What& what) {
+    PieceShape shape;
+    if (const auto* constant = std::get_if<layout::Constant>(&what)) {
+        shape.constant = constant->text;
+    } else if (const auto* value = std::get_if<layout::Value>(&what)) {
+        shape.form = form_name(value->form);
+        shape.path = value->path;
+    } else if (const auto* lookup = std::get_if<layout::Lookup>(&what)) {
+        shape.path = lookup->path;
+    } else if (const auto* choice = std::get_if<layout::Choice>(&what)) {
+        shape.path = choice->path;
+    } else if (const auto* all = std::get_if<layout::All>(&what)) {
+        shape.parts = &all->parts;
+    } else if (const auto* run = std::get_if<layout::EachOfRun>(&what)) {
+        shape.parts = &run->parts;
+    } else if (const auto* each = std::get_if<layout::Each>(&what)) {
+        shape.path = each->path;
+        shape.separator = each->separator;
+        shape.parts = &each->parts;
+    } else {
+        shape.form = "position";
+    }
+    return shape;
+}
+
+void write_pieces(JsonWriter& json, std::string_view name,
+                  const std::vector<layout::Piece>& pieces) {
     json.name(name);
     json.begin_array();
     for (const layout::Piece& piece : pieces) {
-        if (piece.used()) {
-            json.begin_object();
-            text_member(json, "form", form_name(piece.form));
-            text_member(json, "path", piece.path);
-            text_member(json, "before", piece.before);
-            text_member(json, "after", piece.after);
-            text_member(json, "condition", piece.condition);
-            text_member(json, "separator",
-                        piece.form == layout::Form::kEach ? piece.other : std::string_view());
-            write_pieces(json, "parts", piece.parts);
-            json.end_object();
-        }
+        const PieceShape its = shape(piece.what);
+        const std::string before =
+            std::string(piece.separator).append(piece.before).append(its.constant);
+        json.begin_object();
+        text_member(json, "form", its.form);
+        text_member(json, "path", its.path);
+        text_member(json, "before", before);
+        text_member(json, "after", piece.after);
+        text_member(json, "condition",
+                    piece.conditions.empty() ? "" : piece.conditions.front().path);
+        text_member(json, "separator", its.separator);
+        write_pieces(json, "parts",
+                     its.parts != nullptr ? *its.parts : std::vector<layout::Piece>());
+        json.end_object();
     }
     json.end_array();
 }
@@ -148,17 +180,17 @@ void write_sections(JsonWriter& json, std::span<const layout::Section> sections)
         json.begin_object();
         json.name("source");
         json.number(section.source);
-        text_member(json, "group", section.word);
-        text_member(json, "sub_group", section.sub_group);
+        text_member(json, "group", section.group.word);
+        text_member(json, "sub_group", section.sub_group.words);
         text_member(json, "records", section.records);
-        text_member(json, "id", section.id);
+        text_member(json, "id", section.sub_group.id);
         json.name("lines");
         json.begin_array();
         for (const layout::Line& line : section.lines) {
             json.begin_object();
             text_member(json, "each", line.each);
-            write_pieces(json, "label", line.label.all());
-            write_pieces(json, "value", line.value.all());
+            write_pieces(json, "label", line.label.pieces);
+            write_pieces(json, "value", line.value.pieces);
             json.end_object();
         }
         json.end_array();
@@ -190,31 +222,21 @@ void write_categories(JsonWriter& json, std::span<const StatisticsCategory> cate
 }
 
 void write_layouts(const std::filesystem::path& path) {
-    const b2bay::ReportTables& one = b2bay::version_1();
-    const b2bay::ReportTables& two = b2bay::version_2();
-    const struct {
-        std::string_view name;
-        std::span<const layout::Section> sections;
-        std::span<const StatisticsCategory> categories;
-    } layouts[] = {
-        {"VedaXMLAU person", australia::report_sections(), australia::statistics_categories()},
-        {"B2BayAU person", b2bay::australian_sections(), b2bay::australian_categories()},
-        {"VedaXMLNZ person", new_zealand::individual_sections(),
-         new_zealand::individual_categories()},
-        {"VedaXMLNZ company", new_zealand::company_sections(), new_zealand::company_categories()},
-        {"B2BayNZ person", one.individual_sections, one.individual_categories},
-        {"B2BayNZ company", one.company_sections, one.company_categories},
-        {"B2BayNZ_V2 person", two.individual_sections, two.individual_categories},
-        {"B2BayNZ_V2 company", two.company_sections, two.company_categories},
-    };
     JsonWriter json;
     json.begin_object();
-    for (const auto& row : layouts) {
-        json.name(row.name);
+    const auto write_part = [&](const std::string& name, const ReportPart& part) {
+        json.name(name);
         json.begin_object();
-        write_sections(json, row.sections);
-        write_categories(json, row.categories);
+        write_sections(json, part.sections);
+        write_categories(json, part.counted);
         json.end_object();
+    };
+    for (const std::string_view service : all_service_names()) {
+        const ReportDefinition& report = *find_report(service);
+        write_part(std::string(service) + " person", report.individual);
+        if (report.company) {
+            write_part(std::string(service) + " company", report.company->part);
+        }
     }
     json.end_object();
     std::ofstream(path, std::ios::binary) << json.view();

@@ -6,9 +6,9 @@
 #include <string>
 #include <string_view>
 
-#include "platform/convert.h"
-#include "platform/regional_format.h"
-#include "platform/text.h"
+#include "values/convert.h"
+#include "values/regional_format.h"
+#include "values/text.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     // Eight bytes of value, then the pattern.

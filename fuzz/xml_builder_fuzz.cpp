@@ -8,8 +8,8 @@
 #include <string_view>
 #include <variant>
 
-#include "platform/text.h"
-#include "platform/xml_document.h"
+#include "values/text.h"
+#include "xml/xml_document.h"
 #include "xml/zr_xml_builder.h"
 
 namespace {

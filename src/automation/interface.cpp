@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "automation/describe.h"
-#include "platform/text.h"
+#include "values/text.h"
 
 namespace zr::automation {
 namespace {

@@ -5,7 +5,7 @@
 #include <cstdlib>
 #include <new>
 
-#include "platform/text.h"
+#include "values/text.h"
 
 // Without its vector instructions: in this version they pass control characters from 0x1A on.
 #include <rapidjson/error/en.h>

@@ -6,8 +6,8 @@
 #include <string>
 
 #include "automation/json_form.h"
-#include "platform/convert.h"
-#include "platform/text.h"
+#include "values/convert.h"
+#include "values/text.h"
 
 namespace zr::automation {
 namespace {

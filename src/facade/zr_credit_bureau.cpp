@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "platform/error.h"
-#include "platform/text.h"
+#include "values/text.h"
 
 namespace zr {
 namespace {

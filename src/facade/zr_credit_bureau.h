@@ -6,11 +6,11 @@
 #include <string>
 #include <string_view>
 
-#include "platform/date_time.h"
+#include "facade/registry.h"
 #include "platform/error.h"
 #include "records/request.h"
-#include "services/registry.h"
 #include "services/service_context.h"
+#include "values/date_time.h"
 
 namespace zr {
 

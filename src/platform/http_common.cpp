@@ -4,7 +4,7 @@
 #include <array>
 
 #include "platform/error.h"
-#include "platform/text.h"
+#include "platform/unicode.h"
 
 namespace zr {
 namespace {

@@ -4,7 +4,7 @@
 #include <limits>
 #include <utility>
 
-#include "platform/text.h"
+#include "platform/unicode.h"
 
 namespace zr {
 namespace {

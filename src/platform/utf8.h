@@ -1,4 +1,4 @@
-// Decoding of single UTF-8 sequences, for the text functions only; others use platform/text.h.
+// Decoding of single UTF-8 sequences, for the text functions only; others use platform/unicode.h.
 #pragma once
 
 #include <cstddef>

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "platform/error.h"
-#include "platform/text.h"
+#include "values/text.h"
 
 namespace zr {
 

@@ -10,8 +10,8 @@
 #include <utility>
 #include <variant>
 
-#include "platform/currency.h"
-#include "platform/date_time.h"
+#include "values/currency.h"
+#include "values/date_time.h"
 
 namespace zr {
 

@@ -3,7 +3,7 @@
 #include <array>
 #include <utility>
 
-#include "platform/convert.h"
+#include "values/convert.h"
 
 namespace zr {
 

@@ -8,9 +8,9 @@
 #include <unordered_map>
 
 #include "platform/secret.h"
-#include "platform/text.h"
 #include "records/property.h"
 #include "records/response.h"
+#include "values/text.h"
 
 namespace zr {
 

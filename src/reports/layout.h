@@ -2,13 +2,16 @@
 //
 // A section names its group and sub-group, the records it walks and the lines of each record. A
 // line is a label and a value, each made of pieces; a piece is a value of the reply in some form
-// with constant text around it. report_writer.h writes the lines.
+// with constant text around it, written when all its conditions hold. writer.h writes the lines.
 #pragma once
 
-#include <array>
+#include <concepts>
 #include <cstdint>
-#include <span>
+#include <initializer_list>
 #include <string_view>
+#include <utility>
+#include <variant>
+#include <vector>
 
 #include "reports/runs.h"
 
@@ -16,7 +19,6 @@ namespace zr::layout {
 
 /// The form in which a value of the reply is written.
 enum class Form : std::uint8_t {
-    kConstant,     ///< no value: only the text around it
     kText,         ///< as it stands
     kDate,         ///< a date in the facade's DateFormat; nothing when it is missing or no date
     kGeneralDate,  ///< a date in the platform's general form
@@ -25,234 +27,259 @@ enum class Form : std::uint8_t {
     kMoneyText,    ///< the same of a text that is an amount; any other as it stands
     kNumber,       ///< a number (0 when missing) in the platform's default form
     kNumberText,   ///< the same of a text that is a number; any other as it stands
-    kLookup,       ///< the description that a code table gives for the code
-    kPersonName,   ///< the names of the person at the path, joined by blanks
-    kId,           ///< an identifier without its leading zeros
     kCount,        ///< an amount (0 when missing) as a grouped whole number
     kPercent,      ///< a fraction (0 when missing) as a percentage with two decimals
-    kPosition,     ///< the record's 1-based position in its section
-    kAll,          ///< the pieces of `parts`, one after the other
-    kEach,         ///< the pieces of `parts` for each node at the path, `other` between them
-    kRun,          ///< the same for each record of the run, in a section that merges runs
-    kChoice,       ///< the piece of `cases` for the value at the path
+    kPersonName,   ///< the names of the person at the path, joined by blanks
+    kId,           ///< an identifier without its leading zeros
 };
 
-/// When a piece is written at all.
-enum class When : std::uint8_t {
-    kAlways,
-    kIfValue,        ///< its value is not empty
-    kIfAnyValue,     ///< the value of one of its parts is not empty, whatever stands around them
-    kIfAmount,       ///< its amount is not 0
-    kIfOtherBirth,   ///< its date is one, and not the subject's date of birth
-    kIfNode,         ///< the node at `condition` is present
-    kIfEqual,        ///< the upper-cased value at `condition` is `other`
-    kUnless,         ///< the upper-cased value at `condition` is not `other`
-    kUnlessExactly,  ///< the value at `condition` is not `other`, letter case included
-    kJoined,         ///< its value is not empty; `before` stands only behind an earlier piece
-};
-
+struct Piece;
 struct Case;
 
-struct Piece {
-    Form form = Form::kConstant;
-    std::string_view path{};    ///< relative to the record; "." is the record itself
-    std::string_view before{};  ///< constant text before the value
-    std::string_view after{};   ///< and after it
-    When when = When::kAlways;
-    std::string_view condition{};  ///< path of kIfNode, kIfEqual and kUnless
-    /// Of kIfEqual and kUnless; the code table of kLookup; the separator of kEach and kRun.
-    std::string_view other{};
-    std::span<const Piece> parts{};
-    std::span<const Case> cases{};
+// What a piece can be. Paths are relative to the record; "." is the record itself.
 
-    constexpr bool is_constant() const { return form == Form::kConstant && when == When::kAlways; }
-    constexpr bool used() const { return form != Form::kConstant || !before.empty(); }
-
-    /// The piece with text before and after it.
-    constexpr Piece within(std::string_view text_before, std::string_view text_after = {}) const {
-        Piece piece = *this;
-        piece.before = text_before;
-        piece.after = text_after;
-        return piece;
-    }
-    /// The piece, written only when its value is not empty.
-    constexpr Piece if_value() const {
-        Piece piece = *this;
-        piece.when = When::kIfValue;
-        return piece;
-    }
-    /// The piece, written only when a value of its parts is not empty: never its constants alone.
-    constexpr Piece if_any_value() const {
-        Piece piece = *this;
-        piece.when = When::kIfAnyValue;
-        return piece;
-    }
-    /// The piece, written only when its amount is not 0.
-    constexpr Piece if_amount() const {
-        Piece piece = *this;
-        piece.when = When::kIfAmount;
-        return piece;
-    }
-    /// The piece, written only when it is a date and not the subject's date of birth.
-    constexpr Piece if_other_birth() const {
-        Piece piece = *this;
-        piece.when = When::kIfOtherBirth;
-        return piece;
-    }
-    /// The piece, written only when the value at this path is this one in any letter case.
-    constexpr Piece if_equal(std::string_view path_of_value, std::string_view value) const {
-        Piece piece = *this;
-        piece.when = When::kIfEqual;
-        piece.condition = path_of_value;
-        piece.other = value;
-        return piece;
-    }
-    /// The piece, written only when there is a node at this path.
-    constexpr Piece if_node(std::string_view path_of_node) const {
-        Piece piece = *this;
-        piece.when = When::kIfNode;
-        piece.condition = path_of_node;
-        return piece;
-    }
-    /// The piece, left out when the value at this path is this one in any letter case.
-    constexpr Piece unless(std::string_view path_of_value, std::string_view value) const {
-        Piece piece = *this;
-        piece.when = When::kUnless;
-        piece.condition = path_of_value;
-        piece.other = value;
-        return piece;
-    }
-    /// The piece, left out when its own value is exactly this one.
-    constexpr Piece unless_exactly(std::string_view value) const {
-        Piece piece = *this;
-        piece.when = When::kUnlessExactly;
-        piece.condition = path;
-        piece.other = value;
-        return piece;
-    }
-    /// The piece, joined to what stands before it: neither value nor separator when it is empty, no
-    /// separator when it is the first.
-    constexpr Piece joined(std::string_view separator) const {
-        Piece piece = *this;
-        piece.when = When::kJoined;
-        piece.before = separator;
-        return piece;
-    }
+struct Constant {
+    std::string_view text;
+};
+struct Value {
+    Form form;
+    std::string_view path;
+};
+/// The description that a code table gives for the code at the path.
+struct Lookup {
+    std::string_view table;
+    std::string_view path;
+};
+/// The record's 1-based position in its section.
+struct Position {};
+/// Several pieces as one.
+struct All {
+    std::vector<Piece> parts;
+};
+/// The parts once for each node at the path; nothing of a node whose parts are empty.
+struct Each {
+    std::string_view path;
+    std::vector<Piece> parts;
+    std::string_view separator;
+};
+/// The same for each record of the run that the section merged.
+struct EachOfRun {
+    std::vector<Piece> parts;
+    std::string_view separator;
+};
+/// The first case for the value at the path, "" when it is missing; nothing when none is for it.
+struct Choice {
+    std::string_view path;
+    std::vector<Case> cases;
 };
 
-constexpr Piece constant(std::string_view text) { return {.before = text}; }
-constexpr Piece text_at(std::string_view path) { return {.form = Form::kText, .path = path}; }
-constexpr Piece date_at(std::string_view path) { return {.form = Form::kDate, .path = path}; }
-constexpr Piece general_date_at(std::string_view path) {
-    return {.form = Form::kGeneralDate, .path = path};
-}
-constexpr Piece lookup_at(std::string_view table, std::string_view path) {
-    return {.form = Form::kLookup, .path = path, .other = table};
-}
-constexpr Piece id_at(std::string_view path) { return {.form = Form::kId, .path = path}; }
-constexpr Piece of(Form form, std::string_view path) { return {.form = form, .path = path}; }
-inline constexpr Piece kRecordPosition{.form = Form::kPosition};
+/// What must hold for a piece to be written.
+struct Condition {
+    enum class Kind : std::uint8_t {
+        kNode,           ///< there is a node at the path
+        kEqual,          ///< the value at the path is this one, in any letter case
+        kUnless,         ///< it is not this one
+        kUnlessExactly,  ///< it is not this one, letter case included
+        kAmount,         ///< the amount at the path is not 0
+        kOtherBirth,     ///< the date at the path is one, and not the subject's date of birth
+    };
+    Kind kind;
+    std::string_view path;
+    std::string_view value{};
+};
 
-/// Several pieces as one.
-constexpr Piece all(std::span<const Piece> parts) { return {.form = Form::kAll, .parts = parts}; }
+struct Piece {
+    using What = std::variant<Constant, Value, Lookup, Position, All, Each, EachOfRun, Choice>;
 
-/// The pieces once for each node at the path; nothing of a node whose pieces are empty.
-constexpr Piece each_at(std::string_view path, std::span<const Piece> parts,
-                        std::string_view separator) {
-    return {.form = Form::kEach, .path = path, .other = separator, .parts = parts};
-}
+    Piece(What its) : what(std::move(its)) {}
+    Piece(const char* text) : what(Constant{text}) {}
 
-/// The pieces once for each record of the run that the section merged; nothing of a record whose
-/// pieces are empty.
-constexpr Piece each_of_run(std::span<const Piece> parts, std::string_view separator) {
-    return {.form = Form::kRun, .other = separator, .parts = parts};
-}
+    What what;
+    std::string_view separator{};  ///< stands only behind an earlier piece
+    std::string_view before{};     ///< constant text before the value
+    std::string_view after{};      ///< and after it
+    bool needs_value = false;      ///< nothing at all is written of an empty value
+    bool needs_any_value = false;  ///< nor when no part has a value, whatever stands around them
+    std::vector<Condition> conditions{};
+};
 
-/// One piece of a choice. A code of the reply is compared as it stands.
+/// The piece of one code. A code of the reply is compared as it stands.
 struct Case {
     std::string_view code;
     Piece piece;
     bool otherwise = false;  ///< for every code that no case before it names
 };
+inline Case otherwise(Piece piece) { return {{}, std::move(piece), true}; }
 
-constexpr Case otherwise(const Piece& piece) { return {{}, piece, true}; }
+struct Date : Value {};
+struct Amount : Value {};
 
-/// The piece for the value at the path, "" when it is missing; nothing when no case is for it.
-constexpr Piece choice_at(std::string_view path, std::span<const Case> cases) {
-    return {.form = Form::kChoice, .path = path, .cases = cases};
-}
+/// A piece of a known kind while it is being described: what can be said of it depends on the kind.
+/// What is said adds up.
+template <class Kind>
+class Of : public Piece {
+  public:
+    explicit Of(What its) : Piece(std::move(its)) {}
 
-inline constexpr Piece kOwnText[] = {text_at(".")};
-
-/// The texts of the nodes at the path on lines of their own, empty ones left out.
-constexpr Piece lines_at(std::string_view path) { return each_at(path, kOwnText, "\r\n"); }
-
-/// Pieces written one after the other: a few of its own, or a named array of them.
-struct Pieces {
-    std::array<Piece, 3> own{};
-    std::span<const Piece> named{};
-
-    constexpr Pieces(const Piece& first, const Piece& second = {}, const Piece& third = {})
-        : own{first, second, third} {}
-    constexpr Pieces(std::string_view text) : own{constant(text)} {}
-    constexpr Pieces(const char* text) : Pieces(std::string_view(text)) {}
-    template <std::size_t n>
-    constexpr Pieces(const Piece (&pieces)[n]) : named(pieces) {}
-
-    constexpr std::span<const Piece> all() const {
-        return named.empty() ? std::span<const Piece>(own) : named;
+    /// Text before and after the value.
+    Of within(std::string_view text_before, std::string_view text_after = {}) &&
+        requires(!std::same_as<Kind, Constant>) {
+        before = text_before;
+        after = text_after;
+        return std::move(*this);
     }
+    /// Only when its value is not empty.
+    Of if_value() && requires(!std::same_as<Kind, Constant>) {
+        needs_value = true;
+        return std::move(*this);
+    }
+    /// Only when a value of its parts is not empty: never its constants alone.
+    Of if_any_value() && requires std::same_as<Kind, All> {
+        needs_any_value = true;
+        return std::move(*this);
+    }
+    /// Joined to what stands before it: neither value nor separator when it is empty, no separator
+    /// when it is the first.
+    Of joined(std::string_view by) && requires(!std::same_as<Kind, Constant>) {
+        separator = by;
+        needs_value = true;
+        return std::move(*this);
+    }
+    Of if_node(std::string_view path) && {
+        return std::move(*this).when(Condition::Kind::kNode, path);
+    }
+    Of if_equal(std::string_view path, std::string_view value) && {
+        return std::move(*this).when(Condition::Kind::kEqual, path, value);
+    }
+    Of unless(std::string_view path, std::string_view value) && {
+        return std::move(*this).when(Condition::Kind::kUnless, path, value);
+    }
+    /// Not when its own value is exactly this one.
+    Of unless_exactly(std::string_view value) && requires std::same_as<Kind, Value> {
+        return std::move(*this).when(Condition::Kind::kUnlessExactly, path(), value);
+    }
+    /// Only when its amount is not 0.
+    Of if_amount() && requires std::same_as<Kind, Amount> {
+        return std::move(*this).when(Condition::Kind::kAmount, path());
+    }
+    /// Only when it is a date and not the subject's date of birth.
+    Of if_other_birth() && requires std::same_as<Kind, Date> {
+        return std::move(*this).when(Condition::Kind::kOtherBirth, path());
+    }
+
+  private:
+    std::string_view path() const { return std::get<Value>(what).path; }
+    Of when(Condition::Kind kind, std::string_view path, std::string_view value = {}) && {
+        conditions.push_back({kind, path, value});
+        return std::move(*this);
+    }
+};
+
+inline Of<Constant> constant(std::string_view text) { return Of<Constant>(Constant{text}); }
+inline Of<Value> text_at(std::string_view path) { return Of<Value>(Value{Form::kText, path}); }
+inline Of<Value> name_at(std::string_view path) {
+    return Of<Value>(Value{Form::kPersonName, path});
+}
+inline Of<Value> id_at(std::string_view path) { return Of<Value>(Value{Form::kId, path}); }
+inline Of<Date> date_at(std::string_view path) { return Of<Date>(Value{Form::kDate, path}); }
+inline Of<Date> general_date_at(std::string_view path) {
+    return Of<Date>(Value{Form::kGeneralDate, path});
+}
+/// An amount in one of the forms for amounts and numbers.
+inline Of<Amount> amount_at(Form form, std::string_view path) {
+    return Of<Amount>(Value{form, path});
+}
+inline Of<Lookup> lookup_at(std::string_view table, std::string_view path) {
+    return Of<Lookup>(Lookup{table, path});
+}
+inline Of<Position> record_position() { return Of<Position>(Position{}); }
+inline Of<All> all(std::vector<Piece> parts) { return Of<All>(All{std::move(parts)}); }
+inline Of<Each> each_at(std::string_view path, std::vector<Piece> parts,
+                        std::string_view separator) {
+    return Of<Each>(Each{path, std::move(parts), separator});
+}
+inline Of<EachOfRun> each_of_run(std::vector<Piece> parts, std::string_view separator) {
+    return Of<EachOfRun>(EachOfRun{std::move(parts), separator});
+}
+inline Of<Choice> choice_at(std::string_view path, std::vector<Case> cases) {
+    return Of<Choice>(Choice{path, std::move(cases)});
+}
+/// The texts of the nodes at the path on lines of their own, empty ones left out.
+inline Of<Each> lines_at(std::string_view path) { return each_at(path, {text_at(".")}, "\r\n"); }
+
+/// Pieces written one after the other.
+struct Text {
+    Text(const char* text) : pieces{Piece(text)} {}
+    Text(Piece piece) : pieces{std::move(piece)} {}
+    Text(std::initializer_list<Piece> parts) : pieces(parts) {}
+
+    std::vector<Piece> pieces;
 };
 
 /// A line of a record, or one for each node at `each`, to which its paths are then relative.
 struct Line {
-    Pieces label;
-    Pieces value;
+    Text label;
+    Text value;
     std::string_view each{};
 };
 
-constexpr Line line(const Pieces& label, const Pieces& value) { return {label, value, {}}; }
-constexpr Line line_for_each(std::string_view each, const Pieces& label, const Pieces& value) {
-    return {label, value, each};
+inline Line line(Text label, Text value) { return {std::move(label), std::move(value)}; }
+inline Line line_for_each(std::string_view each, Text label, Text value) {
+    return {std::move(label), std::move(value), each};
 }
-constexpr Line text(const Pieces& label, std::string_view path) {
-    return line(label, text_at(path));
+inline Line text(Text label, std::string_view path) { return {std::move(label), text_at(path)}; }
+inline Line date(Text label, std::string_view path) { return {std::move(label), date_at(path)}; }
+inline Line money(Text label, std::string_view path) {
+    return {std::move(label), amount_at(Form::kMoney, path)};
 }
-constexpr Line date(const Pieces& label, std::string_view path) {
-    return line(label, date_at(path));
+inline Line number(Text label, std::string_view path) {
+    return {std::move(label), amount_at(Form::kNumber, path)};
 }
-constexpr Line money(const Pieces& label, std::string_view path) {
-    return line(label, of(Form::kMoney, path));
+inline Line lookup(Text label, std::string_view table, std::string_view path) {
+    return {std::move(label), lookup_at(table, path)};
 }
-constexpr Line number(const Pieces& label, std::string_view path) {
-    return line(label, of(Form::kNumber, path));
-}
-constexpr Line lookup(const Pieces& label, std::string_view table, std::string_view path) {
-    return line(label, lookup_at(table, path));
-}
-constexpr Line person_name(const Pieces& label, std::string_view path = ".") {
-    return line(label, of(Form::kPersonName, path));
+inline Line person_name(Text label, std::string_view path = ".") {
+    return {std::move(label), name_at(path)};
 }
 
-/// The lines with another one in place of that with its label.
-template <std::size_t n>
-constexpr std::array<Line, n> with(const Line (&lines)[n], const Line& other) {
-    std::array<Line, n> changed = std::to_array(lines);
-    for (Line& line : changed) {
-        const Piece& label = line.label.all().front();
-        if (label.form == Form::kConstant && label.before == other.label.all().front().before) {
-            line = other;
-        }
-    }
-    return changed;
-}
+using Lines = std::vector<Line>;
 
 /// How a section's group is made of the prefix that the writer is given.
-enum class Group : std::uint8_t {
-    kPlain,     ///< the section's word alone
-    kPerson,    ///< the prefix, or the section's word when there is none
-    kPrefixed,  ///< the prefix and ": ", then the section's word
+struct Group {
+    enum class Kind : std::uint8_t { kPlain, kPerson, kPrefixed };
+    Kind kind;
+    std::string_view word;
 };
+/// The word alone.
+constexpr Group plain(std::string_view word) { return {Group::Kind::kPlain, word}; }
+/// The prefix, or the word when there is none.
+constexpr Group person(std::string_view word) { return {Group::Kind::kPerson, word}; }
+/// The prefix and ": ", then the word.
+constexpr Group prefixed(std::string_view word) { return {Group::Kind::kPrefixed, word}; }
+
+/// The words of a sub-group, and what follows them.
+struct SubGroup {
+    enum class Numbering : std::uint8_t { kNone, kPosition, kId, kTrimmedId };
+    constexpr SubGroup(const char* its_words) : words(its_words) {}
+    constexpr SubGroup(std::string_view its_words, Numbering its_numbering, std::string_view its_id)
+        : words(its_words), numbering(its_numbering), id(its_id) {}
+
+    std::string_view words;
+    Numbering numbering = Numbering::kNone;
+    std::string_view id{};  ///< path of the record's identifier
+};
+/// A blank and the record's 1-based position in the section.
+constexpr SubGroup numbered(std::string_view words) {
+    return {words, SubGroup::Numbering::kPosition, {}};
+}
+/// A blank and the record's identifier, as unique_id reads it.
+constexpr SubGroup with_id(std::string_view words, std::string_view id) {
+    return {words, SubGroup::Numbering::kId, id};
+}
+/// The same, with no blank at the end when there is no identifier.
+constexpr SubGroup with_trimmed_id(std::string_view words, std::string_view id) {
+    return {words, SubGroup::Numbering::kTrimmedId, id};
+}
 
 /// What a line shows of an amount or a number that the record does not have, or has empty.
 enum class MissingAmounts : std::uint8_t {
@@ -260,26 +287,30 @@ enum class MissingAmounts : std::uint8_t {
     kNoLine,
 };
 
-/// What follows the words of a sub-group.
-enum class Numbering : std::uint8_t {
-    kNone,
-    kPosition,   ///< a blank and the record's 1-based position in the section
-    kId,         ///< a blank and the identifier at the section's `id`, as unique_id reads it
-    kTrimmedId,  ///< the same, with no blank at the end when there is no identifier
-};
-
 /// A section of a report.
 struct Section {
     Group group;
-    std::string_view word;
-    std::string_view sub_group;
-    Numbering numbering;
-    std::uint8_t source;       ///< which of the writer's source nodes `records` starts from
-    std::string_view records;  ///< the records, in document order
-    std::span<const Line> lines;
-    std::string_view id{};       ///< where a record's identifier is
+    SubGroup sub_group;
+    std::string_view records;  ///< under the section's source, in document order
+    Lines lines;
+    std::uint8_t source = 0;     ///< which of the writer's source nodes `records` starts from
     Runs runs = Runs::kNone;     ///< the records that follow each other and are one
     std::string_view without{};  ///< no section where the source has a node here
+
+    Section from(std::uint8_t its_source) && {
+        source = its_source;
+        return std::move(*this);
+    }
+    Section merging(Runs its_runs) && {
+        runs = its_runs;
+        return std::move(*this);
+    }
+    Section unless_there_is(std::string_view node) && {
+        without = node;
+        return std::move(*this);
+    }
 };
+
+using Sections = std::vector<Section>;
 
 }  // namespace zr::layout

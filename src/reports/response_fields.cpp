@@ -17,12 +17,4 @@ void ResponseFields::fill(Response& response, XmlNode node) const {
     }
 }
 
-void write_service_lines(const XmlPath& request_id, std::string_view service_name, XmlNode root,
-                         Response& response) {
-    response.RequestId(ZRXMLUtilities::GetSubNodeString(root, request_id));
-    ResponseElements& lines = response.elements();
-    lines.AddElement("Response", "Service", "Service", service_name);
-    lines.AddElement("Response", "Service", "Request Id", response.RequestId());
-}
-
 }  // namespace zr

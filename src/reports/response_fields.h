@@ -1,5 +1,4 @@
-// What every translation fills alike: text properties, by where a reply has them, and the first
-// lines of a report.
+// Text properties of a response, by where a reply has them.
 #pragma once
 
 #include <span>
@@ -7,8 +6,8 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/xml_document.h"
 #include "records/response.h"
+#include "xml/xml_document.h"
 
 namespace zr {
 
@@ -33,9 +32,5 @@ class ResponseFields {
     };
     std::vector<Field> fields_;
 };
-
-/// Sets RequestId and writes the lines that name the service and the request.
-void write_service_lines(const XmlPath& request_id, std::string_view service_name, XmlNode root,
-                         Response& response);
 
 }  // namespace zr

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cstddef>
 
-#include "platform/text.h"
 #include "reports/runs.h"
+#include "values/text.h"
 #include "xml/zr_xml_utilities.h"
 
 namespace zr {

@@ -9,10 +9,10 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/date_time.h"
-#include "platform/xml_document.h"
 #include "records/response.h"
 #include "reports/runs.h"
+#include "values/date_time.h"
+#include "xml/xml_document.h"
 
 namespace zr {
 

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "platform/text.h"
 #include "reports/runs.h"
+#include "values/text.h"
 #include "xml/zr_xml_utilities.h"
 
 namespace zr::layout {
@@ -16,61 +16,131 @@ XmlPath path_of(std::string_view expression, XmlNames& names) {
 
 }  // namespace
 
+/// Compiles pieces for a layout, whose tables it collects.
+class CompiledLayout::Compiler {
+  public:
+    Compiler(CompiledLayout& layout, XmlNames& names) : layout_(layout), names_(names) {}
+
+    CompiledText compile(const Text& text) const {
+        CompiledText compiled{compile(text.pieces), false};
+        compiled.constant = text.pieces.size() == 1 && text.pieces.front().conditions.empty() &&
+                            std::holds_alternative<Constant>(text.pieces.front().what);
+        return compiled;
+    }
+
+  private:
+    std::vector<CompiledPiece> compile(std::span<const Piece> pieces) const {
+        std::vector<CompiledPiece> compiled;
+        for (const Piece& piece : pieces) {
+            compiled.push_back(compile(piece));
+        }
+        return compiled;
+    }
+
+    CompiledPiece compile(const Piece& piece) const {
+        CompiledPiece compiled{&piece};
+        for (const Condition& condition : piece.conditions) {
+            compiled.conditions.push_back({&condition, XmlPath(condition.path, names_)});
+        }
+        std::visit([&](const auto& what) { compile(what, compiled); }, piece.what);
+        return compiled;
+    }
+
+    void compile(const Constant& constant, CompiledPiece& piece) const {
+        piece.append = &ReportWriter::append_constant;
+        piece.text = constant.text;
+    }
+    void compile(const Value& value, CompiledPiece& piece) const {
+        piece.append = writer_of(value.form);
+        piece.path = XmlPath(value.path, names_);
+        piece.form = value.form;
+        piece.value = true;
+    }
+    void compile(const Lookup& lookup, CompiledPiece& piece) const {
+        piece.append = &ReportWriter::append_description;
+        piece.path = XmlPath(lookup.path, names_);
+        piece.table = table_index(lookup.table);
+        piece.value = true;
+    }
+    void compile(const Position& /*position*/, CompiledPiece& piece) const {
+        piece.append = &ReportWriter::append_position;
+        piece.value = true;
+    }
+    void compile(const All& all, CompiledPiece& piece) const {
+        piece.append = &ReportWriter::append_all;
+        piece.parts = compile(all.parts);
+    }
+    void compile(const Each& each, CompiledPiece& piece) const {
+        piece.append = &ReportWriter::append_each;
+        piece.path = XmlPath(each.path, names_);
+        piece.parts = compile(each.parts);
+        piece.text = each.separator;
+    }
+    void compile(const EachOfRun& each, CompiledPiece& piece) const {
+        piece.append = &ReportWriter::append_run;
+        piece.parts = compile(each.parts);
+        piece.text = each.separator;
+    }
+    void compile(const Choice& choice, CompiledPiece& piece) const {
+        piece.append = &ReportWriter::append_choice;
+        piece.path = XmlPath(choice.path, names_);
+        piece.cases = &choice.cases;
+        for (const Case& row : choice.cases) {
+            piece.parts.push_back(compile(row.piece));
+        }
+    }
+
+    static decltype(CompiledPiece::append) writer_of(Form form) {
+        switch (form) {
+            case Form::kText:
+                return &ReportWriter::append_text;
+            case Form::kDate:
+            case Form::kGeneralDate:
+                return &ReportWriter::append_date;
+            case Form::kPersonName:
+                return &ReportWriter::append_name;
+            case Form::kId:
+                return &ReportWriter::append_id;
+            default:
+                return &ReportWriter::append_amount;
+        }
+    }
+
+    std::size_t table_index(std::string_view name) const {
+        std::vector<std::string_view>& tables = layout_.tables_;
+        const auto found = std::find(tables.begin(), tables.end(), name);
+        const auto index = static_cast<std::size_t>(found - tables.begin());
+        if (found == tables.end()) {
+            tables.push_back(name);
+        }
+        return index;
+    }
+
+    CompiledLayout& layout_;
+    XmlNames& names_;
+};
+
 CompiledLayout::CompiledLayout(std::span<const Section> sections, XmlNames& names,
                                MissingAmounts missing)
     : missing_(missing),
       first_given_name_("individual-name/first-given-name", names),
       other_given_name_("individual-name/other-given-name", names),
       family_name_("individual-name/family-name", names) {
+    const Compiler compiler(*this, names);
     sections_.reserve(sections.size());
     for (const Section& section : sections) {
         CompiledSection compiled{&section,
                                  XmlPath(section.records, names),
-                                 path_of(section.id, names),
+                                 path_of(section.sub_group.id, names),
                                  path_of(section.without, names),
                                  {}};
         for (const Line& line : section.lines) {
             compiled.lines.push_back(
-                {compile(line.label, names), compile(line.value, names),
+                {compiler.compile(line.label), compiler.compile(line.value),
                  line.each.empty() ? std::nullopt : std::optional(XmlPath(line.each, names))});
         }
         sections_.push_back(std::move(compiled));
     }
-}
-
-CompiledLayout::CompiledText CompiledLayout::compile(const Pieces& pieces, XmlNames& names) {
-    CompiledText text;
-    for (const Piece& piece : pieces.all()) {
-        if (piece.used()) {
-            text.pieces.push_back(compile(piece, names));
-        }
-    }
-    text.constant = text.pieces.size() == 1 && text.pieces[0].piece->is_constant();
-    return text;
-}
-
-CompiledLayout::CompiledPiece CompiledLayout::compile(const Piece& piece, XmlNames& names) {
-    CompiledPiece compiled{&piece,
-                           path_of(piece.path, names),
-                           path_of(piece.condition, names),
-                           piece.form == Form::kLookup ? table_index(piece.other) : 0,
-                           {}};
-    for (const Piece& part : piece.parts) {
-        compiled.parts.push_back(compile(part, names));
-    }
-    for (const Case& row : piece.cases) {
-        compiled.parts.push_back(compile(row.piece, names));
-    }
-    return compiled;
-}
-
-std::size_t CompiledLayout::table_index(std::string_view name) {
-    const auto found = std::find(tables_.begin(), tables_.end(), name);
-    if (found != tables_.end()) {
-        return static_cast<std::size_t>(found - tables_.begin());
-    }
-    tables_.push_back(name);
-    return tables_.size() - 1;
 }
 
 FixedFormats::FixedFormats(Region region)
@@ -114,17 +184,17 @@ void ReportWriter::write_section(const CompiledSection& section, XmlNode source,
         return;
     }
     section_ = &section;
-    const Section& layout = *section.section;
-    group_ = layout.word;
-    if (!prefix.empty() && layout.group == Group::kPerson) {
+    const auto& [kind, word] = section.section->group;
+    group_ = word;
+    if (!prefix.empty() && kind == Group::Kind::kPerson) {
         group_ = lines_.keep(prefix);
-    } else if (!prefix.empty() && layout.group == Group::kPrefixed) {
-        group_ = lines_.keep(std::string(prefix).append(": ").append(layout.word));
+    } else if (!prefix.empty() && kind == Group::Kind::kPrefixed) {
+        group_ = lines_.keep(std::string(prefix).append(": ").append(word));
     }
     const std::span<const XmlNode> records = records_;
     position_ = 0;
     for (std::size_t next = 0; next < records.size();) {
-        const std::size_t end = end_of_run(records, next, section.id, layout.runs);
+        const std::size_t end = end_of_run(records, next, section.id, section.section->runs);
         ++position_;
         run_ = records.subspan(next, end - next);
         write_record(section);
@@ -154,28 +224,28 @@ void ReportWriter::add_line(const CompiledLine& line, XmlNode record) {
 }
 
 std::string_view ReportWriter::sub_group() {
-    const Section& layout = *section_->section;
-    if (layout.numbering == Numbering::kNone) {
-        return layout.sub_group;
+    using Numbering = SubGroup::Numbering;
+    const auto& [words, numbering, id] = section_->section->sub_group;
+    if (numbering == Numbering::kNone) {
+        return words;
     }
     if (sub_group_.empty()) {
-        std::string numbered(layout.sub_group);
+        std::string numbered(words);
         numbered += ' ';
-        if (layout.numbering == Numbering::kPosition) {
+        if (numbering == Numbering::kPosition) {
             numbered += std::to_string(position_);
         } else {
-            numbered += unique_id(run_.front(), section_->id, layout.runs);
+            numbered += unique_id(run_.front(), section_->id, section_->section->runs);
         }
-        sub_group_ =
-            lines_.keep(layout.numbering == Numbering::kTrimmedId ? text::trim_right(numbered)
-                                                                  : std::string_view(numbered));
+        sub_group_ = lines_.keep(numbering == Numbering::kTrimmedId ? text::trim_right(numbered)
+                                                                    : std::string_view(numbered));
     }
     return sub_group_;
 }
 
 std::string_view ReportWriter::kept(const CompiledText& text, XmlNode record) {
     if (text.constant) {
-        return text.pieces.front().piece->before;
+        return text.pieces.front().text;
     }
     text_.clear();
     append(text_, text.pieces, record);
@@ -192,115 +262,79 @@ void ReportWriter::append(std::string& target, std::span<const CompiledPiece> pi
 
 void ReportWriter::append(std::string& target, std::size_t start, const CompiledPiece& compiled,
                           XmlNode record) {
-    const Piece& piece = *compiled.piece;
-    if (piece.when == When::kAlways && piece.before.empty()) {
-        append_value(target, compiled, record);
-        target += piece.after;
-        return;
-    }
-    if (!condition_holds(compiled, record)) {
-        return;
+    for (const auto& condition : compiled.conditions) {
+        if (!holds(condition, record)) {
+            return;
+        }
     }
     // Written in place and taken back when it turns out to be empty.
+    const Piece& piece = *compiled.piece;
     const std::size_t piece_begin = target.size();
-    const bool first = piece_begin == start;
-    if (piece.when != When::kJoined || !first) {
-        target += piece.before;
+    if (piece_begin != start) {
+        target += piece.separator;
     }
+    target += piece.before;
     const std::size_t value_begin = target.size();
     const std::size_t values_before = values_;
-    append_value(target, compiled, record);
-    const bool needs_value = piece.when == When::kIfValue || piece.when == When::kJoined;
-    if ((needs_value && target.size() == value_begin) ||
-        (piece.when == When::kIfAnyValue && values_ == values_before)) {
+    (this->*compiled.append)(target, compiled, record);
+    const bool empty = target.size() == value_begin;
+    if (compiled.value && !empty) {
+        ++values_;
+    }
+    if ((piece.needs_value && empty) || (piece.needs_any_value && values_ == values_before)) {
         target.resize(piece_begin);
         return;
     }
     target += piece.after;
 }
 
-bool ReportWriter::condition_holds(const CompiledPiece& compiled, XmlNode record) const {
-    const Piece& piece = *compiled.piece;
-    const auto is_other = [&] {
-        return text::equal_ignoring_case(record.value(compiled.condition).value_or(""),
-                                         piece.other);
-    };
-    switch (piece.when) {
-        case When::kIfAmount:
-            return !ZRXMLUtilities::GetSubNodeCurrency(record, compiled.path, Currency()).is_zero();
-        case When::kIfOtherBirth: {
-            const auto date = ZRXMLUtilities::GetSubNodeDate(record, compiled.path);
+bool ReportWriter::holds(const CompiledLayout::CompiledCondition& compiled, XmlNode record) const {
+    using Kind = Condition::Kind;
+    const XmlPath& path = compiled.path;
+    const std::string_view expected = compiled.condition->value;
+    switch (compiled.condition->kind) {
+        case Kind::kNode:
+            return record.value(path).has_value();
+        case Kind::kEqual:
+            return text::equal_ignoring_case(record.value(path).value_or(""), expected);
+        case Kind::kUnless:
+            return !text::equal_ignoring_case(record.value(path).value_or(""), expected);
+        case Kind::kUnlessExactly:
+            return record.value(path).value_or("") != expected;
+        case Kind::kAmount:
+            return !ZRXMLUtilities::GetSubNodeCurrency(record, path, Currency()).is_zero();
+        case Kind::kOtherBirth: {
+            const auto date = ZRXMLUtilities::GetSubNodeDate(record, path);
             return date && date != date_of_birth_;
         }
-        case When::kIfNode:
-            return record.value(compiled.condition).has_value();
-        case When::kIfEqual:
-            return is_other();
-        case When::kUnless:
-            return !is_other();
-        case When::kUnlessExactly:
-            return record.value(compiled.condition).value_or("") != piece.other;
-        default:
-            return true;
     }
+    return false;
 }
 
-void ReportWriter::append_value(std::string& target, const CompiledPiece& compiled,
-                                XmlNode record) {
-    const std::size_t begin = target.size();
-    append_form(target, compiled, record);
-    if (compiled.parts.empty() && target.size() != begin) {
-        ++values_;
-    }
+void ReportWriter::append_constant(std::string& target, const CompiledPiece& compiled,
+                                   XmlNode /*record*/) {
+    target += compiled.text;
 }
 
-void ReportWriter::append_form(std::string& target, const CompiledPiece& compiled, XmlNode record) {
-    switch (compiled.piece->form) {
-        case Form::kConstant:
-            return;
-        case Form::kText:
-            append_sub_node_text(target, record, compiled.path);
-            return;
-        case Form::kDate:
-            return append_date(target, formats_.date, record.value(compiled.path));
-        case Form::kGeneralDate:
-            return append_date(target, formats_.fixed.general_date, record.value(compiled.path));
-        case Form::kMoney:
-        case Form::kMoneySymbol:
-        case Form::kMoneyText:
-        case Form::kNumber:
-        case Form::kNumberText:
-        case Form::kCount:
-        case Form::kPercent:
-            return append_amount(target, compiled, record);
-        case Form::kLookup:
-            return append_description(target, compiled, record);
-        case Form::kPersonName:
-            return append_person_name(target, record.first(compiled.path));
-        case Form::kId:
-            target += unique_id(record, compiled.path);
-            return;
-        case Form::kPosition:
-            target += std::to_string(position_);
-            return;
-        case Form::kAll:
-            return append(target, compiled.parts, record);
-        case Form::kEach:
-            return append_each(target, compiled, record.select(compiled.path));
-        case Form::kRun:
-            return append_each(target, compiled, run_);
-        case Form::kChoice:
-            return append_choice(target, compiled, record);
+void ReportWriter::append_text(std::string& target, const CompiledPiece& compiled, XmlNode record) {
+    append_sub_node_text(target, record, compiled.path);
+}
+
+void ReportWriter::append_date(std::string& target, const CompiledPiece& compiled, XmlNode record) {
+    const auto value = record.value(compiled.path);
+    if (const auto date = value ? convert::to_date(*value) : std::nullopt) {
+        const bool general = compiled.form == Form::kGeneralDate;
+        (general ? formats_.fixed.general_date : formats_.date).append(target, *date);
     }
 }
 
 void ReportWriter::append_amount(std::string& target, const CompiledPiece& compiled,
-                                 XmlNode record) const {
+                                 XmlNode record) {
     const auto text = record.value(compiled.path);
     if (text.value_or("").empty() && layout_.missing_ == MissingAmounts::kNoLine) {
         return;
     }
-    const Form form = compiled.piece->form;
+    const Form form = compiled.form;
     if ((form == Form::kMoneyText && !convert::is_currency(text.value_or(""))) ||
         (form == Form::kNumberText && !convert::is_number(text.value_or("")))) {
         append_sub_node_text(target, record, compiled.path);
@@ -323,15 +357,32 @@ void ReportWriter::append_amount(std::string& target, const CompiledPiece& compi
     }
 }
 
-void ReportWriter::append_date(std::string& target, const RegionalFormat& format,
-                               std::optional<std::string_view> value) {
-    if (const auto date = value ? convert::to_date(*value) : std::nullopt) {
-        format.append(target, *date);
+void ReportWriter::append_name(std::string& target, const CompiledPiece& compiled, XmlNode record) {
+    const XmlNode person = record.first(compiled.path);
+    const std::size_t start = target.size();
+    for (const XmlPath* part :
+         {&layout_.first_given_name_, &layout_.other_given_name_, &layout_.family_name_}) {
+        const std::size_t end = target.size();
+        const std::string_view separator = end == start ? "" : " ";
+        target += separator;
+        append_sub_node_text(target, person, *part);
+        if (target.size() == end + separator.size()) {
+            target.resize(end);  // no such name
+        }
     }
 }
 
+void ReportWriter::append_id(std::string& target, const CompiledPiece& compiled, XmlNode record) {
+    target += unique_id(record, compiled.path);
+}
+
+void ReportWriter::append_position(std::string& target, const CompiledPiece& /*compiled*/,
+                                   XmlNode /*record*/) {
+    target += std::to_string(position_);
+}
+
 void ReportWriter::append_description(std::string& target, const CompiledPiece& compiled,
-                                      XmlNode record) const {
+                                      XmlNode record) {
     const CodeTableItems* table = tables_[compiled.table];
     const auto code = record.value(compiled.path);
     if (table != nullptr && code) {
@@ -339,13 +390,26 @@ void ReportWriter::append_description(std::string& target, const CompiledPiece& 
     }
 }
 
-void ReportWriter::append_each(std::string& target, const CompiledPiece& compiled,
-                               std::span<const XmlNode> records) {
+void ReportWriter::append_all(std::string& target, const CompiledPiece& compiled, XmlNode record) {
+    append(target, compiled.parts, record);
+}
+
+void ReportWriter::append_each(std::string& target, const CompiledPiece& compiled, XmlNode record) {
+    append_repeated(target, compiled, record.select(compiled.path));
+}
+
+void ReportWriter::append_run(std::string& target, const CompiledPiece& compiled,
+                              XmlNode /*record*/) {
+    append_repeated(target, compiled, run_);
+}
+
+void ReportWriter::append_repeated(std::string& target, const CompiledPiece& compiled,
+                                   std::span<const XmlNode> records) {
     const std::size_t start = target.size();
     for (const XmlNode record : records) {
         const std::size_t separator_begin = target.size();
         if (separator_begin != start) {
-            target += compiled.piece->other;
+            target += compiled.text;
         }
         const std::size_t begin = target.size();
         append(target, compiled.parts, record);
@@ -358,25 +422,11 @@ void ReportWriter::append_each(std::string& target, const CompiledPiece& compile
 void ReportWriter::append_choice(std::string& target, const CompiledPiece& compiled,
                                  XmlNode record) {
     const std::string_view code = record.value(compiled.path).value_or("");
-    const std::span<const Case> cases = compiled.piece->cases;
+    const std::vector<Case>& cases = *compiled.cases;
     for (std::size_t index = 0; index < cases.size(); ++index) {
         if (cases[index].otherwise || cases[index].code == code) {
             append(target, target.size(), compiled.parts[index], record);
             return;
-        }
-    }
-}
-
-void ReportWriter::append_person_name(std::string& target, XmlNode person) {
-    const std::size_t start = target.size();
-    for (const XmlPath* part :
-         {&layout_.first_given_name_, &layout_.other_given_name_, &layout_.family_name_}) {
-        const std::size_t end = target.size();
-        const std::string_view separator = end == start ? "" : " ";
-        target += separator;
-        append_sub_node_text(target, person, *part);
-        if (target.size() == end + separator.size()) {
-            target.resize(end);  // no such name
         }
     }
 }

@@ -8,15 +8,18 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/regional_format.h"
-#include "platform/xml_document.h"
 #include "records/code_tables.h"
 #include "records/response_elements.h"
 #include "reports/layout.h"
+#include "values/regional_format.h"
+#include "xml/xml_document.h"
 
 namespace zr::layout {
 
-/// A layout whose paths are compiled against a service's names. Constant once made.
+class ReportWriter;
+
+/// A layout whose paths are compiled against a service's names. Constant once made; the sections
+/// stay with their owner.
 class CompiledLayout {
   public:
     CompiledLayout(std::span<const Section> sections, XmlNames& names,
@@ -24,13 +27,25 @@ class CompiledLayout {
 
   private:
     friend class ReportWriter;
+    class Compiler;
 
+    struct CompiledCondition {
+        const Condition* condition;
+        XmlPath path;
+    };
     struct CompiledPiece {
         const Piece* piece;
-        XmlPath path;
-        XmlPath condition;
-        std::size_t table = 0;             ///< index into tables_
-        std::vector<CompiledPiece> parts;  ///< of the piece's parts or cases
+        /// Writes the value.
+        void (ReportWriter::*append)(std::string& target, const CompiledPiece& piece,
+                                     XmlNode record) = nullptr;
+        XmlPath path{};
+        std::vector<CompiledCondition> conditions{};
+        Form form{};
+        std::string_view text{};             ///< the constant, or the separator of repeated parts
+        std::size_t table = 0;               ///< index into tables_
+        std::vector<CompiledPiece> parts{};  ///< of the piece's parts or cases
+        const std::vector<Case>* cases = nullptr;
+        bool value = false;  ///< one of the reply itself, neither constant nor made of parts
     };
     struct CompiledText {
         std::vector<CompiledPiece> pieces;
@@ -48,10 +63,6 @@ class CompiledLayout {
         XmlPath without;
         std::vector<CompiledLine> lines;
     };
-
-    CompiledText compile(const Pieces& pieces, XmlNames& names);
-    CompiledPiece compile(const Piece& piece, XmlNames& names);
-    std::size_t table_index(std::string_view name);
 
     std::vector<CompiledSection> sections_;
     std::vector<std::string_view> tables_;
@@ -106,6 +117,7 @@ class ReportWriter {
     void write(std::span<const XmlNode> sources, std::string_view prefix);
 
   private:
+    friend class CompiledLayout;
     using CompiledText = CompiledLayout::CompiledText;
     using CompiledPiece = CompiledLayout::CompiledPiece;
 
@@ -121,18 +133,23 @@ class ReportWriter {
     void append(std::string& target, std::span<const CompiledPiece> pieces, XmlNode record);
     /// `start` is where the text that the piece belongs to begins in the target.
     void append(std::string& target, std::size_t start, const CompiledPiece& piece, XmlNode record);
-    bool condition_holds(const CompiledPiece& piece, XmlNode record) const;
-    /// The value without what stands around it; counts it unless it is made of pieces itself.
-    void append_value(std::string& target, const CompiledPiece& piece, XmlNode record);
-    void append_form(std::string& target, const CompiledPiece& piece, XmlNode record);
-    void append_amount(std::string& target, const CompiledPiece& piece, XmlNode record) const;
-    static void append_date(std::string& target, const RegionalFormat& format,
-                            std::optional<std::string_view> value);
-    void append_description(std::string& target, const CompiledPiece& piece, XmlNode record) const;
-    void append_each(std::string& target, const CompiledPiece& piece,
-                     std::span<const XmlNode> records);
+    bool holds(const CompiledLayout::CompiledCondition& condition, XmlNode record) const;
+
+    // The value of a piece, without what stands around it.
+    void append_constant(std::string& target, const CompiledPiece& piece, XmlNode record);
+    void append_text(std::string& target, const CompiledPiece& piece, XmlNode record);
+    void append_date(std::string& target, const CompiledPiece& piece, XmlNode record);
+    void append_amount(std::string& target, const CompiledPiece& piece, XmlNode record);
+    void append_name(std::string& target, const CompiledPiece& piece, XmlNode record);
+    void append_id(std::string& target, const CompiledPiece& piece, XmlNode record);
+    void append_position(std::string& target, const CompiledPiece& piece, XmlNode record);
+    void append_description(std::string& target, const CompiledPiece& piece, XmlNode record);
+    void append_all(std::string& target, const CompiledPiece& piece, XmlNode record);
+    void append_each(std::string& target, const CompiledPiece& piece, XmlNode record);
+    void append_run(std::string& target, const CompiledPiece& piece, XmlNode record);
     void append_choice(std::string& target, const CompiledPiece& piece, XmlNode record);
-    void append_person_name(std::string& target, XmlNode person);
+    void append_repeated(std::string& target, const CompiledPiece& piece,
+                         std::span<const XmlNode> records);
     std::string_view sub_group();
 
     const CompiledLayout& layout_;

@@ -2,8 +2,8 @@
 
 #include <functional>
 
-#include "platform/text.h"
 #include "services/message_writing.h"
+#include "values/text.h"
 
 namespace zr {
 

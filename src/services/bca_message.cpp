@@ -1,8 +1,8 @@
 #include "services/bca_message.h"
 
-#include "platform/regional_format.h"
-#include "platform/text.h"
 #include "services/message_writing.h"
+#include "values/regional_format.h"
+#include "values/text.h"
 
 namespace zr {
 namespace {

@@ -6,8 +6,8 @@
 #include <string>
 #include <string_view>
 
-#include "platform/date_time.h"
 #include "records/request.h"
+#include "values/date_time.h"
 #include "xml/zr_xml_builder.h"
 
 namespace zr {

@@ -1,6 +1,6 @@
 #include "services/message_writing.h"
 
-#include "platform/text.h"
+#include "values/text.h"
 
 namespace zr {
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/currency.h"
+#include "values/currency.h"
 #include "xml/zr_xml_builder.h"
 
 namespace zr {

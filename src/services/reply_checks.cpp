@@ -3,7 +3,7 @@
 #include <utility>
 #include <variant>
 
-#include "platform/text.h"
+#include "values/text.h"
 #include "xml/zr_xml_utilities.h"
 
 namespace zr {

@@ -5,9 +5,9 @@
 #include <string>
 #include <string_view>
 
-#include "platform/xml_document.h"
-#include "services/reply_checks.h"
 #include "services/service.h"
+#include "services/translator.h"
+#include "xml/xml_document.h"
 
 namespace zr {
 
@@ -18,17 +18,15 @@ class ReplyService : public Service {
     const std::string& XSLTFileName() const { return xslt_file_name_; }
     void XSLTFileName(std::string_view name) { xslt_file_name_ = name; }
 
-    // Component-internal: the facade calls this.
+    // Component-internal: the facade calls these.
+
+    /// Reads the service's replies.
+    virtual const Translator& translator() const = 0;
+
     bool BuildResponse(Request& request, DateTime response_date,
                        const std::string& response_xml) override;
 
   protected:
-    /// Parses a reply and checks it for the bureau's errors.
-    virtual CheckedReply check(std::string_view response_xml) const = 0;
-
-    /// Fills the response, whose document fields are set already, from a checked reply.
-    virtual void translate(Request& request, XmlNode root) = 0;
-
     /// Whether a company's figures include those of its directors.
     virtual bool counts_directors() const { return false; }
 

@@ -6,12 +6,12 @@
 #include <string>
 #include <string_view>
 
-#include "platform/date_time.h"
-#include "platform/xml_document.h"
 #include "records/products.h"
 #include "records/property.h"
 #include "records/request.h"
 #include "services/service_context.h"
+#include "values/date_time.h"
+#include "xml/xml_document.h"
 
 namespace zr {
 

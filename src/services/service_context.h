@@ -7,12 +7,12 @@
 #include <string_view>
 #include <utility>
 
-#include "platform/date_time.h"
 #include "platform/error.h"
 #include "platform/http.h"
-#include "platform/regional_format.h"
 #include "platform/style_sheet.h"
 #include "reports/writer.h"
+#include "values/date_time.h"
+#include "values/regional_format.h"
 
 namespace zr {
 

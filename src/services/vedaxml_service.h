@@ -11,11 +11,11 @@
 #include <vector>
 
 #include "platform/http.h"
-#include "platform/text.h"
-#include "platform/xml_document.h"
 #include "services/bca_message.h"
 #include "services/reply_service.h"
 #include "services/service_settings.h"
+#include "values/text.h"
+#include "xml/xml_document.h"
 
 namespace zr {
 

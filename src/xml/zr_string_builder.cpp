@@ -4,7 +4,7 @@
 #include <limits>
 #include <new>
 
-#include "platform/text.h"
+#include "values/text.h"
 
 namespace zr {
 

@@ -3,9 +3,9 @@
 #include <cstdio>
 #include <utility>
 
-#include "platform/convert.h"
 #include "platform/error.h"
-#include "platform/text.h"
+#include "values/convert.h"
+#include "values/text.h"
 
 namespace zr {
 namespace {

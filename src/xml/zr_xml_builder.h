@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/date_time.h"
+#include "values/date_time.h"
 #include "xml/zr_string_builder.h"
 
 namespace zr {

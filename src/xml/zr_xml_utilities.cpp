@@ -2,7 +2,7 @@
 
 #include <limits>
 
-#include "platform/text.h"
+#include "values/text.h"
 
 namespace zr {
 namespace {

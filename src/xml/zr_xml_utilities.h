@@ -6,10 +6,10 @@
 #include <string>
 #include <string_view>
 
-#include "platform/convert.h"
-#include "platform/currency.h"
-#include "platform/date_time.h"
-#include "platform/xml_document.h"
+#include "values/convert.h"
+#include "values/currency.h"
+#include "values/date_time.h"
+#include "xml/xml_document.h"
 
 namespace zr {
 

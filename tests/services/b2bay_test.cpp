@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "b2bay_import.h"
-#include "platform/convert.h"
+#include "values/convert.h"
 
 namespace zr::test {
 namespace {

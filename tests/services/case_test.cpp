@@ -7,8 +7,8 @@
 #include <stdexcept>
 
 #include "case_file.h"
-#include "platform/convert.h"
 #include "support/fake_bureau.h"
+#include "values/convert.h"
 
 namespace zr::test {
 namespace {

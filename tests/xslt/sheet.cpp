@@ -9,8 +9,8 @@
 #include <vector>
 
 #include "facade/zr_credit_bureau.h"
-#include "platform/regional_format.h"
 #include "platform/style_sheet.h"
+#include "values/regional_format.h"
 #include "xslt/page.h"
 
 namespace zr::sheet {

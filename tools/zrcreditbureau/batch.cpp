@@ -12,9 +12,9 @@
 #include <utility>
 
 #include "facade/zr_credit_bureau.h"
-#include "platform/convert.h"
 #include "platform/error.h"
-#include "platform/text.h"
+#include "values/convert.h"
+#include "values/text.h"
 #include "zrcreditbureau/failure.h"
 #include "zrcreditbureau/files.h"
 #include "zrcreditbureau/fingerprint.h"

@@ -5,10 +5,12 @@
 #include <list>
 
 #include "automation/json_form.h"
-#include "platform/text.h"
+#include "facade/reports.h"
+#include "values/text.h"
 #include "zrcreditbureau/catalogue_text.h"
 #include "zrcreditbureau/failure.h"
 #include "zrcreditbureau/interruption.h"
+#include "zrcreditbureau/layout_text.h"
 #include "zrcreditbureau/output.h"
 #include "zrcreditbureau/report_text.h"
 #include "zrcreditbureau/result_form.h"
@@ -36,6 +38,9 @@ constexpr Command kCommands[] = {
     {"verify", "Test the connection of a service",
      "zrcreditbureau verify --country AU --settings bureau.json --service VedaXMLAU",
      Operation::kVerify, Fields::kService, Format::kText, false},
+    {"layout", "Show how a service's report is laid out and what it counts",
+     "zrcreditbureau layout --service VedaXMLAU", std::nullopt, Fields::kService, Format::kText,
+     false},
     {"translate", "Report a stored reply, or many",
      "zrcreditbureau translate reply.xml --service VedaXMLAU --product consumer-enquiry\n"
      "      --date 2012-06-15\n"
@@ -161,6 +166,25 @@ int run_catalogue(const Invocation& invocation) {
     return kDone;
 }
 
+int run_layout(const Invocation& invocation) {
+    require_service(invocation);
+    const std::string_view service = request_text(invocation.job, "ServiceName");
+    const ReportDefinition* report = find_report(service);
+    if (report == nullptr) {
+        throw MisuseError("Service '" + std::string(text::first(service, 64)) +
+                          "' does not exist.");
+    }
+    constexpr mode_t kForAll = 0666;
+    Output output(invocation.output_path, kForAll);
+    if (invocation.format == Format::kText) {
+        write_document(output, layout_text(*report));
+    } else {
+        write_json(output, [&](automation::JsonWriter& json) { write_layout(json, *report); });
+    }
+    output.finish();
+    return kDone;
+}
+
 /// A form of the outcome on its way to where it goes.
 struct Delivery {
     Delivery(const Document& document, bool is_main)
@@ -274,7 +298,8 @@ std::span<const Command> commands() { return kCommands; }
 
 int run_command(const Invocation& invocation) {
     if (!invocation.command->operation) {
-        return run_catalogue(invocation);
+        return invocation.command->fields == Fields::kNone ? run_catalogue(invocation)
+                                                           : run_layout(invocation);
     }
     refuse_overwriting(invocation);
     if (invocation.many || invocation.ndjson) {

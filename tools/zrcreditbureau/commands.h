@@ -26,7 +26,7 @@ struct Command {
     std::string_view name;
     std::string_view summary;
     std::string_view example;
-    /// None for the command that only reads the catalogue.
+    /// None for the commands that only show what the component knows.
     std::optional<Operation> operation;
     /// Which request properties are options: all of them, or only those that name the service.
     enum class Fields { kNone, kService, kServiceAndProduct, kAll } fields;

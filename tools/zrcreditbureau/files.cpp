@@ -10,7 +10,7 @@
 #include <utility>
 
 #include "platform/error.h"
-#include "platform/text.h"
+#include "values/text.h"
 #include "zrcreditbureau/failure.h"
 
 namespace zr::cli {

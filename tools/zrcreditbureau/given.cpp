@@ -7,7 +7,7 @@
 #include <cstdlib>
 #include <utility>
 
-#include "platform/convert.h"
+#include "values/convert.h"
 #include "zrcreditbureau/countries.h"
 #include "zrcreditbureau/failure.h"
 #include "zrcreditbureau/files.h"

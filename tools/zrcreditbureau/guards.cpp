@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "automation/json_form.h"
-#include "platform/convert.h"
-#include "platform/text.h"
+#include "values/convert.h"
+#include "values/text.h"
 #include "zrcreditbureau/names.h"
 #include "zrcreditbureau/nearest.h"
 

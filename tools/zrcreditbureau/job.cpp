@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "automation/json_form.h"
-#include "platform/text.h"
+#include "values/text.h"
 
 namespace zr::cli {
 namespace {

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "automation/json.h"
-#include "platform/date_time.h"
+#include "values/date_time.h"
 
 namespace zr::cli {
 

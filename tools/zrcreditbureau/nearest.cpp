@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <numeric>
 
-#include "platform/text.h"
+#include "values/text.h"
 
 namespace zr::cli {
 namespace {

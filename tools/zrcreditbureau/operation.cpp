@@ -6,7 +6,7 @@
 
 #include "automation/json_form.h"
 #include "platform/error.h"
-#include "platform/text.h"
+#include "values/text.h"
 #include "zrcreditbureau/guards.h"
 
 namespace zr::cli {

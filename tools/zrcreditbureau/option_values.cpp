@@ -3,8 +3,8 @@
 #include <utility>
 
 #include "automation/json_form.h"
-#include "platform/convert.h"
-#include "platform/text.h"
+#include "values/convert.h"
+#include "values/text.h"
 #include "zrcreditbureau/countries.h"
 #include "zrcreditbureau/failure.h"
 #include "zrcreditbureau/files.h"

@@ -150,7 +150,11 @@ void add_settings_options(CLI::App& app, const std::vector<KnownSetting>& settin
 }
 
 void add_general_options(CLI::App& app, const Command& command, Given& given) {
-    app.add_option("--country", given.country, "AU or NZ")->type_name("CODE")->group(kGeneralGroup);
+    if (command.operation || command.fields == Command::Fields::kNone) {
+        app.add_option("--country", given.country, "AU or NZ")
+            ->type_name("CODE")
+            ->group(kGeneralGroup);
+    }
     if (!command.operation) {
         return;
     }

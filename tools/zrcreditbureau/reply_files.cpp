@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <system_error>
 
-#include "platform/text.h"
+#include "values/text.h"
 #include "zrcreditbureau/failure.h"
 
 namespace zr::cli {

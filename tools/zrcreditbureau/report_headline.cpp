@@ -5,9 +5,9 @@
 #include <initializer_list>
 #include <vector>
 
-#include "platform/currency.h"
-#include "platform/regional_format.h"
-#include "platform/text.h"
+#include "values/currency.h"
+#include "values/regional_format.h"
+#include "values/text.h"
 
 namespace zr::cli {
 namespace {

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "automation/fields.h"
-#include "platform/text.h"
+#include "values/text.h"
 #include "zrcreditbureau/names.h"
 #include "zrcreditbureau/report_headline.h"
 

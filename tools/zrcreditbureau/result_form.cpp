@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "automation/fields.h"
-#include "platform/text.h"
+#include "values/text.h"
 #include "zrcreditbureau/failure.h"
 #include "zrcreditbureau/nearest.h"
 

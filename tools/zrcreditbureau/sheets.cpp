@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <system_error>
 
-#include "platform/text.h"
+#include "values/text.h"
 
 namespace zr::cli {
 namespace {

@@ -18,7 +18,7 @@
 #include "platform/posix/http_errors.h"
 #include "platform/posix/http_phases.h"
 #include "platform/posix/http_secrecy.h"
-#include "platform/text.h"
+#include "platform/unicode.h"
 
 namespace zr {
 namespace {

@@ -18,7 +18,7 @@
 #include <system_error>
 
 #include "platform/posix/xml_reader.h"
-#include "platform/text.h"
+#include "platform/unicode.h"
 
 namespace zr {
 
@@ -137,7 +137,7 @@ std::string local_path(std::string_view address) {
 std::string one_line(std::string_view text) {
     text = text.substr(0, text.find_first_of("\r\n"));
     constexpr std::size_t kLongest = 300;
-    return std::string(text::first(text::trim_right(text), kLongest));
+    return std::string(text::first(text.substr(0, text.find_last_not_of(' ') + 1), kLongest));
 }
 
 std::string with_place(std::string_view what, const std::string& where) {

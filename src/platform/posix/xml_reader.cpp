@@ -11,7 +11,7 @@
 #include <limits>
 #include <new>
 
-#include "platform/text.h"
+#include "platform/unicode.h"
 #include "platform/xml_attribute_count.h"
 
 namespace zr {

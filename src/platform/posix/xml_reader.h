@@ -11,7 +11,7 @@
 #include <unordered_set>
 #include <utility>
 
-#include "platform/xml_document.h"
+#include "platform/xml_parser.h"
 
 namespace zr {
 

@@ -1,6 +1,6 @@
 #include "services/b2bay/service_b2bay_au.h"
 
-#include "services/b2bay/reply_au.h"
+#include "services/b2bay/reports.h"
 #include "services/vedaxml_au/catalogue.h"
 
 namespace zr {
@@ -10,12 +10,9 @@ bool ServiceB2BayAU::build_catalogue() {
     return true;
 }
 
-CheckedReply ServiceB2BayAU::check(std::string_view response_xml) const {
-    return b2bay::check_australian(response_xml);
-}
-
-void ServiceB2BayAU::translate(Request& request, XmlNode root) {
-    b2bay::translate_australian(context(), *this, RequestInternals::Response(request), root);
+const Translator& ServiceB2BayAU::translator() const {
+    static const Translator translator(b2bay::australian_report());
+    return translator;
 }
 
 }  // namespace zr

@@ -12,11 +12,10 @@ class ServiceB2BayNZ final : public B2BayService {
   public:
     std::string_view ServiceName() const override { return "B2BayNZ"; }
     std::string_view ServiceNameFriendly() const override { return "Baycorp B2Bay (New Zealand)"; }
+    const Translator& translator() const override;
 
   protected:
     bool build_catalogue() override;
-    CheckedReply check(std::string_view response_xml) const override;
-    void translate(Request& request, XmlNode root) override;
 };
 
 }  // namespace zr

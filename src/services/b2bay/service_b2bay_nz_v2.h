@@ -15,11 +15,10 @@ class ServiceB2BayNZ_V2 final : public B2BayService {
     std::string_view ServiceNameFriendly() const override {
         return "Baycorp B2Bay Version 2 (New Zealand)";
     }
+    const Translator& translator() const override;
 
   protected:
     bool build_catalogue() override;
-    CheckedReply check(std::string_view response_xml) const override;
-    void translate(Request& request, XmlNode root) override;
 };
 
 }  // namespace zr

@@ -2,14 +2,13 @@
 
 #include <string>
 
-#include "services/vedaxml_au/reply_paths.h"
 #include "xml/zr_xml_utilities.h"
 
 namespace zr::australia {
 namespace {
 
 /// The number that the candidate can be asked for by: its heading says which one it is.
-std::string company_number(const ReplyPaths& paths, XmlNode candidate) {
+std::string company_number(const SearchPaths& paths, XmlNode candidate) {
     const std::string heading = ZRXMLUtilities::GetSubNodeString(candidate, paths.number_heading);
     if (heading == "ACN") {
         return ZRXMLUtilities::GetSubNodeString(candidate, paths.organisation_number);
@@ -22,21 +21,33 @@ std::string company_number(const ReplyPaths& paths, XmlNode candidate) {
 
 }  // namespace
 
-void add_company_selections(CompanySelections& selections, XmlNode root) {
-    const ReplyPaths& paths = reply_paths();
+SearchPaths::SearchPaths(XmlNames& names)
+    : candidate("//BCAmessage/BCAservices/BCAservice/BCAservice-data/response/org-id-result",
+                names),
+      name("match-name", names),
+      organisation_type("organisation-type", names),
+      entity_type("australian-business-register-report/EntityTypeText", names),
+      status("asic-report/asic-status", names),
+      registration_area("state", names),
+      reference("bureau-report/bureau-reference", names),
+      number_heading("organisation-number-heading", names),
+      organisation_number("organisation-number", names),
+      business_number("australian-business-number", names) {}
+
+void add_company_selections(const SearchPaths& paths, CompanySelections& selections, XmlNode root) {
     for (const XmlNode candidate : root.select(paths.candidate)) {
         const auto text = [candidate](const XmlPath& path) {
             return ZRXMLUtilities::GetSubNodeString(candidate, path);
         };
-        CompanySelection& selection = selections.AddSelection(text(paths.candidate_name));
-        for (const auto& field : paths.candidate_fields) {
-            (selection.*field.set)(text(field.path));
-        }
+        CompanySelection& selection = selections.AddSelection(text(paths.name));
+        selection.CompanyType(text(paths.organisation_type));
+        selection.CompanyStatus(text(paths.status));
+        selection.RegistrationArea(text(paths.registration_area));
         const std::string entity_type = text(paths.entity_type);
         selection.CompanyTypeDescription(entity_type.empty() ? selection.CompanyType()
                                                              : entity_type);
         selection.CompanyNumber(company_number(paths, candidate));
-        selection.BureauFileId(text(paths.candidate_reference));
+        selection.BureauFileId(text(paths.reference));
     }
 }
 

@@ -4,9 +4,9 @@
 #include <type_traits>
 
 #include "platform/error.h"
-#include "platform/text.h"
 #include "services/address_writing.h"
 #include "services/message_writing.h"
+#include "values/text.h"
 #include "xml/zr_xml_builder.h"
 
 namespace zr {

@@ -2,10 +2,24 @@
 
 #include "services/vedaxml_au/catalogue.h"
 #include "services/vedaxml_au/company_search.h"
-#include "services/vedaxml_au/reply.h"
+#include "services/vedaxml_au/report.h"
 #include "services/vedaxml_au/request_documents.h"
 
 namespace zr {
+namespace {
+
+/// What reads this service's replies, compiled against one table of names.
+struct Reading {
+    Translator translator{australia::report()};
+    australia::SearchPaths search{translator.names()};
+};
+
+const Reading& reading() {
+    static Reading reading;
+    return reading;
+}
+
+}  // namespace
 
 std::string_view ServiceVedaXMLAU::DefaultRequestURL() const { return ZR_VEDAXML_AU_URL; }
 
@@ -30,13 +44,7 @@ bool ServiceVedaXMLAU::BuildCreditEnquiryXML(Request& request) {
     return true;
 }
 
-CheckedReply ServiceVedaXMLAU::check(std::string_view response_xml) const {
-    return australia::check(response_xml);
-}
-
-void ServiceVedaXMLAU::translate(Request& request, XmlNode root) {
-    australia::translate(context(), *this, RequestInternals::Response(request), root);
-}
+const Translator& ServiceVedaXMLAU::translator() const { return reading().translator; }
 
 std::string_view ServiceVedaXMLAU::missing_company() const {
     return "You must supply either a Company Name or Company (ABN, ACN or Bureau Reference) "
@@ -49,7 +57,7 @@ bool ServiceVedaXMLAU::BuildGetListXML(Request& request) {
 }
 
 void ServiceVedaXMLAU::add_company_selections(CompanySelections& selections, XmlNode root) const {
-    australia::add_company_selections(selections, root);
+    australia::add_company_selections(reading().search, selections, root);
 }
 
 bool ServiceVedaXMLAU::VerifyConnection() {

@@ -40,12 +40,11 @@ class ServiceVedaXMLAU final : public VedaXmlService {
 
     // Component-internal: the facade calls these.
     bool VerifyConnection() override;
+    const Translator& translator() const override;
 
   protected:
     bool build_catalogue() override;
     bool BuildCreditEnquiryXML(Request& request) override;
-    CheckedReply check(std::string_view response_xml) const override;
-    void translate(Request& request, XmlNode root) override;
     std::string_view missing_company() const override;
     bool BuildGetListXML(Request& request) override;
     void add_company_selections(CompanySelections& selections, XmlNode root) const override;

@@ -4,7 +4,7 @@
 
 namespace zr::new_zealand {
 
-NewZealandSearchPaths::NewZealandSearchPaths(XmlNames& names)
+SearchPaths::SearchPaths(XmlNames& names)
     : candidate("//response/company-selection-list/company-selection-list-details", names),
       company_name("company-name", names),
       registration_number("registration-number", names),
@@ -12,8 +12,7 @@ NewZealandSearchPaths::NewZealandSearchPaths(XmlNames& names)
       company_name_type("company-name-type", names),
       registration_area("registration-area", names) {}
 
-void add_company_selections(const NewZealandSearchPaths& paths, CompanySelections& selections,
-                            XmlNode root) {
+void add_company_selections(const SearchPaths& paths, CompanySelections& selections, XmlNode root) {
     for (const XmlNode candidate : root.select(paths.candidate)) {
         const auto text = [candidate](const XmlPath& path) {
             return ZRXMLUtilities::GetSubNodeString(candidate, path);

@@ -1,14 +1,14 @@
 // The candidates of a New Zealand company search.
 #pragma once
 
-#include "platform/xml_document.h"
 #include "records/company_selections.h"
+#include "xml/xml_document.h"
 
 namespace zr::new_zealand {
 
 /// The paths of a company search's candidates, and of what is under each.
-struct NewZealandSearchPaths {
-    explicit NewZealandSearchPaths(XmlNames& names);
+struct SearchPaths {
+    explicit SearchPaths(XmlNames& names);
 
     XmlPath candidate;
     XmlPath company_name;
@@ -19,7 +19,6 @@ struct NewZealandSearchPaths {
 };
 
 /// Adds a selection for each candidate of the reply, in document order.
-void add_company_selections(const NewZealandSearchPaths& paths, CompanySelections& selections,
-                            XmlNode root);
+void add_company_selections(const SearchPaths& paths, CompanySelections& selections, XmlNode root);
 
 }  // namespace zr::new_zealand

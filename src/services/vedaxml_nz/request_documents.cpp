@@ -1,10 +1,10 @@
 #include "services/vedaxml_nz/request_documents.h"
 
-#include "platform/convert.h"
-#include "platform/digits.h"
-#include "platform/text.h"
 #include "services/address_writing.h"
 #include "services/message_writing.h"
+#include "values/convert.h"
+#include "values/digits.h"
+#include "values/text.h"
 
 namespace zr {
 namespace {

@@ -2,11 +2,24 @@
 
 #include "services/vedaxml_nz/catalogue.h"
 #include "services/vedaxml_nz/company_search.h"
-#include "services/vedaxml_nz/reply.h"
-#include "services/vedaxml_nz/reply_paths.h"
+#include "services/vedaxml_nz/report.h"
 #include "services/vedaxml_nz/request_documents.h"
 
 namespace zr {
+namespace {
+
+/// What reads this service's replies, compiled against one table of names.
+struct Reading {
+    Translator translator{new_zealand::report()};
+    new_zealand::SearchPaths search{translator.names()};
+};
+
+const Reading& reading() {
+    static Reading reading;
+    return reading;
+}
+
+}  // namespace
 
 std::string_view ServiceVedaXMLNZ::DefaultRequestURL() const { return ZR_VEDAXML_NZ_URL; }
 
@@ -43,13 +56,7 @@ bool ServiceVedaXMLNZ::BuildCreditEnquiryXML(Request& request) {
     return true;
 }
 
-CheckedReply ServiceVedaXMLNZ::check(std::string_view response_xml) const {
-    return new_zealand::check(response_xml);
-}
-
-void ServiceVedaXMLNZ::translate(Request& request, XmlNode root) {
-    new_zealand::translate(context(), *this, CompanyAddDirectorsStatistics(), request, root);
-}
+const Translator& ServiceVedaXMLNZ::translator() const { return reading().translator; }
 
 std::string_view ServiceVedaXMLNZ::missing_company() const {
     return "You must supply either a Company Name or Number.";
@@ -65,7 +72,7 @@ bool ServiceVedaXMLNZ::BuildGetListXML(Request& request) {
 }
 
 void ServiceVedaXMLNZ::add_company_selections(CompanySelections& selections, XmlNode root) const {
-    new_zealand::add_company_selections(new_zealand::reply_paths().search, selections, root);
+    new_zealand::add_company_selections(reading().search, selections, root);
 }
 
 bool ServiceVedaXMLNZ::VerifyConnection() {

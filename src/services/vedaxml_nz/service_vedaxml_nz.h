@@ -39,13 +39,12 @@ class ServiceVedaXMLNZ final : public VedaXmlService {
 
     // Component-internal: the facade calls these.
     bool VerifyConnection() override;
+    const Translator& translator() const override;
 
   protected:
     bool counts_directors() const override { return company_add_directors_statistics_; }
     bool build_catalogue() override;
     bool BuildCreditEnquiryXML(Request& request) override;
-    CheckedReply check(std::string_view response_xml) const override;
-    void translate(Request& request, XmlNode root) override;
     std::string_view missing_company() const override;
     bool BuildGetListXML(Request& request) override;
     void add_company_selections(CompanySelections& selections, XmlNode root) const override;
