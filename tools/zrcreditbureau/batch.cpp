@@ -60,7 +60,7 @@ Outcome translate_file(Performer& performer, const Job& base, const std::string&
 std::string one_line(std::string_view message) {
     std::string line;
     bool broken = false;
-    for (const char character : printable(message)) {
+    for (const char character : printable_error(message)) {
         if (character == '\n') {
             broken = !line.empty();
             continue;

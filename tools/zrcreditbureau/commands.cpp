@@ -239,7 +239,7 @@ int report(const Invocation& invocation, const Outcome& outcome, std::list<Deliv
         }
     }
     if (!outcome.result) {
-        std::cerr << printable(outcome.error_message) << '\n';
+        std::cerr << printable_error(outcome.error_message) << '\n';
     } else if (!outcome.warning.empty()) {
         std::cerr << "zrcreditbureau: " + outcome.warning + "\n";
     }
