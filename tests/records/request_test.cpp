@@ -195,6 +195,9 @@ TEST(Request, ClearsForAnotherSubjectOrAltogether) {
         return name == "ServiceName" || name == "ProductId" || name == "TransactionReference" ||
                name == "RequestXML" || name == "Dirty";
     };
+    const auto owned = [](const Value& value) {
+        return holds_text(value) ? Value(std::string(text_of(value))) : value;
+    };
     for (const bool clear_all : {false, true}) {
         Request request;
         for (const auto& property : request_properties()) {
@@ -207,8 +210,7 @@ TEST(Request, ClearsForAnotherSubjectOrAltogether) {
         const auto response = request.Response();
         std::vector<Value> filled;
         for (const auto& property : request_properties()) {
-            const Value value = property.read(request);
-            filled.push_back(holds_text(value) ? Value(std::string(text_of(value))) : value);
+            filled.push_back(owned(property.read(request)));
         }
         clear_all ? request.Clear() : request.Clear(false);
 
@@ -217,9 +219,8 @@ TEST(Request, ClearsForAnotherSubjectOrAltogether) {
             const auto& property = request_properties()[at];
             const bool kept = kept_always(property.name) ||
                               (!clear_all && kept_for_another_subject(property.name));
-            const Value value = property.read(request);
-            EXPECT_EQ(holds_text(value) ? Value(std::string(text_of(value))) : value,
-                      kept ? filled[at] : property.read(fresh))
+            EXPECT_EQ(owned(property.read(request)),
+                      kept ? filled[at] : owned(property.read(fresh)))
                 << property.name << " when clear_all is " << clear_all;
         }
         EXPECT_FALSE(request.OptionChecked("score"));
