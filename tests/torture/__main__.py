@@ -52,8 +52,8 @@ def main():
         except Exception as error:  # the other groups are still to come
             tally.expect("the group came to its end", False, repr(error))
         for case, (tried, held) in sorted(tally.rows.items()):
-            print(f"{name + ': ' + case:<66} {tried:>7} {held:>7}{'' if tried == held else '  *'}")
-            failed += tried != held
+            print(f"{name + ': ' + case:<66} {tried:>7} {held:>7}{'' if tried == held > 0 else '  *'}")
+            failed += not tried == held > 0
         print(f"{'':<4}({name}: {time.monotonic() - begun:.0f} s)", flush=True)
         faults += [f"{name}: {case}: {told}" for case, told in tally.faults]
     (folder / "faults.txt").write_text("\n".join(faults) + "\n")

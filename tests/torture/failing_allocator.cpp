@@ -90,7 +90,7 @@ struct Enquiry {
     Enquiry(const std::string& folder, std::string_view country, std::string_view service,
             const std::string& name, bool with_sheet)
         : bureau(country), reply(content(folder + "/examples/" + name)) {
-        bureau.ask("consumer-enquiry", service);
+        bureau.ask(country == "AU" ? "consumer-enquiry" : "enquiry_individual", service);
         bureau.script().reply.body = reply;
         auto& settings = bureau.service(service);
         if (with_sheet) {

@@ -6,6 +6,7 @@ A bureau's credentials never reach a proxy, a proxy's never the bureau; one enqu
 import base64
 import getpass
 import subprocess
+import time
 
 from kit import Folder, Service, enquire, free_port, listens
 from servers import (Server, answering, make_authority, make_certificate, reply, report, tls)
@@ -84,6 +85,7 @@ def examine_program(tally, name, make, server, trust):
             done = enquire(server.url(), settings={**known, "ProxyServer": "[PRECONFIG]"},
                            environment=preconfigured)
             expect(tally, row, "from the environment", done, server, (), 1)
+            time.sleep(0.5)  # a proxy writes of the end of a connection later
             after = log.read_text()
             tally.expect("the environment's proxy is asked where the settings say so",
                          after != before, row)
