@@ -10,6 +10,7 @@
 #include "automation/json.h"
 #include "zrcreditbureau/ndjson.h"
 #include "zrcreditbureau/operation.h"
+#include "zrcreditbureau/result_form.h"
 
 namespace {
 
@@ -22,7 +23,8 @@ void answer(zr::cli::Performer& performer, std::string_view line) {
     }
     std::string written;
     zr::automation::JsonWriter json([&written](std::string_view text) { written += text; });
-    zr::cli::write_result(json, performer.operation(), outcome);
+    zr::cli::write_result(json, performer.operation(), outcome,
+                          zr::automation::ResponseFields::all());
     written += json.view();
     if (written.find('\n') != std::string::npos) {
         std::abort();

@@ -5,7 +5,7 @@
   <!-- Notices that follow one another under one number are one notice: the first of each run. The first
        layout compares the numbers as they stand, the others without the zeros that lead them. -->
   <xsl:variable name="notices"
-                select="$company-files/company-public-notice-file/company-public-notice[not(
+                select="$company-notice-files/company-public-notice[not(
                           @unique-id != '' and @unique-id = preceding-sibling::company-public-notice[1]/@unique-id
                           or $layout != 'b2bay'
                              and (string-length(@unique-id) &lt; 16 and number(@unique-id)
@@ -30,14 +30,14 @@
     <xsl:call-template name="part">
       <xsl:with-param name="id">credit</xsl:with-param>
       <xsl:with-param name="title">Credit file</xsl:with-param>
-      <xsl:with-param name="of" select="$company-files/company-default-file/* | $company-files/company-collection-file/*
-                                        | $company-files/company-credit-file/* | $company-files/company-credit-reference-file/*"/>
+      <xsl:with-param name="of" select="$company-default-files/* | $company-files/company-collection-file/*
+                                        | $company-credit-files/* | $company-files/company-credit-reference-file/*"/>
       <xsl:with-param name="as" select="$as"/>
     </xsl:call-template>
     <xsl:call-template name="part">
       <xsl:with-param name="id">public</xsl:with-param>
       <xsl:with-param name="title">Public record</xsl:with-param>
-      <xsl:with-param name="of" select="$company-files/company-judgement-file/* | $company-files/company-public-notice-file/*
+      <xsl:with-param name="of" select="$company-judgement-files/* | $company-notice-files/*
           | $company-files/mercantile-gazette-file/* | $company-files/registered-charge-file/*
           | $company-files/document-history/* | $company-files/known-affiliation/*"/>
       <xsl:with-param name="as" select="$as"/>
@@ -140,7 +140,7 @@
       <xsl:with-param name="level" select="3"/>
       <xsl:with-param name="title">Defaults</xsl:with-param>
       <xsl:with-param name="noun">Default</xsl:with-param>
-      <xsl:with-param name="records" select="$company-files/company-default-file/company-default"/>
+      <xsl:with-param name="records" select="$company-default-files/company-default"/>
     </xsl:call-template>
     <xsl:call-template name="record-section">
       <xsl:with-param name="level" select="3"/>
@@ -151,7 +151,7 @@
     <xsl:call-template name="field-table">
       <xsl:with-param name="level" select="3"/>
       <xsl:with-param name="title">Enquiries</xsl:with-param>
-      <xsl:with-param name="records" select="$company-files/company-credit-file/company-credit-enquirer"/>
+      <xsl:with-param name="records" select="$company-credit-files/company-credit-enquirer"/>
       <xsl:with-param name="fields">
         Date = @enquiry-date as date;
         Enquirer = .;
@@ -212,7 +212,7 @@
       <xsl:with-param name="level" select="3"/>
       <xsl:with-param name="title">Judgements</xsl:with-param>
       <xsl:with-param name="noun">Judgement</xsl:with-param>
-      <xsl:with-param name="records" select="$company-files/company-judgement-file/company-judgement"/>
+      <xsl:with-param name="records" select="$company-judgement-files/company-judgement"/>
     </xsl:call-template>
     <xsl:call-template name="record-section">
       <xsl:with-param name="level" select="3"/>

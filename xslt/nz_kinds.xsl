@@ -17,10 +17,9 @@
                                         | $directors[not($director) and $directors-counted = 'yes']"/>
     <xsl:variable name="of-company" select="$company-files[not($director)]"/>
     <xsl:variable name="statistics" select="$counted-files[not($director)]"/>
-    <xsl:variable name="uncounted" select="$of-company[count(. | $statistics) != count($statistics)]"/>
 
-    <xsl:variable name="company-defaults" select="$of-company/company-default-file/company-default"/>
-    <xsl:variable name="left-out-defaults" select="$uncounted/company-default-file/company-default"/>
+    <xsl:variable name="company-defaults" select="$company-default-files[not($director)]/company-default"/>
+    <xsl:variable name="left-out-defaults" select="$company-default-files[not($director)][count(.. | $statistics) != count($statistics)]/company-default"/>
     <xsl:variable name="counted-defaults" select="$statistics/company-default-file/company-default"/>
     <xsl:variable name="defaults" select="$people/default-file/default"/>
     <xsl:variable name="unpaid" select="$defaults[translate(default-balance, '$, ', '') &gt; 0
@@ -97,7 +96,7 @@
     </xsl:choose>
 
     <xsl:variable name="judgements" select="$people/judgement-file/judgement"/>
-    <xsl:variable name="company-judgements" select="$of-company/company-judgement-file/company-judgement"/>
+    <xsl:variable name="company-judgements" select="$company-judgement-files[not($director)]/company-judgement"/>
     <xsl:variable name="counted-judgements" select="$statistics/company-judgement-file/company-judgement"/>
     <xsl:variable name="standing" select="$judgements[$vedaxml][not(normalize-space(judgement-status/@code))]"/>
     <xsl:variable name="open-judgements" select="$standing[translate(judgement-amount, '$, ', '') &gt; 0]"/>
@@ -112,7 +111,7 @@
       <xsl:with-param name="open-dates" select="$open-judgements/load-date"/>
       <xsl:with-param name="untold" select="$counted-judgements | $judgements[not($vedaxml)]"/>
       <xsl:with-param name="tells" select="$vedaxml and $people"/>
-      <xsl:with-param name="beside" select="$uncounted/company-judgement-file/company-judgement"/>
+      <xsl:with-param name="beside" select="$company-judgement-files[not($director)][count(.. | $statistics) != count($statistics)]/company-judgement"/>
       <xsl:with-param name="listed" select="($judgements | $company-judgements)/judgement-amount"/>
       <!-- Version 2 takes a judgement with a status for one that is owed. -->
       <xsl:with-param name="owed" select="$standing/judgement-amount
@@ -192,7 +191,7 @@
       </xsl:call-template>
     </xsl:if>
 
-    <xsl:variable name="enquiries" select="$of-company/company-credit-file/company-credit-enquirer
+    <xsl:variable name="enquiries" select="$company-credit-files[not($director)]/company-credit-enquirer
                                            | $people/credit-file/credit-enquiry"/>
     <xsl:call-template name="kind">
       <xsl:with-param name="as" select="$as"/>

@@ -33,6 +33,15 @@
   <xsl:variable name="company-files" select="$report[$company] | $report/company[1] | $directed"/>
   <xsl:variable name="counted-files" select="$report[company or $layout = 'vedaxml'][$company]
                                              | $directed[$layout != 'vedaxml']"/>
+  <!-- Files that a reply has twice, where they are counted and within the company, are shown once. -->
+  <xsl:variable name="company-default-files" select="$counted-files/company-default-file
+      | $company-files[count(company-default-file/*) != count($counted-files/company-default-file/*)]/company-default-file"/>
+  <xsl:variable name="company-judgement-files" select="$counted-files/company-judgement-file
+      | $company-files[count(company-judgement-file/*) != count($counted-files/company-judgement-file/*)]/company-judgement-file"/>
+  <xsl:variable name="company-notice-files" select="$counted-files/company-public-notice-file
+      | $company-files[count(company-public-notice-file/*) != count($counted-files/company-public-notice-file/*)]/company-public-notice-file"/>
+  <xsl:variable name="company-credit-files" select="$counted-files/company-credit-file
+      | $company-files[count(company-credit-file/*) != count($counted-files/company-credit-file/*)]/company-credit-file"/>
   <xsl:variable name="directors" select="$report[$directed]/director-report"/>
   <xsl:variable name="person" select="$report[not($company)]"/>
 

@@ -260,66 +260,6 @@ TEST(XmlDocument, ReadsHugeTextsInLinearTime) {
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
 }
 
-// What a text costs the thread, in seconds.
-double cost_of(const std::string& text) {
-    const auto now = [] {
-        timespec time{};
-        clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
-        return static_cast<double>(time.tv_sec) + 1e-9 * static_cast<double>(time.tv_nsec);
-    };
-    const double start = now();
-    error_of(text);
-    return now() - start;
-}
-
-TEST(XmlDocument, CostsTwiceForTwiceOfAnything) {
-    const struct {
-        const char* name;
-        std::string (*text)(std::size_t);
-    } shapes[] = {
-        {"choices of an attribute's type",
-         [](std::size_t n) {
-             return "<!DOCTYPE r [<!ATTLIST r a (0" + many("|", "", n) + ")>]><r/>";
-         }},
-        {"declarations",
-         [](std::size_t n) {
-             return "<!DOCTYPE r [" + many("<!ELEMENT e", " ANY>", n) + "]><r/>";
-         }},
-        {"names", [](std::size_t n) { return "<r>" + many("<n", "/>", n) + "</r>"; }},
-        {"names of attributes",
-         [](std::size_t n) { return "<r>" + many("<n a", "='1'/>", n) + "</r>"; }},
-        {"instructions", [](std::size_t n) { return many("<?n", " x?>", n) + "<r/>"; }},
-        {"namespaces",
-         [](std::size_t n) { return "<r>" + many("<n xmlns='u", "'/>", n) + "</r>"; }},
-        {"prefixes",
-         [](std::size_t n) { return "<r>" + many("<n xmlns:p", "='u'/>", n) + "</r>"; }},
-        {"a long name", [](std::size_t n) { return "<" + std::string(8 * n, 'n') + "/>"; }},
-        {"a long namespace",
-         [](std::size_t n) { return "<r xmlns='" + std::string(8 * n, 'n') + "'/>"; }},
-        {"references", [](std::size_t n) { return "<r>" + many("&amp;", "", n) + "</r>"; }},
-        {"references in an attribute",
-         [](std::size_t n) { return "<r a='" + many("&#9;", "", n) + "'/>"; }},
-        {"a comment", [](std::size_t n) { return "<!--" + many("- ", "", n) + "--><r/>"; }},
-        {"an identifier",
-         [](std::size_t n) { return "<!DOCTYPE r SYSTEM '" + many("[", "", n) + "'><r/>"; }},
-        {"identities",
-         [](std::size_t n) { return "<r>" + many("<n xml:id='i", "'/>", n) + "</r>"; }},
-        {"sections", [](std::size_t n) { return "<r>" + many("<![CDATA[]", "]]>", n) + "</r>"; }},
-    };
-    constexpr std::size_t kCount = 150'000;
-    for (const auto& shape : shapes) {
-        // What else the machine does shows in the clock: the least of some tries counts.
-        double once = 1e9;
-        double twice = 1e9;
-        for (int tries = 0; tries < 12 && (tries == 0 || twice > 2.3 * once); ++tries) {
-            once = std::min(once, cost_of(shape.text(kCount)));
-            twice = std::min(twice, cost_of(shape.text(2 * kCount)));
-        }
-        EXPECT_LE(twice, 2.3 * once) << shape.name;
-        EXPECT_LT(twice, 1) << shape.name;
-    }
-}
-
 TEST(XmlNames, AreSmallIntegers) {
     XmlNames names;
     EXPECT_EQ(names.size(), 1U);

@@ -185,10 +185,9 @@ TEST(VedaXmlNzSheet, CountsAsTheStatisticsDo) {
     }
     const std::string company = text_of_page(sheet::example("nz", "company_directors"));
     for (const char* row :
-         {" 8 adverse records outside the statistics, 2 open, $30,884.44 owed ",
-          " Defaults 4 2 $135,335.96 $30,884.44 ", " Judgements 3 not told $101,748.77 ",
-          " Public notices 3 ", "The directors have 6 adverse",
-          " Ginevra Müster 100000020 Partial 2 0 ",
+         {" 8 adverse records, 2 open, $30,884.44 owed ", " Defaults 4 2 $135,335.96 $30,884.44 ",
+          " Judgements 3 not told $101,748.77 ", " Public notices 3 ",
+          "The directors have 6 adverse", " Ginevra Müster 100000020 Partial 2 0 ",
           " André Alba Sampleton 100000021 Possible 4 6 "}) {
         EXPECT_NE(company.find(row), std::string::npos) << row << "\nin\n" << company;
     }
