@@ -8,6 +8,9 @@ packages_torture="valgrind strace openssl tinyproxy squid"
 packages_pages="chromium poppler-utils fonts-dejavu-core python3"
 packages_check="ccache clang-14 clang-tidy-14 clang-format-14 libclang-rt-14-dev"
 
+# One compiler cache for every build folder, where there is one.
+export CCACHE_BASEDIR=$PWD CCACHE_NOHASHDIR=1 CCACHE_SLOPPINESS=pch_defines,time_macros
+
 # Installs those of the named packages that are missing.
 need_packages() {
   local missing=()

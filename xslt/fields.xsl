@@ -16,6 +16,7 @@
       <xsl:call-template name="each-field">
         <xsl:with-param name="fields" select="normalize-space($fields)"/>
         <xsl:with-param name="shape">fact</xsl:with-param>
+        <xsl:with-param name="present"><xsl:call-template name="present"/></xsl:with-param>
       </xsl:call-template>
     </xsl:variable>
     <xsl:if test="string($made)"><dl class="facts"><xsl:copy-of select="$made"/></dl></xsl:if>
@@ -49,6 +50,7 @@
               <xsl:call-template name="each-field">
                 <xsl:with-param name="fields" select="$list"/>
                 <xsl:with-param name="shape">cell</xsl:with-param>
+                <xsl:with-param name="present"><xsl:call-template name="present"/></xsl:with-param>
                 <xsl:with-param name="first" select="true()"/>
               </xsl:call-template>
             </tr>
@@ -68,25 +70,40 @@
   <!-- What is said below a row of a table. -->
   <xsl:template match="*" mode="note"/>
 
+  <!-- What a record has: "|credit-provider|load-date|". Most fields of a list are not in most records,
+       and are not looked for. -->
+  <xsl:template name="present">
+    <xsl:for-each select="* | @*"><xsl:value-of select="concat('|', name())"/></xsl:for-each>
+    <xsl:text>|.|</xsl:text>
+  </xsl:template>
+
   <!-- The fields one by one, as facts, as cells or as the labels of columns. -->
   <xsl:template name="each-field">
     <xsl:param name="fields"/>
     <xsl:param name="shape"/>
+    <xsl:param name="present"/>
     <xsl:param name="first" select="false()"/>
+    <xsl:variable name="names" select="string($present)"/>
     <xsl:if test="contains($fields, ';')">
       <xsl:variable name="field" select="concat(normalize-space(substring-before($fields, ';')), ' ')"/>
       <xsl:variable name="marked" select="substring-before($field, ' = ')"/>
       <xsl:variable name="label" select="translate($marked, '$+', '')"/>
       <xsl:variable name="source" select="substring-after($field, ' = ')"/>
+      <xsl:variable name="path" select="substring-before($source, ' ')"/>
       <xsl:variable name="form" select="normalize-space(substring-after($source, ' as '))"/>
+      <xsl:variable name="absent" select="$names != '' and not(contains($names,
+          concat('|', substring-before(concat(translate($path, '[@', '/'), '/'), '/'), '|')))"/>
       <xsl:choose>
         <xsl:when test="$shape = 'column'"><xsl:value-of select="concat(translate($marked, '+', ''), '|')"/></xsl:when>
+        <xsl:when test="$absent and $shape = 'fact'"/>
         <xsl:otherwise>
           <xsl:variable name="value">
-            <xsl:call-template name="at">
-              <xsl:with-param name="path" select="substring-before($source, ' ')"/>
-              <xsl:with-param name="form" select="$form"/>
-            </xsl:call-template>
+            <xsl:if test="not($absent)">
+              <xsl:call-template name="at">
+                <xsl:with-param name="path" select="$path"/>
+                <xsl:with-param name="form" select="$form"/>
+              </xsl:call-template>
+            </xsl:if>
           </xsl:variable>
           <xsl:choose>
             <xsl:when test="$shape = 'fact'">
@@ -116,6 +133,7 @@
       <xsl:call-template name="each-field">
         <xsl:with-param name="fields" select="substring-after($fields, ';')"/>
         <xsl:with-param name="shape" select="$shape"/>
+        <xsl:with-param name="present" select="$names"/>
       </xsl:call-template>
     </xsl:if>
   </xsl:template>

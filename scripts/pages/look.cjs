@@ -210,23 +210,40 @@ async function draw(browser) {
   }
 }
 
+const launch = () => chromium.launch({
+  executablePath: '/usr/bin/chromium',
+  args: ['--no-sandbox', '--disable-gpu', '--disable-quic', '--no-first-run', '--disable-background-networking',
+    '--disable-component-update', '--disable-sync'],
+});
+
+async function open() {
+  const browser = await launch();
+  const page = await browser.newPage();
+  page.on('console', message => wrong(page.url(), `the browser says ${message.text()}`));
+  return page;
+}
+
 async function main() {
-  const browser = await chromium.launch({
-    executablePath: '/usr/bin/chromium',
-    args: ['--no-sandbox', '--disable-gpu', '--disable-quic', '--no-first-run', '--disable-background-networking',
-      '--disable-component-update', '--disable-sync'],
-  });
   if (forDocs) {
+    const browser = await launch();
     await draw(browser);
     await browser.close();
     return;
   }
   const names = fs.readdirSync(path.join(work, 'replies')).filter(file => file.endsWith('.xml'))
     .map(file => file.slice(0, -4)).sort();
-  const page = await browser.newPage();
-  page.on('console', message => wrong(page.url(), `the browser says ${message.text()}`));
-  for (const [index, name] of names.entries()) await look(page, name, index);
-  await browser.close();
+  let page = await open();
+  for (const [index, name] of names.entries()) {
+    try {
+      await look(page, name, index);
+    } catch (error) {
+      // A browser that was killed is started once more.
+      if (!/has been closed|crashed/.test(error.message)) throw error;
+      page = await open();
+      await look(page, name, index);
+    }
+  }
+  await page.context().browser().close();
   console.log(`${names.length} replies looked at, ${faults} faults; pictures in ${path.relative('.', pictures)}`);
   process.exit(faults === 0 ? 0 : 1);
 }

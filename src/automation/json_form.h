@@ -5,6 +5,8 @@
 // also read from a text that holds a number.
 #pragma once
 
+#include <vector>
+
 #include "automation/json.h"
 #include "facade/zr_credit_bureau.h"
 
@@ -27,8 +29,18 @@ const Property<Service>* find_setting(const Service& service, std::string_view n
 /// `name`, for a value of another type. A text is a view into `json`.
 Value to_value(ValueType type, const JsonValue& json, std::string_view name);
 
-/// Every property of the response by name, then ResponseElements and CompanySelections as arrays.
-void write_response(JsonWriter& json, const Response& response);
+/// What of a response is written.
+struct ResponseFields {
+    std::vector<const Property<Response>*> properties;
+    bool elements = false;    ///< ResponseElements
+    bool selections = false;  ///< CompanySelections
+
+    static ResponseFields all();
+};
+
+/// The properties of the response by name, then ResponseElements and CompanySelections as arrays.
+void write_response(JsonWriter& json, const Response& response,
+                    const ResponseFields& fields = ResponseFields::all());
 
 /// The services of the bureau with their products, options and code tables, in registry and table
 /// order; enumerations as numbers.

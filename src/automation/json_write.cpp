@@ -71,15 +71,28 @@ void write_service(JsonWriter& json, const Service& service) {
 
 }  // namespace
 
-void write_response(JsonWriter& json, const Response& response) {
-    json.begin_object();
+ResponseFields ResponseFields::all() {
+    ResponseFields fields{{}, true, true};
     for (const Property<Response>& property : response_properties()) {
-        json.name(property.name);
-        json.value(property.read(response));
+        fields.properties.push_back(&property);
     }
-    write_array(json, "ResponseElements", response_element_fields(), response.ResponseElements());
-    write_array(json, "CompanySelections", company_selection_fields(),
-                response.CompanySelections());
+    return fields;
+}
+
+void write_response(JsonWriter& json, const Response& response, const ResponseFields& fields) {
+    json.begin_object();
+    for (const Property<Response>* const property : fields.properties) {
+        json.name(property->name);
+        json.value(property->read(response));
+    }
+    if (fields.elements) {
+        write_array(json, "ResponseElements", response_element_fields(),
+                    response.ResponseElements());
+    }
+    if (fields.selections) {
+        write_array(json, "CompanySelections", company_selection_fields(),
+                    response.CompanySelections());
+    }
     json.end_object();
 }
 

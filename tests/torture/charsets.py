@@ -31,11 +31,7 @@ REPLIES = {
     "UTF-16, told": (wide(report(WORD)), "utf-16le", WORD),
     "UTF-16, big-endian": (report(WORD).encode("utf-16-be"), "utf-16be", WORD),
     "UTF-7": (report("+AFo-").encode(), "utf-7", None),
-    "UTF-7, declared in the document": (
-        b'<?xml version="1.0" encoding="UTF-7"?>' + report("+AFo-").encode(), None, None),
     "HZ": (report("~{<:~}").encode(), "hz-gb-2312", None),
-    "HZ, declared in the document": (
-        b'<?xml version="1.0" encoding="HZ-GB-2312"?>' + report("~{<:~}").encode(), None, None),
     "no charset at all": (report(WORD).encode(), "klingon", None),
     "a charset with a path": (report(WORD).encode(), "../../etc/passwd", None),
     "a charset with a suffix": (report(WORD).encode(), "utf-8//IGNORE", None),

@@ -38,7 +38,7 @@ def examine_batch(tally, kills, seed=7):
         while done < kills:
             out = folder / f"out{done}"
             resume = []
-            for _ in range(40):
+            for _ in range(8):
                 process = started([HOST, *run, out, *resume, "--jobs", chance.choice("12")], folder,
                                   stdout=subprocess.DEVNULL)
                 time.sleep(chance.random() * seconds * 0.6)

@@ -25,6 +25,7 @@
 #include "zrcreditbureau/part_file.h"
 #include "zrcreditbureau/progress.h"
 #include "zrcreditbureau/report_text.h"
+#include "zrcreditbureau/result_form.h"
 
 namespace zr::cli {
 namespace {
@@ -59,7 +60,7 @@ Outcome translate_file(Performer& performer, const Job& base, const std::string&
 std::string one_line(std::string_view message) {
     std::string line;
     bool broken = false;
-    for (const char character : printable(message)) {
+    for (const char character : printable_error(message)) {
         if (character == '\n') {
             broken = !line.empty();
             continue;
@@ -90,9 +91,15 @@ class Run {
           output_(output),
           progress_(progress),
           stop_(stop),
+          csv_(batch.fields, source.files() ? "File" : "Line"),
           results_(
               batch.workers * kResultsPerWorker, [this](BatchResult&& result) { write(result); },
-              [this] { output_.flush(); }) {}
+              [this] { output_.flush(); }) {
+        // Parts put one behind the other have one header.
+        if (batch_.csv && batch_.shard.part == 1) {
+            output_.write(csv_.header());
+        }
+    }
 
     /// Works until there is nothing more to do, or a signal came; its number. Throws what a worker
     /// met.
@@ -115,6 +122,7 @@ class Run {
     Event& stop_;
     std::mutex source_mutex_;
     std::uint64_t next_number_ = 0;  // of a result; under source_mutex_
+    CsvForm csv_;
     OrderedResults results_;
     std::atomic<std::uint64_t> translated_ = 0;
     std::atomic<std::uint64_t> failed_ = 0;
@@ -147,9 +155,15 @@ BatchResult Run::perform(Performer& performer, const std::vector<BatchItem>& ite
         const Outcome outcome = source_.files()
                                     ? translate_file(performer, base_, item.text)
                                     : answer(performer, base_, item.text, item.too_long);
-        write_result(json, batch_.operation, outcome, source_.files() ? item.text : std::string());
-        result.lines.append(json.view()).append("\n");
-        json.clear();
+        if (batch_.csv) {
+            csv_.append(result.lines, outcome,
+                        source_.files() ? item.text : std::to_string(item.number));
+        } else {
+            write_result(json, batch_.operation, outcome, batch_.fields,
+                         source_.files() ? item.text : std::string());
+            result.lines.append(json.view()).append("\n");
+            json.clear();
+        }
         ++(outcome.result ? result.translated : result.failed);
         result.doubtful += outcome.result && !outcome.warning.empty() ? 1 : 0;
         const std::string& message = outcome.result ? outcome.warning : outcome.error_message;
@@ -255,12 +269,17 @@ void add_value(Fingerprint& fingerprint, const automation::JsonValue& value) {
 }
 
 /// What the run's results depend on besides the input; not the day, which is kept beside it.
-std::string options_identity(const Job& job) {
+std::string options_identity(const Job& job, const automation::ResponseFields& fields) {
     Fingerprint fingerprint;
     fingerprint.add(job.country);
     fingerprint.add(job.date_format.value_or("-"));
     fingerprint.add(job.currency_format.value_or("-"));
     fingerprint.add(job.currency_format_symbol.value_or("-"));
+    for (const Property<Response>* const property : fields.properties) {
+        fingerprint.add(property->name);
+    }
+    fingerprint.add(fields.elements ? "lines" : "-");
+    fingerprint.add(fields.selections ? "companies" : "-");
     fingerprint.add(job.strict ? "strict" : "-");
     fingerprint.add(job.response_date ? job.response_date->to_iso() : "-");
     for (const SettingsLayer& layer : job.services) {
@@ -296,7 +315,7 @@ struct Target {
         const bool file = place_of(path) == Place::kFile;
         if (asks_bureau(batch.operation) && file) {
             part.emplace(path);
-        } else if (batch.results_only || !file || !source.identity()) {
+        } else if (batch.results_only || batch.csv || !file || !source.identity()) {
             plain.emplace(path);
         }
         if (batch.results_only) {
@@ -318,7 +337,7 @@ struct Target {
     void gather(const Batch& batch, Job& base, JobSource& source, const std::string& path,
                 const DateTime& today) {
         RunIdentity identity{"zrcreditbureau " + ZRCreditBureau::Version() + " " +
-                                 *source.identity() + " " + options_identity(base),
+                                 *source.identity() + " " + options_identity(base, batch.fields),
                              today.to_iso()};
         part.emplace(path, batch.resume, identity,
                      [&](std::string_view line, std::uint64_t number) {

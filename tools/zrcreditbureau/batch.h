@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "automation/json_form.h"
 #include "zrcreditbureau/job.h"
 #include "zrcreditbureau/operation.h"
 #include "zrcreditbureau/shard.h"
@@ -19,6 +20,8 @@ struct Batch {
     Shard shard;
     bool resume = false;
     bool quiet = false;
+    bool csv = false;  ///< rows instead of JSON
+    automation::ResponseFields fields = automation::ResponseFields::all();
     /// For programs: a job that fails has its result and no more, neither a line on standard error
     /// nor a part in the exit status.
     bool results_only = false;

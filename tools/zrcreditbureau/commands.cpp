@@ -13,6 +13,7 @@
 #include "zrcreditbureau/layout_text.h"
 #include "zrcreditbureau/output.h"
 #include "zrcreditbureau/report_text.h"
+#include "zrcreditbureau/result_form.h"
 
 namespace zr::cli {
 namespace {
@@ -83,6 +84,7 @@ bool exists(Format format, const Outcome& outcome) {
         case Format::kReply:
             return !outcome.response->ResponseXML().empty();
         case Format::kJson:
+        case Format::kCsv:
             return true;
         case Format::kHtml:
             return outcome.response != nullptr && !outcome.response->ResponseHTML().empty();
@@ -93,14 +95,30 @@ bool exists(Format format, const Outcome& outcome) {
     return outcome.result || !outcome.warning.empty();
 }
 
-void write_form(Output& output, Format format, Operation operation, const Outcome& outcome) {
+/// What a table calls the one reply.
+std::string source_of(const Invocation& invocation) {
+    const bool stored = invocation.command->operation == Operation::kTranslate;
+    return stored ? invocation.inputs.back() : "";
+}
+
+void write_form(Output& output, Format format, const Invocation& invocation,
+                const Outcome& outcome) {
+    const Operation operation = *invocation.command->operation;
+    const automation::ResponseFields& fields = invocation.fields;
     switch (format) {
+        case Format::kCsv: {
+            const CsvForm form(fields, "File");
+            std::string rows = form.header();
+            form.append(rows, outcome, source_of(invocation));
+            output.write(rows);
+            return;
+        }
         case Format::kReply:
             output.write(outcome.response->ResponseXML());
             return;
         case Format::kJson:
             write_json(output, [&](automation::JsonWriter& json) {
-                write_result(json, operation, outcome);
+                write_result(json, operation, outcome, fields);
             });
             return;
         case Format::kHtml:
@@ -191,7 +209,7 @@ std::list<Delivery> open_deliveries(const Invocation& invocation) {
 }
 
 /// Writes a form of the outcome to its output, which is then complete.
-void deliver(Delivery& delivery, Operation operation, const Outcome& outcome) {
+void deliver(Delivery& delivery, const Invocation& invocation, const Outcome& outcome) {
     Format format = delivery.format;
     if (format == Format::kHtml && outcome.result && !exists(format, outcome)) {
         std::cerr << "There is no HTML without a style sheet: name one with --xslt-file-name.\n";
@@ -201,8 +219,8 @@ void deliver(Delivery& delivery, Operation operation, const Outcome& outcome) {
     if (!exists(format, outcome)) {
         return;
     }
-    const auto write = [&](Output& output) { write_form(output, format, operation, outcome); };
-    if (asks_bureau(operation)) {
+    const auto write = [&](Output& output) { write_form(output, format, invocation, outcome); };
+    if (asks_bureau(*invocation.command->operation)) {
         write_or_rescue(delivery.output, write, &Output::finish);
     } else {
         write(delivery.output);
@@ -215,13 +233,13 @@ int report(const Invocation& invocation, const Outcome& outcome, std::list<Deliv
     std::exception_ptr failure;
     for (Delivery& delivery : deliveries) {
         try {
-            deliver(delivery, operation, outcome);
+            deliver(delivery, invocation, outcome);
         } catch (const RescuedError&) {
             failure = std::current_exception();  // the others are tried all the same
         }
     }
     if (!outcome.result) {
-        std::cerr << printable(outcome.error_message) << '\n';
+        std::cerr << printable_error(outcome.error_message) << '\n';
     } else if (!outcome.warning.empty()) {
         std::cerr << "zrcreditbureau: " + outcome.warning + "\n";
     }

@@ -7,13 +7,14 @@
 #include <string_view>
 #include <vector>
 
+#include "automation/json_form.h"
 #include "zrcreditbureau/batch.h"
 #include "zrcreditbureau/job.h"
 #include "zrcreditbureau/operation.h"
 
 namespace zr::cli {
 
-enum class Format { kText, kJson, kHtml, kReply };
+enum class Format { kText, kJson, kHtml, kCsv, kReply };
 
 /// A form of the outcome and the file that it goes to.
 struct Document {
@@ -44,7 +45,8 @@ struct Invocation {
     Batch batch;
     Format format = Format::kText;
     std::string output_path;
-    std::vector<Document> beside;     ///< other forms in files of their own
+    std::vector<Document> beside;  ///< other forms in files of their own
+    automation::ResponseFields fields = automation::ResponseFields::all();
     std::vector<std::string> inputs;  ///< files that are read
 };
 

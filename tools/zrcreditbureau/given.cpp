@@ -14,6 +14,7 @@
 #include "zrcreditbureau/option_values.h"
 #include "zrcreditbureau/output.h"
 #include "zrcreditbureau/reply_files.h"
+#include "zrcreditbureau/result_form.h"
 #include "zrcreditbureau/sheets.h"
 
 namespace zr::cli {
@@ -56,8 +57,11 @@ Format format_of(const std::string& text, const Command& command) {
     if (text == "html" && command.html) {
         return Format::kHtml;
     }
+    if (text == "csv" && command.html) {
+        return Format::kCsv;
+    }
     throw MisuseError(std::string("--format must be ") +
-                      (command.html ? "text, json or html." : "text or json."));
+                      (command.html ? "text, json, html or csv." : "text or json."));
 }
 
 std::uint32_t number_of_workers(const std::string& text) {
@@ -96,6 +100,9 @@ void complete_batch(Invocation& invocation, Given& given) {
     }
     batch.workers = given.jobs ? number_of_workers(*given.jobs) : 1;
     batch.shard = given.shard ? parse_shard(*given.shard) : Shard();
+    if (batch.resume && batch.csv) {
+        throw MisuseError("--resume goes on with JSON results, not with csv.");
+    }
     if (batch.resume && place_of(invocation.output_path) != Place::kFile) {
         throw MisuseError("--resume goes on with a file: name it with --output.");
     }
@@ -104,9 +111,11 @@ void complete_batch(Invocation& invocation, Given& given) {
     } else if (given.reply_files.empty() && !invocation.ndjson) {
         throw MisuseError("Name files or folders of replies, or --input FILE of jobs.");
     }
-    if (!invocation.beside.empty() || (!given.format.empty() && given.format != "json")) {
+    if (!invocation.beside.empty() ||
+        (!given.format.empty() && given.format != "json" && given.format != "csv")) {
         throw MisuseError(
-            "Many replies give one JSON result a line: no other --format, no file of another "
+            "Many replies give one JSON result a line, or csv: no other --format, no file of "
+            "another "
             "form.");
     }
     if (std::find(given.reply_files.begin(), given.reply_files.end(), "-") !=
@@ -171,6 +180,7 @@ void complete(Invocation& invocation, Given& given) {
         job.country = given.country;
     }
     job.strict = given.strict;
+    job.guarded = !given.no_guard;
     if (given.production) {
         job.test_mode = false;
     }
@@ -193,9 +203,17 @@ void complete(Invocation& invocation, Given& given) {
     }
     invocation.batch.operation = invocation.command->operation.value_or(Operation::kTranslate);
     invocation.format = format_of(given.format, *invocation.command);
+    const bool csv = invocation.format == Format::kCsv;
+    invocation.fields = parse_fields(given.fields.empty() && csv ? "summary" : given.fields);
+    if (csv && (invocation.fields.selections && !invocation.fields.elements)) {
+        throw MisuseError("A row has no room for CompanySelections: take json.");
+    }
+    invocation.batch.csv = csv;
+    invocation.batch.fields = invocation.fields;
     complete_batch(invocation, given);
     if (invocation.ndjson) {
-        if (!given.format.empty() || !invocation.beside.empty() || !given.reply_files.empty()) {
+        if ((!given.format.empty() && !invocation.many) || !invocation.beside.empty() ||
+            !given.reply_files.empty()) {
             throw MisuseError(
                 "--ndjson reads and writes JSON: no FILE, --format or file of another form with "
                 "it.");

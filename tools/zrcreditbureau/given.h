@@ -14,6 +14,7 @@ struct Given {
     std::string country;
     bool production = false;
     bool strict = false;
+    bool no_guard = false;
     std::string date_format;
     std::string currency_format;
     std::string currency_format_symbol;
@@ -24,6 +25,7 @@ struct Given {
     std::string operation;
     std::vector<std::string> product_options;
     std::string format;
+    std::string fields;
     std::optional<std::string> jobs;
     std::optional<std::string> shard;
     automation::JsonValue request = automation::JsonValue::object();

@@ -39,6 +39,8 @@ struct Job {
     std::optional<std::string> response_xml;
     /// What is doubtful is a failure; no member of the document.
     bool strict = false;
+    /// What is probably a mistake is refused before it is sent; likewise.
+    bool guarded = true;
 };
 
 /// Reads the members of a job document into `job`. Throws automation::JsonError.

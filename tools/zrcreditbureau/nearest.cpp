@@ -28,11 +28,11 @@ std::size_t distance(std::string_view one, std::string_view other) {
 std::string did_you_mean(std::string_view given, const std::vector<std::string>& names) {
     constexpr std::size_t kLongest = 64;  // of what is compared
     const std::string wanted = text::upper(text::first(given, kLongest));
-    std::size_t least = 1 + wanted.size() / 3;
+    std::size_t least = (wanted.size() + 1) / 3 + 1;  // more is another name
     const std::string* nearest = nullptr;
     for (const std::string& name : names) {
         const std::size_t differs = distance(wanted, text::upper(text::first(name, kLongest)));
-        if (differs < least + (nearest == nullptr ? 1 : 0)) {
+        if (differs < least) {
             least = differs;
             nearest = &name;
         }

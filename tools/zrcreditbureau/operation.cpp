@@ -7,6 +7,7 @@
 #include "automation/json_form.h"
 #include "platform/error.h"
 #include "values/text.h"
+#include "zrcreditbureau/guards.h"
 
 namespace zr::cli {
 
@@ -159,6 +160,9 @@ Outcome Performer::perform(const Job& job) {
     for (const JsonValue& properties : job.requests) {
         automation::read_request(properties, *request);
     }
+    if (job.guarded && (operation_ == Operation::kEnquire || operation_ == Operation::kList)) {
+        guard_request(bureau, job, operation_ == Operation::kList, *request);
+    }
     Outcome outcome;
     outcome.result = kProcedures[static_cast<std::size_t>(operation_)](bureau, *request, job);
     if (capture_ != nullptr) {
@@ -179,35 +183,6 @@ Outcome Performer::perform(const Job& job) {
         }
     }
     return outcome;
-}
-
-void write_result(automation::JsonWriter& json, Operation operation, const Outcome& outcome,
-                  std::string_view file) {
-    json.begin_object();
-    if (!file.empty()) {
-        json.name("File");
-        json.text(file);
-    }
-    json.name("Result");
-    json.boolean(outcome.result);
-    json.name("ErrorMessage");
-    json.text(outcome.error_message);
-    if (!outcome.warning.empty()) {
-        json.name("Warning");
-        json.text(outcome.warning);
-    }
-    if (operation == Operation::kCompose) {
-        json.name("RequestXML");
-        json.text(outcome.request_xml);
-    } else {
-        json.name("Response");
-        if (outcome.response != nullptr) {
-            automation::write_response(json, *outcome.response);
-        } else {
-            json.null();
-        }
-    }
-    json.end_object();
 }
 
 }  // namespace zr::cli

@@ -5,7 +5,6 @@
 #include <string>
 #include <string_view>
 
-#include "automation/json.h"
 #include "records/response.h"
 #include "zrcreditbureau/bureau_pool.h"
 #include "zrcreditbureau/job.h"
@@ -60,10 +59,5 @@ class Performer {
     std::unique_ptr<HttpTransport> transport_;
     BureauPool bureaus_;
 };
-
-/// Writes the outcome as the JSON result of a job, headed by the name of the reply's file when
-/// there is one.
-void write_result(automation::JsonWriter& json, Operation operation, const Outcome& outcome,
-                  std::string_view file = {});
 
 }  // namespace zr::cli

@@ -165,6 +165,12 @@ void add_general_options(CLI::App& app, const Command& command, Given& given) {
         app.add_flag("--strict", given.strict, "A reply without a matched file is a failure")
             ->group(kGeneralGroup);
     }
+    if (*command.operation == Operation::kEnquire || *command.operation == Operation::kList) {
+        app.add_flag("--no-guard", given.no_guard,
+                     "Send also what is probably a mistake: unknown options and descriptions, an\n"
+                     "enquiry about nobody, an address that is not set")
+            ->group(kGeneralGroup);
+    }
     const std::pair<const char*, std::string*> formats[] = {
         {"--date-format", &given.date_format},
         {"--currency-format", &given.currency_format},
@@ -181,7 +187,7 @@ void add_general_options(CLI::App& app, const Command& command, Given& given) {
 
 void add_output_options(CLI::App& app, const Command& command, Given& given,
                         Invocation& invocation) {
-    const std::string choices = command.html ? "text, json or html" : "text or json";
+    const std::string choices = command.html ? "text, json, html or csv" : "text or json";
     const char* const begin = command.format == Format::kJson ? "json" : "text";
     app.add_option("--format", given.format, choices + "; " + begin + " to begin with")
         ->type_name("FORMAT")
@@ -190,6 +196,13 @@ void add_output_options(CLI::App& app, const Command& command, Given& given,
                    "File to write, which appears when it is complete; standard output otherwise")
         ->type_name("FILE")
         ->group(kOutputGroup);
+    if (command.html) {
+        app.add_option("--fields", given.fields,
+                       "What json and csv results hold: summary, lines, or names of the response,\n"
+                       "joined by commas; a csv row is a reply, or with lines a line of its report")
+            ->type_name("NAMES")
+            ->group(kOutputGroup);
+    }
     for (const auto& row : kDocuments) {
         if (command.html && (row.format != Format::kReply || asks_bureau(*command.operation))) {
             const auto add = [&invocation, format = row.format](const std::string& path) {
@@ -294,7 +307,8 @@ std::vector<std::string> command_names() {
     }
     // "--name: 1 required TEXT missing", in our words
     if (const std::string text = error.what(); dynamic_cast<const CLI::ArgumentMismatch*>(&error)) {
-        throw MisuseError(text.substr(0, text.find(':')) + " needs a value.");
+        throw MisuseError(text.substr(0, text.find(':')) +
+                          (text.ends_with("missing") ? " needs a value." : " is given twice."));
     }
     if (dynamic_cast<const CLI::ConversionError*>(&error) != nullptr) {
         throw MisuseError("A value was given to an option that takes none.");

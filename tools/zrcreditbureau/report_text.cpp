@@ -89,6 +89,21 @@ std::string printable(std::string_view text) {
     return result;
 }
 
+std::string printable_error(std::string_view message) {
+    constexpr std::string_view kSource = "\r\nSource\t: ";
+    constexpr std::string_view kPosition = "\r\nPosition\t: ";
+    const std::size_t start = message.find(kSource);
+    if (start == std::string_view::npos) {
+        return printable(message);
+    }
+    const std::size_t end = message.rfind(kPosition);
+    std::string rest(message.substr(0, start));
+    if (end != std::string_view::npos && end > start) {
+        rest += message.substr(end);
+    }
+    return printable(rest);
+}
+
 void AlignedLines::add(std::string_view label, std::string_view value) {
     lines_.push_back({printable(label), printable(value)});
 }

@@ -35,4 +35,8 @@ class AlignedLines {
 /// "?".
 std::string printable(std::string_view text);
 
+/// An error message as standard error shows it: printable, and without the line of the reply that
+/// is wrong, which may tell of a person and belongs in no log. Results have it whole.
+std::string printable_error(std::string_view message);
+
 }  // namespace zr::cli

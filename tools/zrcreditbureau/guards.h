@@ -1,0 +1,16 @@
+// What is probably a mistake in an enquiry and is told before anything is sent: the component
+// itself sends what it is given.
+#pragma once
+
+#include "facade/zr_credit_bureau.h"
+#include "zrcreditbureau/job.h"
+
+namespace zr::cli {
+
+/// Checks the request that a job makes against the catalogue, and the settings against what they
+/// need; a code that stands where a description is meant becomes it. Says nothing of what the
+/// facade refuses itself. A company search needs no product. Throws automation::JsonError with the
+/// valid names.
+void guard_request(const ZRCreditBureau& bureau, const Job& job, bool searches, Request& request);
+
+}  // namespace zr::cli
