@@ -270,10 +270,12 @@ void ReportWriter::append(std::string& target, std::size_t start, const Compiled
     // Written in place and taken back when it turns out to be empty.
     const Piece& piece = *compiled.piece;
     const std::size_t piece_begin = target.size();
-    if (piece_begin != start) {
+    if (piece_begin != start && !piece.separator.empty()) {
         target += piece.separator;
     }
-    target += piece.before;
+    if (!piece.before.empty()) {
+        target += piece.before;
+    }
     const std::size_t value_begin = target.size();
     const std::size_t values_before = values_;
     (this->*compiled.append)(target, compiled, record);
@@ -283,9 +285,9 @@ void ReportWriter::append(std::string& target, std::size_t start, const Compiled
     }
     if ((piece.needs_value && empty) || (piece.needs_any_value && values_ == values_before)) {
         target.resize(piece_begin);
-        return;
+    } else if (!piece.after.empty()) {
+        target += piece.after;
     }
-    target += piece.after;
 }
 
 bool ReportWriter::holds(const CompiledLayout::CompiledCondition& compiled, XmlNode record) const {

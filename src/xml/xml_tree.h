@@ -62,7 +62,7 @@ class XmlTreeBuilder {
     }
 
     /// Tells the name of the element that is started next; only the first one's is kept.
-    void name_document(std::string_view name) {
+    void name_document(const char* name) {
         if (tree_->nodes.size() == 1) tree_->document_element = name;
     }
 

@@ -352,9 +352,7 @@ std::optional<Invocation> read_command_line(int argc, const char* const* argv, i
         Given& given = *parts.emplace_back(part, std::make_unique<Given>()).second;
         add_general_options(*part, command, given);
         add_own_options(*part, command, given);
-        if (command.fields != Command::Fields::kNone) {
-            add_request_options(*part, command, given);
-        }
+        add_request_options(*part, command, given);
         if (command.operation) {
             add_settings_options(*part, settings, given);
         }
