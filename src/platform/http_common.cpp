@@ -46,15 +46,13 @@ struct ByteOrderMark {
     std::string_view charset;
 };
 
-using std::string_view_literals::operator""sv;
-
 constexpr std::string_view kMarkInUtf8 = "\xEF\xBB\xBF";
 
 // Those of four bytes first: no text begins with a mark and a null character.
 constexpr std::array<ByteOrderMark, 5> kByteOrderMarks{{
     {kMarkInUtf8, "UTF-8"},
-    {"\xFF\xFE\0\0"sv, "UTF-32LE"},
-    {"\0\0\xFE\xFF"sv, "UTF-32BE"},
+    {{"\xFF\xFE\0\0", 4}, "UTF-32LE"},
+    {{"\0\0\xFE\xFF", 4}, "UTF-32BE"},
     {"\xFF\xFE", "UTF-16LE"},
     {"\xFE\xFF", "UTF-16BE"},
 }};

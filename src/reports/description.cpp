@@ -138,7 +138,7 @@ std::string settled_rule(const StatisticsCategory& category) {
 std::string which(const StatisticsCategory& category) {
     const std::string path(category.only_path);
     if (path.empty()) {
-        return path;
+        return {};
     }
     return "only if " + path + " is " + (category.only_others ? "not " : "") +
            (category.only_codes.empty() ? std::string(category.only_value)

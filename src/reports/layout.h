@@ -91,8 +91,8 @@ struct Condition {
 struct Piece {
     using What = std::variant<Constant, Value, Lookup, Position, All, Each, EachOfRun, Choice>;
 
-    Piece(What its) : what(std::move(its)) {}
-    Piece(const char* text) : what(Constant{text}) {}
+    Piece(What its);
+    Piece(const char* text);
 
     What what;
     std::string_view separator{};  ///< stands only behind an earlier piece
@@ -109,6 +109,10 @@ struct Case {
     Piece piece;
     bool otherwise = false;  ///< for every code that no case before it names
 };
+// Behind the case, which a choice must know whole.
+inline Piece::Piece(What its) : what(std::move(its)) {}
+inline Piece::Piece(const char* text) : what(Constant{text}) {}
+
 inline Case otherwise(Piece piece) { return {{}, std::move(piece), true}; }
 
 struct Date : Value {};
