@@ -56,7 +56,7 @@ class Product {
     /// Whether the product may be requested.
     bool Available() const { return available_; }
     zreProductType ProductType() const { return product_type_; }
-    /// True for a product about a person, false for one about a company.
+    /// Whether the product is about a person; a company's answers false.
     bool Individual() const { return individual_; }
     bool Company() const { return !individual_; }
     /// Whether the bureau charges for it.

@@ -23,7 +23,7 @@ class Service {
     Service& operator=(const Service&) = delete;
     virtual ~Service() = default;
 
-    /// The key of the service in `Services` and in `Request.ServiceName`.
+    /// What the service is called by in code: in `Services` and `Request.ServiceName`.
     virtual std::string_view ServiceName() const = 0;
     /// The name to display.
     virtual std::string_view ServiceNameFriendly() const = 0;

@@ -13,7 +13,7 @@ namespace zr {
 /// Flags of the encoding step, combinable.
 enum class zreXMLBuilderEncodeOptions : std::int32_t {
     zreXMLBuilderEncodeOptionsNone = 0,
-    /// Every character whose ANSI code is 128 or more is written as a decimal character reference.
+    /// Characters beyond ASCII, by their ANSI code, become decimal character references.
     zreXMLBuilderEncodeOptionsNonASCII = 1,
     /// Line breaks are written as "&#10;".
     zreXMLBuilderEncodeOptionsLineFeeds = 2,

@@ -13,10 +13,10 @@
 
 namespace zr {
 
-/// A missing node or attribute never raises: it yields the caller's default. A node that is present
-/// with empty text is not missing. Text that does not convert gives 0, or null for a date. A path
-/// may end in an attribute, whose value is then read in the node's place, its line feeds as they
-/// are.
+/// Where there is no node or attribute, the caller's default comes back and nothing is thrown. A
+/// node that is present with empty text is not missing. Text that does not convert gives 0, or null
+/// for a date. A path may end in an attribute, whose value is then read in the node's place, its
+/// line feeds as they are.
 class ZRXMLUtilities {
   public:
     /// The node's text with every line feed as CR LF.
