@@ -93,18 +93,21 @@ bool admit_copy(SheetBudget& budget, xsltTransformContextPtr context, xmlNodePtr
     return admitted;
 }
 
-template <xsltTransformFunction Run>
+/// What an instruction makes by itself that is measured.
+enum class Makes { kNothing, kText, kCopies };
+
+template <xsltTransformFunction Run, Makes makes>
 void guarded(xsltTransformContextPtr context, xmlNodePtr node, xmlNodePtr instruction,
              xsltElemPreCompPtr compiled) {
     SheetBudget& budget = SheetBudget::of(context);
     if (!budget.admit()) return;
-    if constexpr (Run == xsltCopyOf) {
+    if constexpr (makes == Makes::kCopies) {
         if (!admit_copy(budget, context, node, compiled)) return;
     }
     const xmlChar* const text = context->lasttext;
     const int used = context->lasttuse;
     Run(context, node, instruction, compiled);
-    if constexpr (Run == xsltValueOf || Run == xsltText || Run == xsltNumber) {
+    if constexpr (makes == Makes::kText) {
         const int made = context->lasttext == text ? context->lasttuse - used : context->lasttuse;
         budget.admit_nodes(0, static_cast<std::size_t>(std::max(made, 0)));
     }
@@ -114,8 +117,8 @@ struct Instruction {
     xsltTransformFunction run;
     xsltTransformFunction guarded_run;
 };
-template <xsltTransformFunction Run>
-constexpr Instruction kGuarded{Run, guarded<Run>};
+template <xsltTransformFunction Run, Makes makes = Makes::kNothing>
+constexpr Instruction kGuarded{Run, guarded<Run, makes>};
 
 const Instruction kInstructions[] = {
     kGuarded<xsltApplyImports>,
@@ -125,13 +128,13 @@ const Instruction kInstructions[] = {
     kGuarded<xsltChoose>,
     kGuarded<xsltComment>,
     kGuarded<xsltCopy>,
-    kGuarded<xsltCopyOf>,
+    kGuarded<xsltCopyOf, Makes::kCopies>,
     kGuarded<xsltElement>,
     kGuarded<xsltForEach>,
     kGuarded<xsltIf>,
-    kGuarded<xsltNumber>,
-    kGuarded<xsltText>,
-    kGuarded<xsltValueOf>,
+    kGuarded<xsltNumber, Makes::kText>,
+    kGuarded<xsltText, Makes::kText>,
+    kGuarded<xsltValueOf, Makes::kText>,
     kGuarded<xsltProcessingInstruction>,
 };
 
