@@ -58,7 +58,14 @@ function readBoth(xml) {
   const reply = new DOMParser().parseFromString(xml, 'text/xml');
   const adverse = ['default', 'court-action', 'bankruptcy', 'judgement', 'insolvency', 'collection',
     'company-default', 'company-judgement', 'company-collection'];
-  const records = adverse.flatMap(tag => [...reply.getElementsByTagName(tag)]);
+  // A New Zealand company's file that the reply has twice, under the report as well, is one file.
+  const again = record => {
+    const file = record.parentNode, holder = file.parentNode;
+    return holder.tagName.startsWith('company') && [...holder.parentNode.children].some(
+      other => other.tagName === file.tagName && other.children.length === file.children.length);
+  };
+  const records = adverse.flatMap(tag => [...reply.getElementsByTagName(tag)])
+    .filter(record => !again(record));
   const amounts = records.flatMap(record => [...record.querySelectorAll('*')])
     .filter(element => /(amount|balance)$/.test(element.tagName) && element.textContent.trim() !== '')
     .map(element => element.textContent.trim());
