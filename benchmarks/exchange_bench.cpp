@@ -11,8 +11,8 @@
 #include <utility>
 
 #include "bureau_gateway/gateway.h"
-#include "facade/zr_credit_bureau.h"
-#include "services/vedaxml_au/service_vedaxml_au.h"
+#include "zrcreditbureau/vedaxml_services.h"
+#include "zrcreditbureau/zr_credit_bureau.h"
 
 namespace zr::bench {
 namespace {

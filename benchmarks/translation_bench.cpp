@@ -14,10 +14,10 @@
 #include <string_view>
 #include <vector>
 
-#include "facade/zr_credit_bureau.h"
 #include "naive_reader.h"
 #include "platform/style_sheet.h"
 #include "reply_maker.h"
+#include "zrcreditbureau/zr_credit_bureau.h"
 
 namespace zr::bench {
 namespace {

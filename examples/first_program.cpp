@@ -6,8 +6,8 @@
 #include <iterator>
 #include <string>
 
-#include "facade/zr_credit_bureau.h"
-#include "services/vedaxml_au/service_vedaxml_au.h"
+#include "zrcreditbureau/vedaxml_services.h"
+#include "zrcreditbureau/zr_credit_bureau.h"
 
 int main(int argc, char* argv[]) {
     std::ifstream file(argc > 1 ? argv[1] : "");

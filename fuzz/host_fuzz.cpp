@@ -12,9 +12,9 @@
 #include <utility>
 #include <vector>
 
-#include "facade/zr_credit_bureau.h"
-#include "platform/error.h"
 #include "read_all.h"
+#include "zrcreditbureau/error.h"
+#include "zrcreditbureau/zr_credit_bureau.h"
 
 namespace {
 

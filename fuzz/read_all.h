@@ -5,7 +5,7 @@
 #include <cstdlib>
 #include <string>
 
-#include "records/response.h"
+#include "zrcreditbureau/response.h"
 
 namespace zr::fuzz {
 

@@ -7,8 +7,8 @@
 #include <string>
 #include <string_view>
 
-#include "facade/zr_credit_bureau.h"
 #include "read_all.h"
+#include "zrcreditbureau/zr_credit_bureau.h"
 
 namespace {
 

@@ -10,7 +10,7 @@
 
 #include "values/text.h"
 #include "xml/xml_document.h"
-#include "xml/zr_xml_builder.h"
+#include "zrcreditbureau/zr_xml_builder.h"
 
 namespace {
 

@@ -10,8 +10,8 @@
 #include <vector>
 
 #include "automation/interface.h"
-#include "facade/zr_credit_bureau.h"
-#include "xml/zr_xml_builder.h"
+#include "zrcreditbureau/zr_credit_bureau.h"
+#include "zrcreditbureau/zr_xml_builder.h"
 
 namespace zr::automation {
 
@@ -74,25 +74,22 @@ constexpr Type type_of() {
     }
 }
 
-/// The automation type of a listed property.
-constexpr Type type_of(ValueType type) {
-    switch (type) {
-        case ValueType::kText:
-            return {TypeKind::kText};
-        case ValueType::kBoolean:
-            return {TypeKind::kBoolean};
-        case ValueType::kCount:
-            return {TypeKind::kCount};
-        case ValueType::kInteger:
-            return {TypeKind::kInteger};
-        case ValueType::kCurrency:
-            return {TypeKind::kCurrency};
-        case ValueType::kDate:
-            return {TypeKind::kDate};
-        case ValueType::kDateOrNull:
-            break;
-    }
-    return {TypeKind::kDateOrNull};
+/// A listed property as a member.
+template <class Record>
+Member member_of(const Property<Record>& property, std::int32_t id) {
+    static constexpr TypeKind kKinds[] = {TypeKind::kText,      TypeKind::kBoolean,
+                                          TypeKind::kCount,     TypeKind::kInteger,
+                                          TypeKind::kCurrency,  TypeKind::kDate,
+                                          TypeKind::kDateOrNull};  // in the order of ValueType
+    const TypeKind kind = property.enumeration.empty()
+                              ? kKinds[static_cast<std::size_t>(property.type)]
+                              : TypeKind::kEnumeration;
+    return {property.name,
+            property.write != nullptr ? MemberKind::kReadWrite : MemberKind::kReadOnly,
+            id,
+            {kind, property.enumeration},
+            {},
+            property.meaning};
 }
 
 /// An argument of C++ type T.
@@ -180,16 +177,21 @@ void add_listed_properties(Class& described, std::span<const Property<Record>> p
     std::int32_t id = kFirstPropertyId;
     for (const Property<Record>& property : properties) {
         if (described.find(property.name) == nullptr) {
-            described.members.push_back(
-                {property.name,
-                 property.write != nullptr ? MemberKind::kReadWrite : MemberKind::kReadOnly,
-                 id,
-                 type_of(property.type),
-                 {},
-                 property.meaning});
+            described.members.push_back(member_of(property, id));
         }
         ++id;
     }
+}
+
+/// The class that has just these properties.
+template <class Record>
+Class class_of(std::string_view name, std::string_view meaning,
+               std::span<const Property<Record>> properties) {
+    std::vector<Member> rows;
+    for (const Property<Record>& property : properties) {
+        rows.push_back(member_of(property, 0));
+    }
+    return make_class(name, meaning, std::move(rows));
 }
 
 // The classes by subject, each in a file of its own.

@@ -17,7 +17,7 @@ Class keyed_class(std::string_view name, std::string_view meaning) {
 }
 
 Class product_class() {
-    Class described = class_of_fields("Product", "a product of a service", product_fields());
+    Class described = class_of("Product", "a product of a service", product_properties());
     const auto id = static_cast<std::int32_t>(described.members.size()) + 1;
     described.members.push_back(
         ZR_READ_ONLY(const Product, ProductOptions, "the product's options"));
@@ -61,10 +61,10 @@ void describe_catalogue(std::vector<Class>& classes) {
     classes.push_back(
         keyed_class<ProductOptions>("ProductOptions", "the options of a product by id"));
     classes.push_back(
-        class_of_fields("ProductOption", "an option of a product", product_option_fields()));
+        class_of("ProductOption", "an option of a product", product_option_properties()));
     classes.push_back(code_table_class());
     classes.push_back(
-        class_of_fields("CodeTableItem", "one row of a code table", code_table_item_fields()));
+        class_of("CodeTableItem", "one row of a code table", code_table_item_properties()));
     classes.push_back(generic_collection_class());
 }
 

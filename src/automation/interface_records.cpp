@@ -48,11 +48,11 @@ void describe_records(std::vector<Class>& classes) {
     classes.push_back(
         collection_class<ResponseElements>("ResponseElements", "the lines of a report"));
     classes.push_back(
-        class_of_fields("ResponseElement", "one line of a report", response_element_fields()));
+        class_of("ResponseElement", "one line of a report", response_element_properties()));
     classes.push_back(
         collection_class<CompanySelections>("CompanySelections", "a search's candidates"));
-    classes.push_back(class_of_fields("CompanySelection", "one candidate of a company search",
-                                      company_selection_fields()));
+    classes.push_back(class_of("CompanySelection", "one candidate of a company search",
+                               company_selection_properties()));
 }
 
 }  // namespace zr::automation

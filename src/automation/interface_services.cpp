@@ -1,13 +1,13 @@
 // The bureau services as hosts see them: what all have in common, then each one's own settings.
 #include "automation/describe.h"
-#include "services/b2bay/service_b2bay_au.h"
-#include "services/b2bay/service_b2bay_nz.h"
-#include "services/b2bay/service_b2bay_nz_v2.h"
-#include "services/vedaxml_au/service_vedaxml_au.h"
-#include "services/vedaxml_nz/service_vedaxml_nz.h"
+#include "facade/reports.h"
+#include "zrcreditbureau/b2bay_services.h"
+#include "zrcreditbureau/vedaxml_services.h"
 
 namespace zr::automation {
 namespace {
+
+constexpr std::string_view kPrefix = "Service";
 
 template <class S>
 Class service_class(std::string_view name, std::string_view meaning) {
@@ -27,7 +27,8 @@ Class service_class(std::string_view name, std::string_view meaning) {
                                     "the test address when RequestURLTest is empty"));
     }
     Class described = make_class(name, meaning, std::move(rows));
-    add_listed_properties(described, S().settings());
+    // The class is called as its service with "Service" before it.
+    add_listed_properties(described, find_service(name.substr(kPrefix.size()))->settings());
     return described;
 }
 

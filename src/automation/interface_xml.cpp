@@ -1,7 +1,7 @@
 // The XML writer and the string builder as hosts see them.
 #include "automation/describe.h"
-#include "xml/zr_string_builder.h"
-#include "xml/zr_xml_builder.h"
+#include "zrcreditbureau/zr_string_builder.h"
+#include "zrcreditbureau/zr_xml_builder.h"
 
 namespace zr::automation {
 namespace {

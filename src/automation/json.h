@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-#include "records/property.h"
+#include "zrcreditbureau/property.h"
 
 namespace zr::automation {
 

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "automation/json.h"
-#include "facade/zr_credit_bureau.h"
+#include "zrcreditbureau/zr_credit_bureau.h"
 
 namespace zr::automation {
 
@@ -21,9 +21,6 @@ void read_request(const JsonValue& json, Request& request);
 /// Writes the members of an object into the settings of a service. Throws JsonError as read_request
 /// does.
 void read_settings(const JsonValue& json, Service& service);
-
-/// The setting of a service with this name in any letter case; null when it has none.
-const Property<Service>* find_setting(const Service& service, std::string_view name);
 
 /// A JSON value as the value of a property of this type. Throws JsonError, its reason starting with
 /// `name`, for a value of another type. A text is a view into `json`.

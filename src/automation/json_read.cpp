@@ -244,8 +244,4 @@ void read_settings(const JsonValue& json, Service& service) {
     }
 }
 
-const Property<Service>* find_setting(const Service& service, std::string_view name) {
-    return find_property(service.settings(), name);
-}
-
 }  // namespace zr::automation

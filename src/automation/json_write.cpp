@@ -6,22 +6,23 @@ namespace zr::automation {
 namespace {
 
 template <class Record>
-void write_fields(JsonWriter& json, std::span<const Field<Record>> fields, const Record& record) {
-    for (const Field<Record>& field : fields) {
-        json.name(field.name);
-        json.value(field.read(record));
+void write_properties(JsonWriter& json, std::span<const Property<Record>> properties,
+                      const Record& record) {
+    for (const Property<Record>& property : properties) {
+        json.name(property.name);
+        json.value(property.read(record));
     }
 }
 
 /// A collection of records of plain fields as an array under a name.
 template <class Record, class Collection>
-void write_array(JsonWriter& json, std::string_view name, std::span<const Field<Record>> fields,
-                 const Collection& collection) {
+void write_array(JsonWriter& json, std::string_view name,
+                 std::span<const Property<Record>> properties, const Collection& collection) {
     json.name(name);
     json.begin_array();
     for (const Record& record : collection) {
         json.begin_object();
-        write_fields(json, fields, record);
+        write_properties(json, properties, record);
         json.end_object();
     }
     json.end_array();
@@ -37,7 +38,7 @@ void write_code_tables(JsonWriter& json, const CodeTableCollection& tables) {
         json.text(tables.Key(position));
         json.name("AllowDuplicateCodes");
         json.boolean(table.AllowDuplicateCodes());
-        write_array(json, "Items", code_table_item_fields(), table);
+        write_array(json, "Items", code_table_item_properties(), table);
         json.end_object();
     }
     json.end_array();
@@ -45,8 +46,8 @@ void write_code_tables(JsonWriter& json, const CodeTableCollection& tables) {
 
 void write_product(JsonWriter& json, const Product& product) {
     json.begin_object();
-    write_fields(json, product_fields(), product);
-    write_array(json, "ProductOptions", product_option_fields(), product.ProductOptions());
+    write_properties(json, product_properties(), product);
+    write_array(json, "ProductOptions", product_option_properties(), product.ProductOptions());
     write_code_tables(json, product.CodeTables());
     json.end_object();
 }
@@ -86,11 +87,11 @@ void write_response(JsonWriter& json, const Response& response, const ResponseFi
         json.value(property->read(response));
     }
     if (fields.elements) {
-        write_array(json, "ResponseElements", response_element_fields(),
+        write_array(json, "ResponseElements", response_element_properties(),
                     response.ResponseElements());
     }
     if (fields.selections) {
-        write_array(json, "CompanySelections", company_selection_fields(),
+        write_array(json, "CompanySelections", company_selection_properties(),
                     response.CompanySelections());
     }
     json.end_object();

@@ -5,8 +5,12 @@
 #include <vector>
 
 #include "services/report_definition.h"
+#include "services/service_engine.h"
 
 namespace zr {
+
+/// A service by its name in any letter case; null for a name that no country's registry has.
+const ServiceDefinition* find_service(std::string_view name);
 
 /// The definition of a service's report, by the service's name in any letter case; null for a name
 /// that no country's registry has.

@@ -1,9 +1,12 @@
-#include "facade/zr_credit_bureau.h"
+#include "zrcreditbureau/zr_credit_bureau.h"
 
 #include <utility>
 
-#include "platform/error.h"
+#include "facade/registry.h"
+#include "records/component.h"
+#include "services/service_engine.h"
 #include "values/text.h"
+#include "zrcreditbureau/error.h"
 
 namespace zr {
 namespace {
@@ -16,15 +19,37 @@ std::unique_ptr<Runtime> make_platform_runtime() {
 
 }  // namespace
 
+class ZRCreditBureau::Context final : public ServiceContext {
+  public:
+    explicit Context(ZRCreditBureau& bureau) : bureau_(bureau) {}
+
+    bool TestMode() const override { return bureau_.TestMode(); }
+    layout::FormatSettings format_settings() const override {
+        return {bureau_.DateFormat(), bureau_.CurrencyFormat(), bureau_.CurrencyFormatSymbol(),
+                bureau_.Country() == "NZ" ? Region::kNewZealand : Region::kAustralia};
+    }
+    const std::string& ErrorMessage() const override { return bureau_.ErrorMessage(); }
+    void SetErrorMessage(std::string message) override { bureau_.fail(std::move(message)); }
+    ZRCreditBureau& facade() override { return bureau_; }
+
+  private:
+    Runtime& runtime() override { return *bureau_.runtime_; }
+
+    ZRCreditBureau& bureau_;
+};
+
 ZRCreditBureau::ZRCreditBureau() : ZRCreditBureau(make_platform_runtime) {}
 
 ZRCreditBureau::ZRCreditBureau(RuntimeMaker make_runtime)
-    : make_runtime_(std::move(make_runtime)), services_(std::make_unique<zr::Services>()) {}
+    : make_runtime_(std::move(make_runtime)),
+      context_(std::make_unique<Context>(*this)),
+      no_memory_(kNoMemory) {}
 
 ZRCreditBureau::~ZRCreditBureau() { Dispose(); }
 
 bool ZRCreditBureau::fail(std::string message) {
-    SetErrorMessage(std::move(message));
+    own_message_ = std::move(message);
+    error_message_ = &own_message_;
     return false;
 }
 
@@ -42,7 +67,7 @@ bool ZRCreditBureau::guarded(Procedure procedure) noexcept {
     }
 }
 
-bool ZRCreditBureau::Initialise(std::string_view country) {
+bool ZRCreditBureau::Initialise(TextArg country) {
     return guarded([&] { return initialise(country); });
 }
 
@@ -53,7 +78,7 @@ bool ZRCreditBureau::initialise(std::string_view country) {
         return fail("This Country is not currently supported.");
     }
     country_ = code;
-    std::unique_ptr<zr::Runtime> runtime;
+    std::unique_ptr<Runtime> runtime;
     try {
         runtime = make_runtime_();
     } catch (...) {
@@ -62,19 +87,20 @@ bool ZRCreditBureau::initialise(std::string_view country) {
     if (runtime == nullptr) {
         return fail(std::string(kNoRuntime) + "Nothing was made.");
     }
-    // The old registry serves until the new one is complete.
-    auto services = std::make_unique<zr::Services>();
-    const bool result = services->Initialise(*this, country_);
-    services_ = std::move(services);
+    // The old services serve until the new ones are complete.
+    std::vector<std::shared_ptr<zr::Service>> services = make_services(country_, *context_);
+    let_services_go();
+    services_.services_ = std::move(services);
+    services_.application_ = this;
     runtime_ = std::move(runtime);
     disposed_ = false;
-    return result;
+    return true;
 }
 
 std::unique_ptr<Request> ZRCreditBureau::CreateRequest() {
     std::unique_ptr<Request> request;
     guarded([&] {
-        request = std::make_unique<Request>();
+        request = Component::make_request();
         request->Application(this);
         return true;
     });
@@ -89,8 +115,8 @@ struct ZRCreditBureau::Operation {
     bool unchanged = false;  ///< the request has not changed: nothing to do
 };
 
-Service* ZRCreditBureau::checked_service(const Operation& operation) {
-    const auto failed = [this](std::string message) -> Service* {
+ServiceEngine* ZRCreditBureau::checked_service(const Operation& operation) {
+    const auto failed = [this](std::string message) -> ServiceEngine* {
         fail(std::move(message));
         return nullptr;
     };
@@ -100,11 +126,12 @@ Service* ZRCreditBureau::checked_service(const Operation& operation) {
     if (operation.product_id != nullptr && operation.product_id->empty()) {
         return failed("Product not specified.");
     }
-    if (!services_->Exists(operation.service_name)) {
+    const zr::Service* const face = services_.find(operation.service_name);
+    if (face == nullptr) {
         return failed("Service '" + std::string(operation.service_name) + "' does not exist.");
     }
-    Service& service = services_->Item(operation.service_name);
-    if (operation.refuse_obsolete && service.Obsolete()) {
+    ServiceEngine& service = ServiceEngine::of(*face);
+    if (operation.refuse_obsolete && service.definition().obsolete) {
         return failed("Service is obsolete.");
     }
     if (operation.product_id != nullptr && !check_product(operation, service)) {
@@ -113,8 +140,8 @@ Service* ZRCreditBureau::checked_service(const Operation& operation) {
     return &service;
 }
 
-bool ZRCreditBureau::check_product(const Operation& operation, const Service& service) {
-    const Product* product = service.Products().find(*operation.product_id);
+bool ZRCreditBureau::check_product(const Operation& operation, const ServiceEngine& service) {
+    const Product* product = service.catalogue().products->find(*operation.product_id);
     if (product == nullptr) {
         return fail("Product does not exist.");
     }
@@ -137,7 +164,7 @@ bool ZRCreditBureau::run(const Operation& operation, Procedure procedure) {
         if (operation.unchanged) {
             return true;
         }
-        Service* service = checked_service(operation);
+        ServiceEngine* const service = checked_service(operation);
         return service != nullptr && procedure(*service);
     });
 }
@@ -147,17 +174,17 @@ bool ZRCreditBureau::ExecuteCreditEnquiry(Request& request) {
                               .product_id = &request.ProductId(),
                               .enquiry_only = true,
                               .unchanged = !request.Dirty()};
-    return run(operation, [&](Service& service) { return service.CreditEnquiry(request); });
+    return run(operation, [&](ServiceEngine& service) { return service.CreditEnquiry(request); });
 }
 
 bool ZRCreditBureau::ExecuteGetList(Request& request) {
     const Operation operation{.service_name = request.ServiceName(), .unchanged = !request.Dirty()};
-    return run(operation, [&](Service& service) { return service.GetList(request); });
+    return run(operation, [&](ServiceEngine& service) { return service.GetList(request); });
 }
 
-bool ZRCreditBureau::ExecuteVerifyConnection(std::string_view service_name) {
+bool ZRCreditBureau::ExecuteVerifyConnection(TextArg service_name) {
     const Operation operation{.service_name = service_name};
-    return run(operation, [](Service& service) { return service.VerifyConnection(); });
+    return run(operation, [](ServiceEngine& service) { return service.VerifyConnection(); });
 }
 
 bool ZRCreditBureau::BuildResponse(Request& request, DateTime response_date,
@@ -165,7 +192,7 @@ bool ZRCreditBureau::BuildResponse(Request& request, DateTime response_date,
     const Operation operation{.service_name = request.ServiceName(),
                               .product_id = &request.ProductId(),
                               .refuse_obsolete = false};
-    return run(operation, [&](Service& service) {
+    return run(operation, [&](ServiceEngine& service) {
         if (!response_date.is_date()) {
             return fail("The response date is not a date of the years 100 to 9999.");
         }
@@ -173,8 +200,14 @@ bool ZRCreditBureau::BuildResponse(Request& request, DateTime response_date,
     });
 }
 
-const Products* ZRCreditBureau::ServiceProducts(std::string_view service_name) const {
-    return services_->Exists(service_name) ? &services_->Item(service_name).Products() : nullptr;
+std::shared_ptr<zr::Service> ZRCreditBureau::Service(TextArg name) const {
+    zr::Service* const found = services_.find(name);
+    return found != nullptr ? found->shared_from_this() : nullptr;
+}
+
+const Products* ZRCreditBureau::ServiceProducts(TextArg service_name) const {
+    const zr::Service* const found = services_.find(service_name);
+    return found != nullptr ? &found->Products() : nullptr;
 }
 
 std::string ZRCreditBureau::Version() {
@@ -182,14 +215,18 @@ std::string ZRCreditBureau::Version() {
            std::to_string(ZR_VERSION_REVISION);
 }
 
-void ZRCreditBureau::Dispose() {
-    services_->Dispose();
-    disposed_ = disposed_ || runtime_ != nullptr;
-    runtime_.reset();
+void ZRCreditBureau::let_services_go() {
+    for (zr::Service& service : services_) {
+        service.Dispose();
+    }
+    services_.services_.clear();
+    services_.application_ = nullptr;
 }
 
-Region ZRCreditBureau::region() const {
-    return country_ == "NZ" ? Region::kNewZealand : Region::kAustralia;
+void ZRCreditBureau::Dispose() {
+    let_services_go();
+    disposed_ = disposed_ || runtime_ != nullptr;
+    runtime_.reset();
 }
 
 }  // namespace zr

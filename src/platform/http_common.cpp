@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <array>
 
-#include "platform/error.h"
 #include "platform/unicode.h"
+#include "zrcreditbureau/error.h"
 
 namespace zr {
 namespace {

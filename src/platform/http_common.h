@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/http.h"
+#include "zrcreditbureau/http.h"
 
 namespace zr {
 

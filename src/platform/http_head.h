@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/error.h"
+#include "zrcreditbureau/error.h"
 
 namespace zr {
 

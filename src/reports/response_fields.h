@@ -6,14 +6,14 @@
 #include <string_view>
 #include <vector>
 
-#include "records/response.h"
 #include "xml/xml_document.h"
+#include "zrcreditbureau/response.h"
 
 namespace zr {
 
 /// A property and its path as data.
 struct ResponseFieldRow {
-    void (Response::*set)(std::string);
+    ReadOnly<std::string> Response::*property;
     std::string_view path;  ///< relative to the node that the properties are read from
 };
 
@@ -27,7 +27,7 @@ class ResponseFields {
 
   private:
     struct Field {
-        void (Response::*set)(std::string);
+        ReadOnly<std::string> Response::*property;
         XmlPath path;
     };
     std::vector<Field> fields_;

@@ -2,13 +2,22 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <limits>
 
+#include "records/component.h"
 #include "reports/runs.h"
 #include "values/text.h"
 #include "xml/zr_xml_utilities.h"
 
 namespace zr {
 namespace {
+
+/// Adds 1 to a count, which stays at 32767.
+void increment(std::int16_t& count) {
+    if (count < std::numeric_limits<std::int16_t>::max()) {
+        ++count;
+    }
+}
 
 XmlPath compile(std::string_view path, XmlNames& names) {
     return path.empty() ? XmlPath() : XmlPath(path, names);
@@ -25,8 +34,8 @@ void write_open_count(Response& response, std::string_view group, const SummaryB
     const std::int16_t count = response.statistics(block.family).open;
     if (!block.open_label.empty() && (response.Company() || !block.open_of_companies)) {
         const bool none = block.none_when_zero && count == 0;
-        response.elements().AddElement(group, block.sub_group, block.open_label,
-                                       none ? "None" : std::to_string(count));
+        Component::lines(response).AddElement(group, block.sub_group, block.open_label,
+                                              none ? "None" : std::to_string(count));
     }
 }
 
@@ -67,7 +76,7 @@ void StatisticsTable::update(Response& response, XmlNode node,
         if (node.first(row.instead_of)) {
             continue;
         }
-        FamilyStatistics& statistics = response.statistics(row.category->family);
+        FamilyStatistics& statistics = Component::statistics(response, row.category->family);
         node.select(row.records, records);
         for (std::size_t index = 0; index < records.size();
              index = end_of_run(records, index, row.run_id, row.category->runs)) {
@@ -138,8 +147,8 @@ void write_quick_summary(Response& response, std::span<const SummaryBlock> block
     for (const SummaryBlock& block : blocks) {
         const FamilyStatistics& counted = response.statistics(block.family);
         if (counted.total > 0) {
-            response.elements().AddElement(kGroup, block.sub_group, "Total",
-                                           std::to_string(counted.total));
+            Component::lines(response).AddElement(kGroup, block.sub_group, "Total",
+                                                  std::to_string(counted.total));
             write_open_count(response, kGroup, block);
         }
     }
@@ -147,7 +156,7 @@ void write_quick_summary(Response& response, std::span<const SummaryBlock> block
 
 void write_statistics(Response& response, std::span<const SummaryBlock> blocks) {
     constexpr std::string_view kGroup = "Statistics";
-    ResponseElements& lines = response.elements();
+    ReportLines& lines = Component::lines(response);
     for (const SummaryBlock& block : blocks) {
         const FamilyStatistics& counted = response.statistics(block.family);
         if (counted.total == 0) {

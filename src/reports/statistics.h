@@ -9,10 +9,10 @@
 #include <string_view>
 #include <vector>
 
-#include "records/response.h"
 #include "reports/runs.h"
-#include "values/date_time.h"
 #include "xml/xml_document.h"
+#include "zrcreditbureau/date_time.h"
+#include "zrcreditbureau/response.h"
 
 namespace zr {
 

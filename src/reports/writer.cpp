@@ -162,7 +162,7 @@ ReportFormats::ReportFormats(const FormatSettings& settings)
       fixed(FixedFormats::of(settings.region)) {}
 
 ReportWriter::ReportWriter(const CompiledLayout& layout, const ReportFormats& formats,
-                           const TableFinder& find_table, ResponseElements& lines,
+                           const TableFinder& find_table, ReportLines& lines,
                            const std::optional<DateTime>& date_of_birth)
     : layout_(layout), formats_(formats), lines_(lines), date_of_birth_(date_of_birth) {
     tables_.reserve(layout.tables_.size());

@@ -8,11 +8,12 @@
 #include <string_view>
 #include <vector>
 
-#include "records/code_tables.h"
-#include "records/response_elements.h"
+#include "records/report_lines.h"
 #include "reports/layout.h"
 #include "values/regional_format.h"
 #include "xml/xml_document.h"
+#include "zrcreditbureau/code_tables.h"
+#include "zrcreditbureau/response_elements.h"
 
 namespace zr::layout {
 
@@ -109,7 +110,7 @@ class ReportWriter {
   public:
     /// `date_of_birth` is the subject's, for pieces that show another one only.
     ReportWriter(const CompiledLayout& layout, const ReportFormats& formats,
-                 const TableFinder& find_table, ResponseElements& lines,
+                 const TableFinder& find_table, ReportLines& lines,
                  const std::optional<DateTime>& date_of_birth = {});
 
     /// Writes every section. `sources` are the nodes that sections start from; an absent one leaves
@@ -154,7 +155,7 @@ class ReportWriter {
 
     const CompiledLayout& layout_;
     const ReportFormats& formats_;
-    ResponseElements& lines_;
+    ReportLines& lines_;
     std::vector<const CodeTableItems*> tables_;
     std::vector<XmlNode> records_;
     std::vector<XmlNode> nested_;

@@ -1,7 +1,5 @@
 #include "services/address_writing.h"
 
-#include <functional>
-
 #include "services/message_writing.h"
 #include "values/text.h"
 
@@ -18,8 +16,9 @@ void write_address(ZRXMLBuilder& builder, const Request& request, RequestAddress
                                      field.omitted_when_blank);
             continue;
         }
-        const std::string& value = std::invoke(
-            which == RequestAddress::kCurrent ? field.current : field.previous, request);
+        const TextProperty property =
+            which == RequestAddress::kCurrent ? field.current : field.previous;
+        const std::string& value = (request.*property)();
         if (field.width == 0) {
             write_attribute_element(builder, field.element, "code",
                                     street_types.GetCodeFromDescription(value));

@@ -7,16 +7,16 @@
 #include <string>
 #include <string_view>
 
-#include "records/code_tables.h"
-#include "records/request.h"
-#include "xml/zr_xml_builder.h"
+#include "zrcreditbureau/code_tables.h"
+#include "zrcreditbureau/request.h"
+#include "zrcreditbureau/zr_xml_builder.h"
 
 namespace zr {
 
 /// Which of a request's two addresses.
 enum class RequestAddress : std::uint8_t { kCurrent, kPrevious };
 
-using TextProperty = const std::string& (Request::*)() const;
+using TextProperty = Writable<kind::Text> Request::*;
 
 /// An element of an address: where the current and the previous address have the value, the
 /// bureau's field width, and whether a blank value is left out.

@@ -6,9 +6,9 @@
 #include <string>
 #include <string_view>
 
-#include "records/request.h"
-#include "values/date_time.h"
-#include "xml/zr_xml_builder.h"
+#include "zrcreditbureau/date_time.h"
+#include "zrcreditbureau/request.h"
+#include "zrcreditbureau/zr_xml_builder.h"
 
 namespace zr {
 

@@ -4,26 +4,26 @@ namespace zr {
 
 void add_products(Products& products, std::span<const ProductRow> rows) {
     for (const ProductRow& row : rows) {
-        Product& product = products.AddProduct(row.id, true, zreProductType::zreProductTypeEnquiry,
-                                               row.individual);
-        product.RequestOptions(row.request_options);
-        product.Warning(row.warning);
-        product.Chargeable(true);
-        product.Listable(!row.individual);
+        Product& product = Component::add(products, row.id, true,
+                                          zreProductType::zreProductTypeEnquiry, row.individual);
+        Component::set(product.RequestOptions, row.request_options);
+        Component::set(product.Warning, row.warning);
+        Component::set(product.Chargeable, true);
+        Component::set(product.Listable, !row.individual);
         add_options(product, row.options);
-        add_code_tables(product.code_tables(), row.tables);
+        add_code_tables(Component::code_tables(product), row.tables);
     }
 }
 
 void add_options(Product& product, std::span<const OptionRow> options) {
     for (const OptionRow& option : options) {
-        product.options().AddOption(option.id, option.description, option.type);
+        Component::add(Component::options(product), option.id, option.description, option.type);
     }
 }
 
 void add_code_tables(CodeTableCollection& tables, std::span<const CodeTableRow> rows) {
     for (const CodeTableRow& table : rows) {
-        add_code_table(tables, table.name, table.rows, table.allow_duplicate_codes);
+        Component::add(tables, table.name, table.rows, table.allow_duplicate_codes);
     }
 }
 

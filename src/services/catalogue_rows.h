@@ -4,8 +4,7 @@
 #include <span>
 #include <string_view>
 
-#include "records/code_tables.h"
-#include "records/products.h"
+#include "records/component.h"
 
 namespace zr {
 

@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-#include "values/currency.h"
-#include "xml/zr_xml_builder.h"
+#include "zrcreditbureau/currency.h"
+#include "zrcreditbureau/zr_xml_builder.h"
 
 namespace zr {
 

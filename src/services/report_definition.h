@@ -8,13 +8,13 @@
 #include <string_view>
 #include <vector>
 
-#include "records/response.h"
 #include "reports/layout.h"
 #include "reports/response_fields.h"
 #include "reports/statistics.h"
 #include "reports/writer.h"
 #include "services/reply_checks.h"
 #include "xml/zr_xml_utilities.h"
+#include "zrcreditbureau/response.h"
 
 namespace zr {
 

@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-#include "platform/error.h"
 #include "platform/style_sheet.h"
+#include "zrcreditbureau/error.h"
 
 namespace zr {
 

@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "services/catalogue_rows.h"
-#include "services/service.h"
+#include "services/service_engine.h"
 #include "values/text.h"
 #include "xml/zr_xml_utilities.h"
 
@@ -27,16 +27,16 @@ std::string text_at(XmlNode node, const XmlPath& path) {
 /// One reply on its way into the response of a request.
 class Translator::Translation {
   public:
-    Translation(const Translator& translator, const Service& service,
+    Translation(const Translator& translator, const ServiceEngine& service,
                 const layout::FormatSettings& formats, bool adds_directors_statistics,
                 Request& request, XmlNode root)
         : its_(translator),
           definition_(translator.definition_),
           service_(service),
-          product_(service.Products().find(request.ProductId())),
+          product_(service.catalogue().products->find(request.ProductId())),
           adds_directors_statistics_(adds_directors_statistics),
-          response_(RequestInternals::Response(request)),
-          lines_(response_.elements()),
+          response_(Component::response(request)),
+          lines_(Component::lines(response_)),
           formats_(formats),
           periods_(response_.ResponseDate()),
           root_(root),
@@ -56,18 +56,19 @@ class Translator::Translation {
 
   private:
     void write_service_lines() {
-        response_.RequestId(text_at(root_, its_.request_id_));
-        lines_.AddElement("Response", "Service", "Service", service_.ServiceNameFriendly());
+        Component::set(response_.RequestId, text_at(root_, its_.request_id_));
+        lines_.AddElement("Response", "Service", "Service", service_.definition().friendly_name);
         lines_.AddElement("Response", "Service", "Request Id", response_.RequestId());
         if (!definition_.message.empty()) {
-            response_.ResponseMessage(text_at(root_.first(its_.response_), its_.message_));
+            Component::set(response_.ResponseMessage,
+                           text_at(root_.first(its_.response_), its_.message_));
             lines_.AddElement("Response", "Service", "MESSAGE", response_.ResponseMessage());
         }
     }
 
     void translate_person() {
         const XmlNode person = report_.first(its_.subject_);
-        response_.Individual(true);
+        Component::set(response_.Individual, true);
         write_file_lines(person);
         fill_person(person.first(its_.person_));
         its_.individual_.statistics.update(response_, person, periods_);
@@ -104,7 +105,7 @@ class Translator::Translation {
         const CompanyReport& definition = *definition_.company;
         const Part& part = its_.company_->part;
         const XmlNode counted = definition.counts_whole_report ? report_ : company;
-        response_.Individual(false);
+        Component::set(response_.Individual, false);
         write_file_lines(counted);
         its_.company_->fields.fill(response_, company);
         part.statistics.update(response_, counted, periods_);
@@ -124,8 +125,8 @@ class Translator::Translation {
         if (!file && definition_.file.node != ".") {
             return;
         }
-        response_.BureauFileId(text_at(file, its_.file_number_));
-        response_.MatchType(text_at(file, its_.match_type_));
+        Component::set(response_.BureauFileId, text_at(file, its_.file_number_));
+        Component::set(response_.MatchType, text_at(file, its_.match_type_));
         lines_.AddElement("Response", "Service", "Date Created",
                           formats_.date.format(response_.ResponseDate()));
         lines_.AddElement("Response", "Service", "File Id", response_.BureauFileId());
@@ -145,9 +146,9 @@ class Translator::Translation {
         }
         its_.person_fields_.fill(response_, person);
         if (const auto date = ZRXMLUtilities::GetSubNodeDate(person, its_.date_of_birth_)) {
-            response_.DateOfBirth(*date);
+            Component::set(response_.DateOfBirth, *date);
         } else {
-            response_.DateOfBirth(Null{});
+            Component::set(response_.DateOfBirth, Null{});
         }
         if (const XmlNode address = person.first(its_.current_address_)) {
             fill_address(address);
@@ -159,19 +160,21 @@ class Translator::Translation {
         const std::string number = response_.StreetNumber();
         const std::size_t slash = number.find('/');
         if (definition_.person.unit_in_street_number && slash != std::string::npos) {
-            response_.UnitNumber(number.substr(0, slash));
-            response_.StreetNumber(number.substr(slash + 1));
+            Component::set(response_.UnitNumber, number.substr(0, slash));
+            Component::set(response_.StreetNumber, number.substr(slash + 1));
         }
         if (const CodeTableItems* street_types = table("StreetTypes")) {
-            response_.StreetType(std::string(street_types->GetDescriptionFromCode(
-                address.value(its_.street_type_).value_or(""))));
+            Component::set(response_.StreetType,
+                           std::string(street_types->GetDescriptionFromCode(
+                               address.value(its_.street_type_).value_or(""))));
         }
     }
 
     /// Counts the directors, and their records where these count as the company's.
     void add_directors() {
         constexpr std::size_t kHighest = std::numeric_limits<std::int16_t>::max();
-        response_.DirectorsCount(static_cast<std::int16_t>(std::min(directors_.size(), kHighest)));
+        Component::set(response_.DirectorsCount,
+                       static_cast<std::int16_t>(std::min(directors_.size(), kHighest)));
         if (adds_directors_statistics_) {
             for (const XmlNode director : directors_) {
                 its_.individual_.statistics.update(response_, director, periods_);
@@ -210,7 +213,7 @@ class Translator::Translation {
     void write_person(std::span<const XmlNode> sources, std::string_view prefix) {
         writer(its_.individual_.layout).write(sources, prefix);
         for (const XmlNode age : sources.front().select(its_.file_age_)) {
-            response_.BureauFileAge(ZRXMLUtilities::GetNodeInteger(age, 0));
+            Component::set(response_.BureauFileAge, ZRXMLUtilities::GetNodeInteger(age, 0));
         }
     }
 
@@ -225,7 +228,7 @@ class Translator::Translation {
 
     /// A table of the service, or else of the request's product.
     const CodeTableItems* table(std::string_view name) const {
-        return find_code_table(service_.CodeTables(), product_, name);
+        return find_code_table(*service_.catalogue().code_tables, product_, name);
     }
 
     layout::ReportWriter writer(const layout::CompiledLayout& layout) {
@@ -235,11 +238,11 @@ class Translator::Translation {
 
     const Translator& its_;
     const ReportDefinition& definition_;
-    const Service& service_;
+    const ServiceEngine& service_;
     const Product* product_;
     const bool adds_directors_statistics_;
     Response& response_;
-    ResponseElements& lines_;
+    ReportLines& lines_;
     layout::ReportFormats formats_;
     StatisticsPeriods periods_;
     XmlNode root_;
@@ -293,7 +296,7 @@ CheckedReply Translator::check(std::string_view response_xml) const {
     return check_reply(response_xml, names_, checks_, definition_.content_error);
 }
 
-void Translator::translate(const Service& service, const layout::FormatSettings& formats,
+void Translator::translate(const ServiceEngine& service, const layout::FormatSettings& formats,
                            bool adds_directors_statistics, Request& request, XmlNode root) const {
     Translation(*this, service, formats, adds_directors_statistics, request, root).run();
 }

@@ -5,14 +5,14 @@
 #include <string_view>
 #include <vector>
 
-#include "records/request.h"
 #include "reports/writer.h"
 #include "services/report_definition.h"
 #include "xml/xml_document.h"
+#include "zrcreditbureau/request.h"
 
 namespace zr {
 
-class Service;
+class ServiceEngine;
 
 /// Reads the replies of one service. Constant once made; made once, since compiling takes time.
 class Translator {
@@ -32,7 +32,7 @@ class Translator {
     /// Fills the summary, the statistics and the lines of the request's response from a checked
     /// reply. The document fields and ResponseDate are set already. `adds_directors_statistics`
     /// counts the records of a company's directors into the company's own figures.
-    void translate(const Service& service, const layout::FormatSettings& formats,
+    void translate(const ServiceEngine& service, const layout::FormatSettings& formats,
                    bool adds_directors_statistics, Request& request, XmlNode root) const;
 
   private:

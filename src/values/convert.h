@@ -6,8 +6,8 @@
 #include <string>
 #include <string_view>
 
-#include "values/currency.h"
-#include "values/date_time.h"
+#include "zrcreditbureau/currency.h"
+#include "zrcreditbureau/date_time.h"
 
 namespace zr::convert {
 

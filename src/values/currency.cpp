@@ -1,8 +1,9 @@
-#include "values/currency.h"
+#include "zrcreditbureau/currency.h"
 
 #include <array>
 #include <charconv>
 #include <cstddef>
+#include <ostream>
 
 #include "values/digits.h"
 
@@ -37,5 +38,7 @@ std::string Currency::to_plain() const {
     }
     return text;
 }
+
+std::ostream& operator<<(std::ostream& out, Currency amount) { return out << amount.to_plain(); }
 
 }  // namespace zr

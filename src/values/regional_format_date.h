@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "values/date_time.h"
+#include "zrcreditbureau/date_time.h"
 
 namespace zr {
 

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "values/currency.h"
+#include "zrcreditbureau/currency.h"
 
 namespace zr {
 

@@ -1,4 +1,4 @@
-#include "xml/zr_string_builder.h"
+#include "zrcreditbureau/zr_string_builder.h"
 
 #include <algorithm>
 #include <limits>
@@ -24,7 +24,7 @@ void ZRStringBuilder::Clear() {
     }
 }
 
-void ZRStringBuilder::Append(std::string_view text) {
+void ZRStringBuilder::Append(TextArg text) {
     constexpr std::size_t kLargestStep = 32768;
     constexpr std::size_t kLongest = std::numeric_limits<std::int32_t>::max();
     const std::size_t length = text::length(text);

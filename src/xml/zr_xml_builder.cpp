@@ -1,11 +1,11 @@
-#include "xml/zr_xml_builder.h"
+#include "zrcreditbureau/zr_xml_builder.h"
 
 #include <cstdio>
 #include <utility>
 
-#include "platform/error.h"
 #include "values/convert.h"
 #include "values/text.h"
+#include "zrcreditbureau/error.h"
 
 namespace zr {
 namespace {
@@ -74,21 +74,20 @@ void ZRXMLBuilder::close_start_tag() {
     }
 }
 
-void ZRXMLBuilder::TagOpen(std::string_view name) {
+void ZRXMLBuilder::TagOpen(TextArg name) {
     buffer_.Append(start_tag_open_ ? "><" : "<");
     buffer_.Append(name);
     start_tag_open_ = true;
 }
 
-void ZRXMLBuilder::TagClose(std::string_view name) {
+void ZRXMLBuilder::TagClose(TextArg name) {
     buffer_.Append(start_tag_open_ ? "></" : "</");
     buffer_.Append(name);
     buffer_.Append(">\r");
     start_tag_open_ = false;
 }
 
-void ZRXMLBuilder::WriteAttribute(std::string_view name, std::string_view value,
-                                  bool dont_write_if_blank) {
+void ZRXMLBuilder::WriteAttribute(TextArg name, TextArg value, FlagArg dont_write_if_blank) {
     if (!start_tag_open_) {
         throw PlatformError(error_number::kApplicationFirst,
                             "Attribute is not enclosed in an element tag.",
@@ -127,17 +126,17 @@ std::string ZRXMLBuilder::escaped_text(std::string_view value) const {
     return encoded(std::move(escaped));
 }
 
-void ZRXMLBuilder::WriteText(std::string_view text) {
+void ZRXMLBuilder::WriteText(TextArg text) {
     close_start_tag();
     buffer_.Append(escaped_text(text));
 }
 
-void ZRXMLBuilder::WriteRaw(std::string_view text) {
+void ZRXMLBuilder::WriteRaw(TextArg text) {
     close_start_tag();
     buffer_.Append(text);
 }
 
-void ZRXMLBuilder::WriteBoolean(bool value) { WriteRaw(value ? "true" : "false"); }
+void ZRXMLBuilder::WriteBoolean(FlagArg value) { WriteRaw(value ? "true" : "false"); }
 
 std::string ZRXMLBuilder::dated_text(const DateOrNull& value, DateForm form) const {
     if (const auto date = convert::read_date(value)) {
@@ -147,9 +146,9 @@ std::string ZRXMLBuilder::dated_text(const DateOrNull& value, DateForm form) con
     return text != nullptr ? escaped_text(*text) : std::string();
 }
 
-void ZRXMLBuilder::WriteDate(const DateOrNull& value) { WriteRaw(dated_text(value, date_text)); }
+void ZRXMLBuilder::WriteDate(const DateArg& value) { WriteRaw(dated_text(value, date_text)); }
 
-void ZRXMLBuilder::WriteDateTime(const DateOrNull& value) {
+void ZRXMLBuilder::WriteDateTime(const DateArg& value) {
     WriteRaw(dated_text(value, date_time_text));
 }
 
@@ -160,15 +159,14 @@ void ZRXMLBuilder::write_element(std::string_view name, std::string_view text) {
     }
 }
 
-void ZRXMLBuilder::WriteTagWithText(std::string_view name, std::string_view value,
-                                    bool dont_write_if_blank) {
+void ZRXMLBuilder::WriteTagWithText(TextArg name, TextArg value, FlagArg dont_write_if_blank) {
     close_start_tag();
     if (!value.empty() || !dont_write_if_blank) {
         write_element(name, escaped_text(value));
     }
 }
 
-void ZRXMLBuilder::WriteTagWithBoolean(std::string_view name, bool value) {
+void ZRXMLBuilder::WriteTagWithBoolean(TextArg name, FlagArg value) {
     close_start_tag();
     write_element(name, value ? "true" : "false");
 }
@@ -181,18 +179,18 @@ void ZRXMLBuilder::write_dated_element(std::string_view name, const DateOrNull& 
     }
 }
 
-void ZRXMLBuilder::WriteTagWithDate(std::string_view name, const DateOrNull& value,
-                                    bool dont_write_if_blank) {
+void ZRXMLBuilder::WriteTagWithDate(TextArg name, const DateArg& value,
+                                    FlagArg dont_write_if_blank) {
     write_dated_element(name, value, dont_write_if_blank, date_text);
 }
 
-void ZRXMLBuilder::WriteTagWithDateTime(std::string_view name, const DateOrNull& value,
-                                        bool dont_write_if_blank) {
+void ZRXMLBuilder::WriteTagWithDateTime(TextArg name, const DateArg& value,
+                                        FlagArg dont_write_if_blank) {
     write_dated_element(name, value, dont_write_if_blank, date_time_text);
 }
 
-void ZRXMLBuilder::WriteTagWithUtcDateTime(std::string_view name, const DateOrNull& value,
-                                           bool dont_write_if_blank) {
+void ZRXMLBuilder::WriteTagWithUtcDateTime(TextArg name, const DateArg& value,
+                                           FlagArg dont_write_if_blank) {
     write_dated_element(name, value, dont_write_if_blank, utc_text);
 }
 
@@ -204,7 +202,7 @@ std::string ZRXMLBuilder::XMLHeader() const {
     return header + "?>";
 }
 
-std::string ZRXMLBuilder::XML(bool include_header, EncodeFlags options) {
+std::string ZRXMLBuilder::XML(FlagArg include_header, EncodeFlags options) {
     close_start_tag();
     std::string text = include_header ? XMLHeader() : std::string();
     text += buffer_.view();

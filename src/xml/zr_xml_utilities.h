@@ -7,9 +7,9 @@
 #include <string_view>
 
 #include "values/convert.h"
-#include "values/currency.h"
-#include "values/date_time.h"
 #include "xml/xml_document.h"
+#include "zrcreditbureau/currency.h"
+#include "zrcreditbureau/date_time.h"
 
 namespace zr {
 

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "automation/fields.h"
-#include "facade/zr_credit_bureau.h"
+#include "zrcreditbureau/zr_credit_bureau.h"
 
 namespace zr::automation {
 namespace {

@@ -4,11 +4,14 @@
 
 #include <string>
 
+#include "records/component.h"
+
 namespace zr::automation {
 namespace {
 
 std::string reason_of(const std::string& json) {
-    Request request;
+    const auto made = Component::make_request();
+    Request& request = *made;
     try {
         read_request(parse_json(json), request);
     } catch (const JsonError& error) {
@@ -18,7 +21,8 @@ std::string reason_of(const std::string& json) {
 }
 
 TEST(JsonForm, ReadsARequest) {
-    Request request;
+    const auto made = Component::make_request();
+    Request& request = *made;
     read_request(parse_json(R"({"LastName":"Nguy\u1ec5n","gender":"f","EnquiryAmount":15000.99,
         "XRMApplicantIndex":-2,"DateOfBirth":"1970-01-02","DefaultNewDate":"3 Feb 2010",
         "DefaultOccurredDate":"2011-06-15T10:00:00",
@@ -57,7 +61,8 @@ TEST(JsonForm, ReadsMoneyExactly) {
         {R"("15000.99")", 150'009'900},
     };
     for (const auto& row : rows) {
-        Request request;
+        const auto made = Component::make_request();
+        Request& request = *made;
         read_request(parse_json(std::string(R"({"EnquiryAmount":)") + row.digits + "}"), request);
         EXPECT_EQ(request.EnquiryAmount().units(), row.units) << row.digits;
     }
@@ -100,7 +105,7 @@ class Settings : public testing::Test {
     void SetUp() override { ASSERT_TRUE(bureau_.Initialise("AU")); }
     Service& service() { return bureau_.Services().Item("VedaXMLAU"); }
     std::string read_back(std::string_view name) {
-        return std::string(text_of(find_setting(service(), name)->read(service())));
+        return std::string(text_of(service().setting(name)->read(service())));
     }
     std::string reason_of(const std::string& json) {
         try {
@@ -120,8 +125,7 @@ TEST_F(Settings, AreWrittenUnderTheirOwnRules) {
                   service());
     EXPECT_EQ(read_back("UserId"), "u");
     EXPECT_EQ(read_back("ClientReference"), "1234567890123456");
-    EXPECT_EQ(std::get<std::int32_t>(find_setting(service(), "TimeOutSeconds")->read(service())),
-              30);
+    EXPECT_EQ(std::get<std::int32_t>(service().setting("TimeOutSeconds")->read(service())), 30);
 }
 
 TEST_F(Settings, AreRefusedWithoutShowingTheirValues) {
@@ -134,14 +138,14 @@ TEST_F(Settings, AreRefusedWithoutShowingTheirValues) {
 }
 
 TEST(JsonForm, WritesEveryPropertyOfAResponse) {
-    Response response;
-    response.Clear();
-    response.LastName("Smith");
-    response.DateOfBirth(DateTime::ymd(1970, 1, 2));
-    response.MOJFinesAmount(Currency::from_units(12345));
-    response.statistics(RecordFamily::kDefault).years[1] = 3;
-    response.elements().AddElement("Group", "Sub", "Name", "Value");
-    response.selections().AddSelection("ACME").CompanyNumber("9");
+    const auto request = Component::make_request();
+    Response& response = Component::new_response(*request);
+    Component::set(response.LastName, "Smith");
+    Component::set(response.DateOfBirth, DateTime::ymd(1970, 1, 2));
+    Component::set(response.MOJFinesAmount, Currency::from_units(12345));
+    Component::statistics(response, RecordFamily::kDefault).years[1] = 3;
+    Component::lines(response).AddElement("Group", "Sub", "Name", "Value");
+    Component::set(Component::add(Component::selections(response), "ACME").CompanyNumber, "9");
 
     JsonWriter json;
     write_response(json, response);

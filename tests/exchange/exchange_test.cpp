@@ -12,10 +12,9 @@
 
 #include "bureau_gateway/documents/xml.h"
 #include "bureau_gateway/gateway.h"
-#include "facade/zr_credit_bureau.h"
-#include "services/vedaxml_au/service_vedaxml_au.h"
-#include "services/vedaxml_nz/service_vedaxml_nz.h"
 #include "support/scoped_environment.h"
+#include "zrcreditbureau/vedaxml_services.h"
+#include "zrcreditbureau/zr_credit_bureau.h"
 
 namespace zr {
 namespace {

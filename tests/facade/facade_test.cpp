@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include "records/component.h"
 #include "support/fake_bureau.h"
+#include "values/text.h"
 
 namespace zr::test {
 namespace {
@@ -99,11 +101,11 @@ TEST(Facade, OutlivesWhateverTransportAndClockThrow) {
 
 TEST(Facade, TranslatesAgainFromTheResponseItself) {
     FakeBureau bureau;
-    const Response& response = bureau.translated("<BCAmessage service-request-id='1'/>");
-    EXPECT_TRUE(bureau.facade.BuildResponse(*bureau.request, response.ResponseDate(),
-                                            response.ResponseXML()));
-    EXPECT_EQ(response.ResponseDate(), kClock.date_only());
-    EXPECT_EQ(response.RequestId(), "1");
+    const Response& first = bureau.translated("<BCAmessage service-request-id='1'/>");
+    EXPECT_TRUE(bureau.facade.BuildResponse(*bureau.request, first.ResponseDate(),
+                                            first.ResponseXML()));
+    EXPECT_EQ(bureau.request->Response()->ResponseDate(), kClock.date_only());
+    EXPECT_EQ(bureau.request->Response()->RequestId(), "1");
 }
 
 TEST(Facade, TranslatesAsOfADateOnly) {
@@ -142,9 +144,10 @@ class Validation : public testing::Test {
   protected:
     Validation() {
         auto& products = const_cast<Products&>(bureau.service().Products());
-        products.AddProduct("lodge", true, zreProductType::zreProductTypeDefault, true);
-        products.AddProduct("lodge-no-more", false, zreProductType::zreProductTypeDefault, true);
-        products.AddProduct("no-more", false, zreProductType::zreProductTypeEnquiry, true);
+        Component::add(products, "lodge", true, zreProductType::zreProductTypeDefault, true);
+        Component::add(products, "lodge-no-more", false, zreProductType::zreProductTypeDefault,
+                       true);
+        Component::add(products, "no-more", false, zreProductType::zreProductTypeEnquiry, true);
         bureau.script().reply.body = "<BCAmessage/>";
     }
     FakeBureau bureau;

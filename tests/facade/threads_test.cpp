@@ -9,8 +9,8 @@
 #include <thread>
 #include <vector>
 
-#include "facade/zr_credit_bureau.h"
-#include "services/vedaxml_au/service_vedaxml_au.h"
+#include "zrcreditbureau/vedaxml_services.h"
+#include "zrcreditbureau/zr_credit_bureau.h"
 
 namespace zr {
 namespace {

@@ -5,9 +5,9 @@
 
 #include <string>
 
-#include "platform/error.h"
-#include "platform/http.h"
 #include "support/loopback_server.h"
+#include "zrcreditbureau/error.h"
+#include "zrcreditbureau/http.h"
 
 namespace zr::test {
 

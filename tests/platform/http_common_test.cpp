@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/error.h"
+#include "zrcreditbureau/error.h"
 
 namespace zr {
 namespace {

@@ -14,7 +14,7 @@
 #include <string>
 #include <tuple>
 
-#include "platform/error.h"
+#include "zrcreditbureau/error.h"
 
 namespace zr {
 namespace {

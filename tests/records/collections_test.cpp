@@ -1,11 +1,15 @@
 // The collections: code tables, the catalogue, report lines and company selections.
 #include <gtest/gtest.h>
 
-#include "platform/error.h"
-#include "records/code_tables.h"
-#include "records/company_selections.h"
-#include "records/products.h"
-#include "records/response_elements.h"
+#include <algorithm>
+#include <ranges>
+
+#include "records/component.h"
+#include "zrcreditbureau/code_tables.h"
+#include "zrcreditbureau/company_selections.h"
+#include "zrcreditbureau/error.h"
+#include "zrcreditbureau/products.h"
+#include "zrcreditbureau/response_elements.h"
 
 namespace zr {
 namespace {
@@ -27,18 +31,19 @@ void expect_positions_only_inside(const Collection& collection) {
     }
 }
 
-CodeTableItems table_of(std::initializer_list<CodeRow> rows, bool allow_duplicates = false) {
-    CodeTableItems table;
-    table.AllowDuplicateCodes(allow_duplicates);
+std::shared_ptr<CodeTableItems> table_of(std::initializer_list<CodeRow> rows,
+                                         bool allow_duplicates = false) {
+    const auto table = Component::make<CodeTableItems>(allow_duplicates);
     for (const CodeRow& row : rows) {
-        table.AddItem(row.code, row.description);
+        Component::add(*table, row);
     }
     return table;
 }
 
 TEST(CodeTable, LooksUpBothWays) {
-    const CodeTableItems table = table_of(
+    const auto made = table_of(
         {{"CRT", "Court"}, {"CT", "Court"}, {"AV", "Avenue"}, {"\u00C9", "\u00C9t\u00E9"}});
+    const CodeTableItems& table = *made;
     const struct {
         const char* description;
         const char* code;
@@ -67,7 +72,8 @@ TEST(CodeTable, LooksUpBothWays) {
 
 TEST(CodeTable, FollowsWhatAHostWrites) {
     for (const bool allow_duplicates : {false, true}) {
-        const CodeTableItems table = table_of({{"A", "Alpha"}, {"B", "Beta"}}, allow_duplicates);
+        const auto made = table_of({{"A", "Alpha"}, {"B", "Beta"}}, allow_duplicates);
+        const CodeTableItems& table = *made;
         table.Item(1).Description("First");
         table.Item(2).Code("C");
         EXPECT_EQ(table.GetDescriptionFromCode("a"), "First");
@@ -84,22 +90,25 @@ TEST(CodeTable, FollowsWhatAHostWrites) {
 }
 
 TEST(CodeTable, ListsItsRows) {
-    EXPECT_EQ(CodeTableItems().ListCodes(), "");
-    EXPECT_EQ(CodeTableItems().ListDescriptions(), "");
-    const CodeTableItems table = table_of({{"A", "Alpha"}, {"B", "Beta, second"}});
+    EXPECT_EQ(table_of({})->ListCodes(), "");
+    EXPECT_EQ(table_of({})->ListDescriptions(), "");
+    const auto made = table_of({{"A", "Alpha"}, {"B", "Beta, second"}});
+    const CodeTableItems& table = *made;
     EXPECT_EQ(table.ListCodes(), "A,B");
     EXPECT_EQ(table.ListDescriptions(), "Alpha,Beta, second");
 }
 
 TEST(CodeTable, AllowsTheSameCodeTwiceOnlyWhenToldTo) {
-    CodeTableItems strict = table_of({{"A", "Alpha"}});
-    expect_error(error_number::kDuplicateKey, [&] { strict.AddItem("a", "Again"); });
+    const auto strict_table = table_of({{"A", "Alpha"}});
+    CodeTableItems& strict = *strict_table;
+    expect_error(error_number::kDuplicateKey, [&] { Component::add(strict, {"a", "Again"}); });
     EXPECT_EQ(strict.Count(), 1);
     EXPECT_EQ(strict.ListCodes(), "A");
     EXPECT_EQ(strict.ListDescriptions(), "Alpha");
     EXPECT_FALSE(strict.AllowDuplicateCodes());
 
-    const CodeTableItems lax = table_of({{"B", "Beta"}, {"A", "Alpha"}, {"a", "Again"}}, true);
+    const auto lax_table = table_of({{"B", "Beta"}, {"A", "Alpha"}, {"a", "Again"}}, true);
+    const CodeTableItems& lax = *lax_table;
     EXPECT_TRUE(lax.AllowDuplicateCodes());
     EXPECT_EQ(lax.GetDescriptionFromCode("a"), "Alpha");
     EXPECT_EQ(lax.GetCodeFromDescription("again"), "a");
@@ -110,11 +119,13 @@ TEST(CodeTable, AllowsTheSameCodeTwiceOnlyWhenToldTo) {
 
 TEST(Products, AreKeyedWithoutRegardToLetterCase) {
     using Type = zreProductType;
-    Products products;
-    products.AddProduct("First", true, Type::zreProductTypeEnquiry, true);
-    Product& second = products.AddProduct("second", false, Type::zreProductTypeDefault, false);
-    expect_error(error_number::kDuplicateKey,
-                 [&] { products.AddProduct("SECOND", true, Type::zreProductTypeEnquiry, true); });
+    const auto made = Component::make<Products>();
+    Products& products = *made;
+    Component::add(products, "First", true, Type::zreProductTypeEnquiry, true);
+    Product& second = Component::add(products, "second", false, Type::zreProductTypeDefault, false);
+    expect_error(error_number::kDuplicateKey, [&] {
+        Component::add(products, "SECOND", true, Type::zreProductTypeEnquiry, true);
+    });
     EXPECT_EQ(products.Count(), 2);
     EXPECT_TRUE(products.Exists("FIRST"));
     EXPECT_FALSE(products.Exists(""));
@@ -129,16 +140,18 @@ TEST(Products, AreKeyedWithoutRegardToLetterCase) {
     expect_error(error_number::kItemNotFound, [&] { (void)products.Item("third"); });
     expect_error(error_number::kItemNotFound, [&] { (void)products.Item(""); });
 
-    second.options().AddOption("score", "Score?", zreOptionType::zreOptionTypeBoolean);
+    Component::add(Component::options(second), "score", "Score?",
+                   zreOptionType::zreOptionTypeBoolean);
     expect_error(error_number::kDuplicateKey, [&] {
-        second.options().AddOption("Score", "", zreOptionType::zreOptionTypeGeneral);
+        Component::add(Component::options(second), "Score", "",
+                       zreOptionType::zreOptionTypeGeneral);
     });
     EXPECT_EQ(second.ProductOptions().Item("SCORE").Description(), "Score?");
-    std::string order;
-    for (const Product& product : products) {
-        order += product.ProductId() + " ";
-    }
-    EXPECT_EQ(order, "First second ");
+    static_assert(std::ranges::random_access_range<Products>);
+    EXPECT_EQ(products.begin()->ProductId(), "First");
+    EXPECT_EQ(products.begin()[1].ProductId(), "second");
+    EXPECT_EQ(products.end() - products.begin(), 2);
+    EXPECT_EQ(&*std::ranges::find_if(products, &Product::Company), &second);
 }
 
 TEST(ReportLines, NumberTheirRunsOfGroups) {
@@ -151,7 +164,7 @@ TEST(ReportLines, NumberTheirRunsOfGroups) {
         {"A", "y", "0001A"},   {"B", "", nullptr},  {"B", "x", "0002B"},
         {"A", "x", "0003A"},   {"a", "x", "0004a"}, {"", "x", "0005"},
     };
-    ResponseElements lines;
+    ReportLines lines;
     for (const auto& row : cases) {
         const std::int32_t before = lines.Count();
         const ResponseElement* line = lines.AddElement(row.group, "s", "n", row.description);
@@ -166,7 +179,7 @@ TEST(ReportLines, NumberTheirRunsOfGroups) {
 }
 
 TEST(ReportLines, KeepTheirTextsAndCountPastFourDigits) {
-    ResponseElements lines;
+    ReportLines lines;
     for (int at = 1; at <= 40000; ++at) {
         // Texts of the caller's that are gone at once.
         lines.AddElement("G" + std::to_string(at), "sub", "name", std::string(100, 'x'));
@@ -176,19 +189,14 @@ TEST(ReportLines, KeepTheirTextsAndCountPastFourDigits) {
     EXPECT_EQ(lines.Item(10000).ResponseGroupSort(), "10000G10000");
     EXPECT_EQ(lines.Item(40000).ResponseGroupSort(), "32767G40000");
     EXPECT_EQ(lines.Item(1).ResponseDescription(), std::string(100, 'x'));
-    std::int32_t counted = 0;
-    for (const ResponseElement& line : lines) {
-        counted += line.ResponseSubGroup() == "sub" ? 1 : 0;
-    }
-    EXPECT_EQ(counted, 40000);
+    EXPECT_EQ(std::ranges::count(lines, "sub", &ResponseElement::ResponseSubGroup), 40000);
 }
 
 TEST(CompanySelections, LetHostsWriteTheBureauFile) {
-    CompanySelections selections;
-    CompanySelection& first = selections.AddSelection("ACME");
-    selections.AddSelection("");
-    first.CompanyNumber("1");
-    const CompanySelections& seen_by_host = selections;
+    const auto selections = Component::make<CompanySelections>();
+    const CompanySelection& first = Component::add(*selections, "ACME");
+    Component::add(*selections, "");
+    const CompanySelections& seen_by_host = *selections;
     seen_by_host.Item(1).BureauFileId("42");
     EXPECT_EQ(first.BureauFileId(), "42");
     EXPECT_EQ(seen_by_host.Item(1).CompanyName(), "ACME");

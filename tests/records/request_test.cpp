@@ -1,6 +1,10 @@
-#include "records/request.h"
+#include "zrcreditbureau/request.h"
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "records/component.h"
 
 namespace zr {
 namespace {
@@ -10,7 +14,7 @@ const DateTime kDay = DateTime::ymd(1970, 1, 2);
 /// Whether an action makes a clean request dirty.
 template <class Action>
 bool dirties(Request& request, Action action) {
-    RequestInternals::Dirty(request, false);
+    Component::Dirty(request, false);
     action(request);
     return request.Dirty();
 }
@@ -35,7 +39,8 @@ TEST(Request, TracksEveryPropertyThatReallyChanges) {
         if (property.write == nullptr) {
             continue;
         }
-        Request request;
+        const auto made = Component::make_request();
+        Request& request = *made;
         EXPECT_FALSE(request.Dirty());
         const Value value = sample(property.type);
         EXPECT_TRUE(dirties(request, [&](Request& it) { property.write(it, value); }))
@@ -49,14 +54,16 @@ TEST(Request, TracksEveryPropertyThatReallyChanges) {
 }
 
 TEST(Request, ComparesTextsExactly) {
-    Request request;
+    const auto made = Component::make_request();
+    Request& request = *made;
     request.LastName("Smith");
     EXPECT_TRUE(dirties(request, [](Request& it) { it.LastName("SMITH"); }));
     EXPECT_TRUE(dirties(request, [](Request& it) { it.LastName("SMITH "); }));
 }
 
 TEST(Request, KeepsCountsInTheirRange) {
-    Request request;
+    const auto made = Component::make_request();
+    Request& request = *made;
     const auto index = std::ranges::find(
         request_properties(), std::string_view("XRMApplicantIndex"), &Property<Request>::name);
     index->write(request, std::int32_t{70000});
@@ -72,7 +79,8 @@ TEST(Request, KeepsCountsInTheirRange) {
 TEST(Request, TakesADateThatIsNoneAsNull) {
     for (const DateTime& none : {DateTime(), DateTime::ymd(2012, 2, 30), DateTime::ymd(99, 12, 31),
                                  DateTime::ymd(10000, 1, 1)}) {
-        Request request;
+        const auto made = Component::make_request();
+        Request& request = *made;
         request.DateOfBirth(kDay);
         request.DateOfBirth(none);
         EXPECT_EQ(request.DateOfBirth(), DateOrNull(Null{}));
@@ -93,7 +101,8 @@ TEST(Request, TellsWhatItLooksUpInTables) {
 }
 
 TEST(Request, StartsEmpty) {
-    Request request;
+    const auto made = Component::make_request();
+    Request& request = *made;
     EXPECT_EQ(request.DefaultOccurredDate(), DateTime::now().date_only());
     EXPECT_EQ(request.Gender(), "");
     EXPECT_TRUE(is_null(request.DateOfBirth()));
@@ -108,7 +117,8 @@ TEST(Request, MapsGenders) {
     } cases[] = {{"m", "Male"},        {"MALE", "Male"}, {"Male", "Male"}, {"f", "Female"},
                  {"feMale", "Female"}, {"", "unknown"},  {"X", "unknown"}, {" M", "unknown"}};
     for (const auto& row : cases) {
-        Request request;
+        const auto made = Component::make_request();
+        Request& request = *made;
         EXPECT_TRUE(dirties(request, [&](Request& it) { it.Gender(row.given); }));
         EXPECT_EQ(request.Gender(), row.stored);
         EXPECT_FALSE(dirties(request, [&](Request& it) { it.Gender(row.stored); }));
@@ -136,7 +146,8 @@ TEST(Request, ReadsDatesOfBirth) {
         {null, null, null, false},
     };
     for (const auto& row : cases) {
-        Request request;
+        const auto made = Component::make_request();
+        Request& request = *made;
         request.DateOfBirth(row.before);
         EXPECT_EQ(dirties(request, [&](Request& it) { it.DateOfBirth(row.given); }), row.dirty);
         EXPECT_EQ(request.DateOfBirth(), row.stored);
@@ -157,7 +168,8 @@ TEST(Request, KeepsNewDatesOfDefaultsAsGiven) {
         {null, "never", null, true}, {null, null, null, true},
     };
     for (const auto& row : cases) {
-        Request request;
+        const auto made = Component::make_request();
+        Request& request = *made;
         request.DefaultNewDate(row.before);
         EXPECT_EQ(dirties(request, [&](Request& it) { it.DefaultNewDate(row.given); }), row.dirty);
         EXPECT_EQ(request.DefaultNewDate(), row.stored);
@@ -165,7 +177,8 @@ TEST(Request, KeepsNewDatesOfDefaultsAsGiven) {
 }
 
 TEST(Request, KeepsOptions) {
-    Request request;
+    const auto made = Component::make_request();
+    Request& request = *made;
     EXPECT_FALSE(request.OptionChecked("score"));
     EXPECT_EQ(request.OptionValue("score"), "");
     EXPECT_EQ(request.OptionTag("score"), "");
@@ -199,13 +212,14 @@ TEST(Request, ClearsForAnotherSubjectOrAltogether) {
         return holds_text(value) ? Value(std::string(text_of(value))) : value;
     };
     for (const bool clear_all : {false, true}) {
-        Request request;
+        const auto made = Component::make_request();
+        Request& request = *made;
         for (const auto& property : request_properties()) {
             if (property.write != nullptr) {
                 property.write(request, sample(property.type));
             }
         }
-        RequestInternals::RequestXML(request, "Male");
+        Component::RequestXML(request, "Male");
         request.OptionChecked("score", true);
         const auto response = request.Response();
         std::vector<Value> filled;
@@ -214,13 +228,13 @@ TEST(Request, ClearsForAnotherSubjectOrAltogether) {
         }
         clear_all ? request.Clear() : request.Clear(false);
 
-        const Request fresh;
+        const auto fresh = Component::make_request();
         for (std::size_t at = 0; at < filled.size(); ++at) {
             const auto& property = request_properties()[at];
             const bool kept = kept_always(property.name) ||
                               (!clear_all && kept_for_another_subject(property.name));
             EXPECT_EQ(owned(property.read(request)),
-                      kept ? filled[at] : owned(property.read(fresh)))
+                      kept ? filled[at] : owned(property.read(*fresh)))
                 << property.name << " when clear_all is " << clear_all;
         }
         EXPECT_FALSE(request.OptionChecked("score"));
@@ -229,10 +243,11 @@ TEST(Request, ClearsForAnotherSubjectOrAltogether) {
 }
 
 TEST(Request, AttachesItsResponse) {
-    Request request;
+    const auto made = Component::make_request();
+    Request& request = *made;
     const auto first = request.Response();
     EXPECT_EQ(request.Response(), first);
-    const auto other = std::make_shared<const Response>();
+    const auto other = Component::make<const Response>();
     request.Response(other);
     EXPECT_EQ(request.Response(), other);
     request.Response(nullptr);
@@ -241,23 +256,30 @@ TEST(Request, AttachesItsResponse) {
 }
 
 TEST(Response, StartsAsACompanyAndClearsToAPerson) {
-    Response response;
-    EXPECT_TRUE(response.Company());
-    EXPECT_EQ(response.Name(), "");
-    response.LastName("SMITH");
-    response.CompanyName("ACME");
-    EXPECT_EQ(response.Name(), "ACME");
-    response.Individual(true);
-    EXPECT_EQ(response.Name(), "SMITH, ");
-    EXPECT_FALSE(response.Company());
+    const auto response = Component::make<Response>();
+    EXPECT_TRUE(response->Company());
+    EXPECT_EQ(response->Name(), "");
+    Component::set(response->LastName, "SMITH");
+    Component::set(response->CompanyName, "ACME");
+    EXPECT_EQ(response->Name(), "ACME");
+    Component::set(response->Individual, true);
+    EXPECT_EQ(response->Name(), "SMITH, ");
+    EXPECT_FALSE(response->Company());
+}
 
-    response.DateOfBirth(kDay);
-    response.DisqualifiedDirectorshipUntil(kDay);
-    response.BureauFileAge(3);
-    response.statistics(RecordFamily::kDefault).loaded_value = Currency::from_whole(1);
-    response.elements().AddElement("g", "s", "n", "d");
-    response.selections().AddSelection("ACME");
-    response.Clear();
+TEST(Response, OfAnEnquiryIsANewOne) {
+    const auto made = Component::make_request();
+    Response& first = Component::new_response(*made);
+    Component::set(first.DateOfBirth, kDay);
+    Component::statistics(first, RecordFamily::kDefault).loaded_value = Currency::from_whole(1);
+    Component::lines(first).AddElement("g", "s", "n", "d");
+    Component::add(Component::selections(first), "ACME");
+    const auto held = made->Response();
+    const Response& response = Component::new_response(*made);
+    EXPECT_EQ(held->DateOfBirth(), DateOrNull(kDay));
+    EXPECT_EQ(held->DefaultLoadedValue(), Currency::from_whole(1));
+    EXPECT_EQ(held->ResponseElements().Item(1).ResponseDescription(), "d");
+    EXPECT_EQ(held->CompanySelections().Item(1).CompanyName(), "ACME");
     EXPECT_EQ(response.DateOfBirth(), DateOrNull(std::string()));
     EXPECT_TRUE(is_null(response.DisqualifiedDirectorshipUntil()));
     EXPECT_EQ(response.Name(), ", ");

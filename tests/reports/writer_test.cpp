@@ -5,6 +5,7 @@
 
 #include <array>
 
+#include "records/component.h"
 #include "reports/description.h"
 #include "values/convert.h"
 
@@ -21,12 +22,12 @@ struct Written {
         const auto document =
             std::get<XmlDocument>(XmlDocument::parse("<d>" + records + "</d>", names));
         const ReportFormats formats({"yyyy-mm-dd", "0.00", "$0.00", Region::kAustralia});
-        ResponseElements elements;
-        CodeTableCollection tables;
+        ReportLines elements;
+        const auto tables = Component::make<CodeTableCollection>();
         const CodeRow colours[] = {{"R", "Red"}};
-        add_code_table(tables, "Colours", colours, false);
+        Component::add(*tables, "Colours", colours, false);
         ReportWriter(
-            layout, formats, [&](std::string_view name) { return tables.find(name); }, elements,
+            layout, formats, [&](std::string_view name) { return tables->find(name); }, elements,
             *convert::to_date("1970-01-02"))
             .write(std::array{document.root()}, "");
         for (const ResponseElement& line : elements) {

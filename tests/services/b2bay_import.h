@@ -6,8 +6,8 @@
 #include <string>
 #include <string_view>
 
-#include "services/b2bay/b2bay_service.h"
 #include "support/fake_bureau.h"
+#include "zrcreditbureau/b2bay_services.h"
 
 namespace zr::test {
 

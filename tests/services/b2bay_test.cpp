@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "b2bay_import.h"
+#include "services/service_engine.h"
 #include "values/convert.h"
 
 namespace zr::test {
@@ -301,9 +302,10 @@ TEST(B2Bay, HasNoTransport) {
     for (const ServiceRow& row : {kV1, kV2, kAu}) {
         Import import(row);
         Request& request = *import.bureau().request;
-        EXPECT_TRUE(import.service().CreditEnquiry(request));
-        EXPECT_TRUE(import.service().GetList(request));
-        EXPECT_TRUE(import.service().VerifyConnection());
+        ServiceEngine& engine = ServiceEngine::of(import.service());
+        EXPECT_TRUE(engine.CreditEnquiry(request));
+        EXPECT_TRUE(engine.GetList(request));
+        EXPECT_TRUE(engine.VerifyConnection());
         EXPECT_TRUE(import.bureau().script().requests.empty());
         EXPECT_TRUE(import.service().Obsolete());
         EXPECT_FALSE(import.service().CompanyAddDirectorsStatistics());

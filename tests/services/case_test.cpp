@@ -7,6 +7,7 @@
 #include <stdexcept>
 
 #include "case_file.h"
+#include "records/component.h"
 #include "support/fake_bureau.h"
 #include "values/convert.h"
 
@@ -93,8 +94,8 @@ std::string shown_selections(const Response& response) {
 std::string shown_response(const Response& response) {
     constexpr std::string_view kLeftOut[] = {"ResponseDate", "ResponseXML", "ResponseHTML",
                                              "Company", "Name"};
-    Response cleared;
-    cleared.Clear();
+    const auto request = Component::make_request();
+    const Response& cleared = Component::new_response(*request);
     std::string text;
     for (const auto& property : response_properties()) {
         const std::string value = shown(property.read(response));

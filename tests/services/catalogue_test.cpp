@@ -11,6 +11,7 @@
 #include "reports/description.h"
 #include "services/shared_procedures.h"
 #include "support/fake_bureau.h"
+#include "values/text.h"
 
 namespace zr::test {
 namespace {

@@ -4,9 +4,9 @@
 
 #include <fstream>
 
-#include "services/vedaxml_au/service_vedaxml_au.h"
 #include "support/fake_bureau.h"
 #include "xml/xml_document.h"
+#include "zrcreditbureau/vedaxml_services.h"
 
 namespace zr::test {
 namespace {

@@ -5,8 +5,8 @@
 #include <deque>
 #include <functional>
 
-#include "services/vedaxml_nz/service_vedaxml_nz.h"
 #include "support/fake_bureau.h"
+#include "zrcreditbureau/vedaxml_services.h"
 
 namespace zr::test {
 namespace {
@@ -84,7 +84,7 @@ TEST_F(NewZealandEnquiry, JoinsTheUnitToTheStreetNumber) {
 }
 
 TEST_F(NewZealandEnquiry, WritesEachFieldByItsRule) {
-    using Setter = void (Request::*)(std::string_view);
+    using Setter = Writable<kind::Text> Request::*;
     const struct {
         Setter set;
         const char* value;

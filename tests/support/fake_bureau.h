@@ -8,8 +8,8 @@
 #include <utility>
 #include <vector>
 
-#include "facade/zr_credit_bureau.h"
-#include "platform/error.h"
+#include "zrcreditbureau/error.h"
+#include "zrcreditbureau/zr_credit_bureau.h"
 
 namespace zr::test {
 

@@ -1,4 +1,4 @@
-#include "values/currency.h"
+#include "zrcreditbureau/currency.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "values/date_time.h"
+#include "zrcreditbureau/date_time.h"
 
 #include <gtest/gtest.h>
 

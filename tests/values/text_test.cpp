@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/error.h"
+#include "zrcreditbureau/error.h"
 
 namespace zr::text {
 namespace {

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "xml/zr_string_builder.h"
+#include "zrcreditbureau/zr_string_builder.h"
 
 namespace zr {
 namespace {

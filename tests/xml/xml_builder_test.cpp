@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "platform/error.h"
-#include "xml/zr_xml_builder.h"
+#include "zrcreditbureau/error.h"
+#include "zrcreditbureau/zr_xml_builder.h"
 
 namespace zr {
 namespace {

@@ -8,10 +8,10 @@
 #include <sstream>
 #include <vector>
 
-#include "facade/zr_credit_bureau.h"
 #include "platform/style_sheet.h"
 #include "values/regional_format.h"
 #include "xslt/page.h"
+#include "zrcreditbureau/zr_credit_bureau.h"
 
 namespace zr::sheet {
 namespace {

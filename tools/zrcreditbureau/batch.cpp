@@ -11,10 +11,9 @@
 #include <thread>
 #include <utility>
 
-#include "facade/zr_credit_bureau.h"
-#include "platform/error.h"
 #include "values/convert.h"
 #include "values/text.h"
+#include "zrcreditbureau/error.h"
 #include "zrcreditbureau/failure.h"
 #include "zrcreditbureau/files.h"
 #include "zrcreditbureau/fingerprint.h"
@@ -26,6 +25,7 @@
 #include "zrcreditbureau/progress.h"
 #include "zrcreditbureau/report_text.h"
 #include "zrcreditbureau/result_form.h"
+#include "zrcreditbureau/zr_credit_bureau.h"
 
 namespace zr::cli {
 namespace {

@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
-#include "facade/zr_credit_bureau.h"
-#include "platform/http.h"
+#include "zrcreditbureau/http.h"
+#include "zrcreditbureau/zr_credit_bureau.h"
 
 namespace zr::cli {
 

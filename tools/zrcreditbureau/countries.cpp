@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <memory>
 
-#include "facade/zr_credit_bureau.h"
+#include "zrcreditbureau/zr_credit_bureau.h"
 
 namespace zr::cli {
 namespace {

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "records/property.h"
+#include "zrcreditbureau/property.h"
 
 namespace zr::cli {
 

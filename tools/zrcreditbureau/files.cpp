@@ -9,8 +9,8 @@
 #include <cstring>
 #include <utility>
 
-#include "platform/error.h"
 #include "values/text.h"
+#include "zrcreditbureau/error.h"
 #include "zrcreditbureau/failure.h"
 
 namespace zr::cli {

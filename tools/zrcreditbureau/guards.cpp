@@ -41,18 +41,17 @@ bool contains(const Names& names, std::string_view value) {
 constexpr struct {
     std::string_view property;
     std::string_view table;
-    const std::string& (Request::*read)() const;
-    void (Request::*write)(std::string_view);
+    Writable<kind::Text> Request::*member;
 } kDescriptions[] = {
-    {"AccountType", "AccountTypes", &Request::AccountType, &Request::AccountType},
-    {"Purpose", "Purposes", &Request::Purpose, &Request::Purpose},
-    {"StreetType", "StreetTypes", &Request::StreetType, &Request::StreetType},
-    {"PrevStreetType", "StreetTypes", &Request::PrevStreetType, &Request::PrevStreetType},
+    {"AccountType", "AccountTypes", &Request::AccountType},
+    {"Purpose", "Purposes", &Request::Purpose},
+    {"StreetType", "StreetTypes", &Request::StreetType},
+    {"PrevStreetType", "StreetTypes", &Request::PrevStreetType},
 };
 
 void guard_descriptions(const Service& service, const Product& product, Request& request) {
     for (const auto& row : kDescriptions) {
-        const std::string& value = (request.*row.read)();
+        const std::string& value = (request.*row.member)();
         const CodeTableItems* table = product.CodeTables().find(row.table);
         table = table == nullptr ? service.CodeTables().find(row.table) : table;
         if (value.empty() || table == nullptr || !table->ValidateDescription(value).empty()) {
@@ -66,7 +65,7 @@ void guard_descriptions(const Service& service, const Product& product, Request&
             }
             unknown(std::string(row.property), value, names);
         }
-        (request.*row.write)(description);
+        (request.*row.member)(description);
     }
 }
 
@@ -121,7 +120,7 @@ void guard_subject(const Request& request) {
 }
 
 std::string setting_text(const Service& service, std::string_view name) {
-    const Property<Service>* const setting = automation::find_setting(service, name);
+    const Property<Service>* const setting = service.setting(name);
     return setting == nullptr ? std::string() : std::string(text_of(setting->read(service)));
 }
 

@@ -2,8 +2,8 @@
 // itself sends what it is given.
 #pragma once
 
-#include "facade/zr_credit_bureau.h"
 #include "zrcreditbureau/job.h"
+#include "zrcreditbureau/zr_credit_bureau.h"
 
 namespace zr::cli {
 

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "automation/json.h"
-#include "values/date_time.h"
+#include "zrcreditbureau/date_time.h"
 
 namespace zr::cli {
 

@@ -5,7 +5,7 @@
 #include <optional>
 
 #include "automation/json.h"
-#include "platform/error.h"
+#include "zrcreditbureau/error.h"
 #include "zrcreditbureau/failure.h"
 #include "zrcreditbureau/options.h"
 #include "zrcreditbureau/report_text.h"

@@ -3,7 +3,7 @@
 #include <exception>
 #include <string>
 
-#include "platform/error.h"
+#include "zrcreditbureau/error.h"
 
 namespace zr::cli {
 namespace {

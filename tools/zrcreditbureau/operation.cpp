@@ -5,8 +5,8 @@
 #include <utility>
 
 #include "automation/json_form.h"
-#include "platform/error.h"
 #include "values/text.h"
+#include "zrcreditbureau/error.h"
 #include "zrcreditbureau/guards.h"
 
 namespace zr::cli {
@@ -93,7 +93,7 @@ void apply_to_every(const JsonValue& settings, const Services& services) {
     for (std::int32_t position = 1; position <= services.Count(); ++position) {
         Service& service = services.Item(position);
         for (const JsonValue::Member& setting : settings.members()) {
-            if (automation::find_setting(service, setting.first) != nullptr) {
+            if (service.setting(setting.first) != nullptr) {
                 JsonValue one = JsonValue::object();
                 one.members().push_back(setting);
                 automation::read_settings(one, service);

@@ -5,9 +5,9 @@
 #include <string>
 #include <string_view>
 
-#include "records/response.h"
 #include "zrcreditbureau/bureau_pool.h"
 #include "zrcreditbureau/job.h"
+#include "zrcreditbureau/response.h"
 
 namespace zr::cli {
 

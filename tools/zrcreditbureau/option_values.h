@@ -5,8 +5,8 @@
 #include <string_view>
 
 #include "automation/json.h"
-#include "records/property.h"
 #include "zrcreditbureau/job.h"
+#include "zrcreditbureau/property.h"
 
 namespace zr::cli {
 

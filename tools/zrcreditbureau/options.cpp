@@ -7,14 +7,14 @@
 #include <memory>
 #include <utility>
 
-#include "facade/zr_credit_bureau.h"
-#include "records/request.h"
 #include "zrcreditbureau/countries.h"
 #include "zrcreditbureau/failure.h"
 #include "zrcreditbureau/given.h"
 #include "zrcreditbureau/names.h"
 #include "zrcreditbureau/nearest.h"
 #include "zrcreditbureau/option_values.h"
+#include "zrcreditbureau/request.h"
+#include "zrcreditbureau/zr_credit_bureau.h"
 
 namespace zr::cli {
 namespace {

@@ -5,9 +5,9 @@
 #include <initializer_list>
 #include <vector>
 
-#include "values/currency.h"
 #include "values/regional_format.h"
 #include "values/text.h"
+#include "zrcreditbureau/currency.h"
 
 namespace zr::cli {
 namespace {

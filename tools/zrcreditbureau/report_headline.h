@@ -6,7 +6,7 @@
 #include <string_view>
 #include <utility>
 
-#include "records/response.h"
+#include "zrcreditbureau/response.h"
 
 namespace zr::cli {
 

@@ -55,7 +55,7 @@ void append_selections(std::string& target, const CompanySelections& selections)
     for (const CompanySelection& selection : selections) {
         append_heading(target, kIndent, std::to_string(++number));
         AlignedLines block(2 * kIndent);
-        for (const auto& field : automation::company_selection_fields()) {
+        for (const auto& field : automation::company_selection_properties()) {
             const Value value = field.read(selection);
             if (!text_of(value).empty()) {
                 block.add(label(field.name), text_of(value));

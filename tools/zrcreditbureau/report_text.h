@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "records/response.h"
+#include "zrcreditbureau/response.h"
 
 namespace zr::cli {
 

@@ -122,7 +122,7 @@ std::string CsvForm::header() const {
         row.append(",").append(property->name);
     }
     if (fields_.elements) {
-        for (const auto& field : automation::response_element_fields()) {
+        for (const auto& field : automation::response_element_properties()) {
             row.append(",").append(field.name);
         }
     }
@@ -154,7 +154,7 @@ void CsvForm::append(std::string& rows, const Outcome& outcome, std::string_view
     }
     for (const ResponseElement& element : outcome.response->ResponseElements()) {
         rows += row;
-        for (const auto& field : automation::response_element_fields()) {
+        for (const auto& field : automation::response_element_properties()) {
             add(rows, cell_text(field.read(element)));
         }
         rows += "\r\n";

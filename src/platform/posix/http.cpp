@@ -1,4 +1,4 @@
-#include "platform/http.h"
+#include "zrcreditbureau/http.h"
 
 #include <curl/curl.h>
 
@@ -11,7 +11,6 @@
 #include <type_traits>
 #include <utility>
 
-#include "platform/error.h"
 #include "platform/http_common.h"
 #include "platform/http_head.h"
 #include "platform/posix/http_address.h"
@@ -19,6 +18,7 @@
 #include "platform/posix/http_phases.h"
 #include "platform/posix/http_secrecy.h"
 #include "platform/unicode.h"
+#include "zrcreditbureau/error.h"
 
 namespace zr {
 namespace {

@@ -5,7 +5,7 @@
 #include <memory>
 #include <string_view>
 
-#include "platform/error.h"
+#include "zrcreditbureau/error.h"
 
 namespace zr {
 namespace {

@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-#include "platform/error.h"
+#include "zrcreditbureau/error.h"
 
 namespace zr {
 

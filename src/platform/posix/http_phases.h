@@ -5,7 +5,7 @@
 #include <chrono>
 #include <cstdint>
 
-#include "platform/http.h"
+#include "zrcreditbureau/http.h"
 
 namespace zr {
 

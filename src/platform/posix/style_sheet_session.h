@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/error.h"
+#include "zrcreditbureau/error.h"
 
 namespace zr {
 

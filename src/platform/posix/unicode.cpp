@@ -11,8 +11,8 @@
 #include <cstdint>
 #include <initializer_list>
 
-#include "platform/error.h"
 #include "platform/utf8.h"
+#include "zrcreditbureau/error.h"
 
 namespace zr::text {
 namespace {

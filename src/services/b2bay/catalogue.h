@@ -1,8 +1,8 @@
 // The catalogues of the New Zealand B2Bay reports: products, their options, and code tables.
 #pragma once
 
-#include "records/code_tables.h"
-#include "records/products.h"
+#include "zrcreditbureau/code_tables.h"
+#include "zrcreditbureau/products.h"
 
 namespace zr::b2bay {
 

@@ -7,7 +7,7 @@
 #include <iterator>
 #include <string_view>
 
-#include "records/code_tables.h"
+#include "records/component.h"
 
 namespace zr::b2bay {
 

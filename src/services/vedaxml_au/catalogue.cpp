@@ -125,11 +125,11 @@ constexpr struct {
 void build_australian_catalogue(Products& products, CodeTableCollection& code_tables) {
     for (const auto& row : kProducts) {
         Product& product =
-            products.AddProduct(row.id, true, zreProductType::zreProductTypeEnquiry, true);
-        product.RequestOptions(row.request_options);
-        product.Chargeable(true);
+            Component::add(products, row.id, true, zreProductType::zreProductTypeEnquiry, true);
+        Component::set(product.RequestOptions, row.request_options);
+        Component::set(product.Chargeable, true);
         add_options(product, row.options);
-        add_code_table(product.code_tables(), "AccountTypes", row.account_types);
+        Component::add(Component::code_tables(product), "AccountTypes", row.account_types);
     }
     add_code_tables(code_tables, kServiceTables);
 }

@@ -1,8 +1,8 @@
 // The catalogue of the Australian bureau: products, their options, and code tables.
 #pragma once
 
-#include "records/code_tables.h"
-#include "records/products.h"
+#include "zrcreditbureau/code_tables.h"
+#include "zrcreditbureau/products.h"
 
 namespace zr {
 

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "records/component.h"
 #include "xml/zr_xml_utilities.h"
 
 namespace zr::australia {
@@ -39,14 +40,14 @@ void add_company_selections(const SearchPaths& paths, CompanySelections& selecti
         const auto text = [candidate](const XmlPath& path) {
             return ZRXMLUtilities::GetSubNodeString(candidate, path);
         };
-        CompanySelection& selection = selections.AddSelection(text(paths.name));
-        selection.CompanyType(text(paths.organisation_type));
-        selection.CompanyStatus(text(paths.status));
-        selection.RegistrationArea(text(paths.registration_area));
+        CompanySelection& selection = Component::add(selections, text(paths.name));
+        Component::set(selection.CompanyType, text(paths.organisation_type));
+        Component::set(selection.CompanyStatus, text(paths.status));
+        Component::set(selection.RegistrationArea, text(paths.registration_area));
         const std::string entity_type = text(paths.entity_type);
-        selection.CompanyTypeDescription(entity_type.empty() ? selection.CompanyType()
-                                                             : entity_type);
-        selection.CompanyNumber(company_number(paths, candidate));
+        Component::set(selection.CompanyTypeDescription,
+                       entity_type.empty() ? selection.CompanyType() : entity_type);
+        Component::set(selection.CompanyNumber, company_number(paths, candidate));
         selection.BureauFileId(text(paths.reference));
     }
 }

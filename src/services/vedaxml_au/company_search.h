@@ -1,8 +1,8 @@
 // The candidates of an Australian company search.
 #pragma once
 
-#include "records/company_selections.h"
 #include "xml/xml_document.h"
+#include "zrcreditbureau/company_selections.h"
 
 namespace zr::australia {
 

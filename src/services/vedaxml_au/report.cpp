@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "records/component.h"
+
 namespace zr::australia {
 namespace {
 
@@ -20,7 +22,7 @@ class Disqualification final : public ReportExtra {
             const auto date = ZRXMLUtilities::GetNodeDate(until);
             const auto latest = held_date(response.DisqualifiedDirectorshipUntil());
             if (date && (!latest || *latest < *date)) {
-                response.DisqualifiedDirectorshipUntil(*date);
+                Component::set(response.DisqualifiedDirectorshipUntil, *date);
             }
         }
     }
@@ -35,8 +37,8 @@ class Disqualification final : public ReportExtra {
   private:
     static void write(std::string_view group, Response& response, const ReportFormats& formats) {
         if (const auto until = held_date(response.DisqualifiedDirectorshipUntil())) {
-            response.elements().AddElement(group, "Disqualified Directorship", "Until",
-                                           formats.date.format(*until));
+            Component::lines(response).AddElement(group, "Disqualified Directorship", "Until",
+                                                  formats.date.format(*until));
         }
     }
 

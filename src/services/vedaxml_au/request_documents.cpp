@@ -3,11 +3,11 @@
 #include <string_view>
 #include <type_traits>
 
-#include "platform/error.h"
 #include "services/address_writing.h"
 #include "services/message_writing.h"
 #include "values/text.h"
-#include "xml/zr_xml_builder.h"
+#include "zrcreditbureau/error.h"
+#include "zrcreditbureau/zr_xml_builder.h"
 
 namespace zr {
 namespace {

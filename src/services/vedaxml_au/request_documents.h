@@ -4,9 +4,9 @@
 #include <string>
 #include <string_view>
 
-#include "records/products.h"
-#include "records/request.h"
 #include "services/bca_message.h"
+#include "zrcreditbureau/products.h"
+#include "zrcreditbureau/request.h"
 
 namespace zr {
 

@@ -4,7 +4,7 @@
 #include <array>
 #include <string_view>
 
-#include "records/code_tables.h"
+#include "records/component.h"
 
 namespace zr::new_zealand::codes {
 

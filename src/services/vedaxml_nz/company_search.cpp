@@ -1,5 +1,6 @@
 #include "services/vedaxml_nz/company_search.h"
 
+#include "records/component.h"
 #include "xml/zr_xml_utilities.h"
 
 namespace zr::new_zealand {
@@ -17,11 +18,11 @@ void add_company_selections(const SearchPaths& paths, CompanySelections& selecti
         const auto text = [candidate](const XmlPath& path) {
             return ZRXMLUtilities::GetSubNodeString(candidate, path);
         };
-        CompanySelection& selection = selections.AddSelection(text(paths.company_name));
-        selection.CompanyNumber(text(paths.registration_number));
-        selection.CompanyStatus(text(paths.company_status));
-        selection.CompanyTypeDescription(text(paths.company_name_type));
-        selection.RegistrationArea(text(paths.registration_area));
+        CompanySelection& selection = Component::add(selections, text(paths.company_name));
+        Component::set(selection.CompanyNumber, text(paths.registration_number));
+        Component::set(selection.CompanyStatus, text(paths.company_status));
+        Component::set(selection.CompanyTypeDescription, text(paths.company_name_type));
+        Component::set(selection.RegistrationArea, text(paths.registration_area));
     }
 }
 

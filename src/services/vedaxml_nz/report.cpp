@@ -1,5 +1,7 @@
 #include "services/vedaxml_nz/report.h"
 
+#include "records/component.h"
+
 namespace zr::new_zealand {
 namespace {
 
@@ -20,16 +22,17 @@ class CourtFines final : public ReportExtra {
 
     void fill(Response& response, XmlNode root, XmlNode /*person*/) const override {
         if (const XmlNode balance = root.first(report_).first(balance_)) {
-            response.MOJFinesAmount(
-                ZRXMLUtilities::GetSubNodeCurrency(balance, amount_, Currency()));
+            Component::set(response.MOJFinesAmount,
+                           ZRXMLUtilities::GetSubNodeCurrency(balance, amount_, Currency()));
         }
     }
 
     void write_quick_summary(Response& response,
                              const layout::ReportFormats& /*formats*/) const override {
         if (!response.MOJFinesAmount().is_zero()) {
-            response.elements().AddElement("Quick Summary", "Ministry of Justice Fines",
-                                           "Overdue Total", response.MOJFinesAmount().to_plain());
+            Component::lines(response).AddElement("Quick Summary", "Ministry of Justice Fines",
+                                                  "Overdue Total",
+                                                  response.MOJFinesAmount().to_plain());
         }
     }
 

@@ -1,7 +1,7 @@
 // Street types of the New Zealand bureau.
 #pragma once
 
-#include "records/code_tables.h"
+#include "records/component.h"
 
 namespace zr {
 
