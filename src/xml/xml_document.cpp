@@ -183,6 +183,7 @@ struct PlainSearch {
         const XmlNameId name = path.children[depth];
         const XmlNameId* const names = tree.names.data();
         const XmlTree::Node* const nodes = tree.nodes.data();
+        if (!tree.has_name(name)) return kNone;
         const std::uint32_t end = nodes[node].end;
         for (std::uint32_t child = node + 1; child < end; child = nodes[child].end) {
             if (names[child] == name) {
@@ -194,13 +195,9 @@ struct PlainSearch {
     }
 };
 
-bool is_white_space(char character) {
-    return character == ' ' || character == '\n' || character == '\t' || character == '\r';
-}
-
 std::string_view trimmed(std::string_view text) {
-    while (!text.empty() && is_white_space(text.front())) text.remove_prefix(1);
-    while (!text.empty() && is_white_space(text.back())) text.remove_suffix(1);
+    while (!text.empty() && !is_ink(text.front())) text.remove_prefix(1);
+    while (!text.empty() && !is_ink(text.back())) text.remove_suffix(1);
     return text;
 }
 
