@@ -42,6 +42,7 @@ struct XmlTree {
     std::string document_element;  ///< its name, without a prefix
     /// A bit for each name id that an element has.
     std::vector<std::uint64_t> present;
+    XmlWatch* watch = nullptr;  ///< told what is read
 
     bool has_name(XmlNameId name) const {
         const std::size_t word = name / 64U;
