@@ -148,8 +148,8 @@ std::optional<XmlDocument> VedaXmlService::ExecuteRequest(Request& request) {
             return std::nullopt;
         }
     } catch (...) {
-        Failure failure = current_failure();
-        fail(failure_message(failure.kind), std::move(failure));
+        const Failure failure = current_failure();
+        fail(failure_message(failure.kind), failure);
         return std::nullopt;
     }
     return LoadResponseXML(response.ResponseXML());
