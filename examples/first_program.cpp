@@ -1,13 +1,12 @@
 // Translates a stored reply of VedaXML Australia and prints its report line by line; with a style
 // sheet named too, prints the page that the sheet makes of it.
 //     first_program reply.xml [sheet.xsl]
+#include <zrcreditbureau/zrcreditbureau.h>
+
 #include <fstream>
 #include <iostream>
 #include <iterator>
 #include <string>
-
-#include "zrcreditbureau/vedaxml_services.h"
-#include "zrcreditbureau/zr_credit_bureau.h"
 
 int main(int argc, char* argv[]) {
     std::ifstream file(argc > 1 ? argv[1] : "");
@@ -23,8 +22,7 @@ int main(int argc, char* argv[]) {
         return 1;
     }
     if (argc > 2) {
-        auto& service = bureau.Services().Item("VedaXMLAU");
-        dynamic_cast<zr::ServiceVedaXMLAU&>(service).XSLTFileName(argv[2]);
+        bureau.Service("VedaXMLAU")->XSLTFileName(argv[2]);
     }
 
     const auto request = bureau.CreateRequest();

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "zrcreditbureau/date_time.h"
+#include "zrcreditbureau/error.h"
 #include "zrcreditbureau/property.h"
 #include "zrcreditbureau/request.h"
 #include "zrcreditbureau/runtime.h"
@@ -60,6 +61,11 @@ class ZRCreditBureau final {
     /// The reason of the most recent failure, "" when there was none. Success does not clear it.
     const std::string& ErrorMessage() const { return *error_message_; }
 
+    /// The kind of that failure, and which one of its kind it was: for programs, where ErrorMessage
+    /// is for people.
+    FailureKind ErrorKind() const { return failure_.kind; }
+    const std::string& ErrorCode() const { return failure_.code; }
+
     /// The country's services; an empty registry before Initialise and after Dispose.
     const zr::Services& Services() const { return services_; }
 
@@ -101,7 +107,7 @@ class ZRCreditBureau final {
     struct Operation;
 
     /// Stores the reason and answers false.
-    bool fail(std::string message);
+    bool fail(std::string message, Failure failure);
     /// Runs a procedure that answers as it does itself; whatever it throws is stored as its text.
     template <class Procedure>
     bool guarded(Procedure procedure) noexcept;
@@ -121,6 +127,7 @@ class ZRCreditBureau final {
     zr::Services services_;
     std::string country_;
     bool disposed_ = false;
+    Failure failure_;
     std::string own_message_;
     const std::string no_memory_;  ///< there may be none for it when it is needed
     const std::string* error_message_ = &own_message_;

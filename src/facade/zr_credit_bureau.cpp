@@ -29,7 +29,10 @@ class ZRCreditBureau::Context final : public ServiceContext {
                 bureau_.Country() == "NZ" ? Region::kNewZealand : Region::kAustralia};
     }
     const std::string& ErrorMessage() const override { return bureau_.ErrorMessage(); }
-    void SetErrorMessage(std::string message) override { bureau_.fail(std::move(message)); }
+    const Failure& LastFailure() const override { return bureau_.failure_; }
+    void SetErrorMessage(std::string message, Failure failure) override {
+        bureau_.fail(std::move(message), std::move(failure));
+    }
     ZRCreditBureau& facade() override { return bureau_; }
 
   private:
@@ -47,7 +50,8 @@ ZRCreditBureau::ZRCreditBureau(RuntimeMaker make_runtime)
 
 ZRCreditBureau::~ZRCreditBureau() { Dispose(); }
 
-bool ZRCreditBureau::fail(std::string message) {
+bool ZRCreditBureau::fail(std::string message, Failure failure) {
+    failure_ = std::move(failure);
     own_message_ = std::move(message);
     error_message_ = &own_message_;
     return false;
@@ -59,10 +63,11 @@ bool ZRCreditBureau::guarded(Procedure procedure) noexcept {
         try {
             return procedure();
         } catch (...) {
-            return fail(current_error_text());
+            return fail(current_error_text(), current_failure());
         }
     } catch (...) {
         error_message_ = &no_memory_;  // not even for the message
+        failure_ = no_memory();
         return false;
     }
 }
@@ -75,17 +80,18 @@ bool ZRCreditBureau::initialise(std::string_view country) {
     // Cut first, trimmed after: " NZ" leaves " N", which is no country.
     const std::string code = text::upper(text::trim(text::first(country, 2)));
     if (code != "AU" && code != "NZ") {
-        return fail("This Country is not currently supported.");
+        return fail("This Country is not currently supported.", misuse("country-unknown"));
     }
     country_ = code;
     std::unique_ptr<Runtime> runtime;
     try {
         runtime = make_runtime_();
     } catch (...) {
-        return fail(std::string(kNoRuntime) + current_error_text());
+        return fail(std::string(kNoRuntime) + current_error_text(), current_failure());
     }
     if (runtime == nullptr) {
-        return fail(std::string(kNoRuntime) + "Nothing was made.");
+        return fail(std::string(kNoRuntime) + "Nothing was made.",
+                    {FailureKind::kInternal, "no-runtime"});
     }
     // The old services serve until the new ones are complete.
     std::vector<std::shared_ptr<zr::Service>> services = make_services(country_, *context_);
@@ -116,23 +122,24 @@ struct ZRCreditBureau::Operation {
 };
 
 ServiceEngine* ZRCreditBureau::checked_service(const Operation& operation) {
-    const auto failed = [this](std::string message) -> ServiceEngine* {
-        fail(std::move(message));
+    const auto failed = [this](std::string message, const char* word) -> ServiceEngine* {
+        fail(std::move(message), misuse(word));
         return nullptr;
     };
     if (operation.service_name.empty()) {
-        return failed("Service Name not specified.");
+        return failed("Service Name not specified.", "service-missing");
     }
     if (operation.product_id != nullptr && operation.product_id->empty()) {
-        return failed("Product not specified.");
+        return failed("Product not specified.", "product-missing");
     }
     const zr::Service* const face = services_.find(operation.service_name);
     if (face == nullptr) {
-        return failed("Service '" + std::string(operation.service_name) + "' does not exist.");
+        return failed("Service '" + std::string(operation.service_name) + "' does not exist.",
+                      "service-unknown");
     }
     ServiceEngine& service = ServiceEngine::of(*face);
     if (operation.refuse_obsolete && service.definition().obsolete) {
-        return failed("Service is obsolete.");
+        return failed("Service is obsolete.", "service-obsolete");
     }
     if (operation.product_id != nullptr && !check_product(operation, service)) {
         return nullptr;
@@ -143,13 +150,13 @@ ServiceEngine* ZRCreditBureau::checked_service(const Operation& operation) {
 bool ZRCreditBureau::check_product(const Operation& operation, const ServiceEngine& service) {
     const Product* product = service.catalogue().products->find(*operation.product_id);
     if (product == nullptr) {
-        return fail("Product does not exist.");
+        return fail("Product does not exist.", misuse("product-unknown"));
     }
     if (operation.enquiry_only && product->ProductType() != zreProductType::zreProductTypeEnquiry) {
-        return fail("Product type invalid for this request.");
+        return fail("Product type invalid for this request.", misuse("product-type"));
     }
     if (!product->Available()) {
-        return fail("Product is not available for this Service.");
+        return fail("Product is not available for this Service.", misuse("product-not-available"));
     }
     return true;
 }
@@ -158,8 +165,9 @@ template <class Procedure>
 bool ZRCreditBureau::run(const Operation& operation, Procedure procedure) {
     return guarded([&] {
         if (runtime_ == nullptr) {
-            return fail(disposed_ ? "The credit bureau has been disposed of."
-                                  : "The credit bureau has not been initialised.");
+            return disposed_ ? fail("The credit bureau has been disposed of.", misuse("disposed"))
+                             : fail("The credit bureau has not been initialised.",
+                                    misuse("not-initialised"));
         }
         if (operation.unchanged) {
             return true;
@@ -194,7 +202,8 @@ bool ZRCreditBureau::BuildResponse(Request& request, DateTime response_date,
                               .refuse_obsolete = false};
     return run(operation, [&](ServiceEngine& service) {
         if (!response_date.is_date()) {
-            return fail("The response date is not a date of the years 100 to 9999.");
+            return fail("The response date is not a date of the years 100 to 9999.",
+                        misuse("response-date"));
         }
         return service.BuildResponse(request, response_date, response_xml);
     });

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "xml/xml_document.h"
+#include "zrcreditbureau/error.h"
 
 namespace zr {
 
@@ -32,6 +33,7 @@ using ContentErrorWording = std::string (*)(const ReplyCheckPaths& paths, XmlNod
 struct CheckedReply {
     std::optional<XmlDocument> document;
     std::string message;
+    Failure failure = {};
 };
 
 /// Parses a reply against a service's names and runs the checks.

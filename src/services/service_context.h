@@ -7,6 +7,7 @@
 #include "reports/writer.h"
 #include "values/regional_format.h"
 #include "zrcreditbureau/date_time.h"
+#include "zrcreditbureau/error.h"
 #include "zrcreditbureau/http.h"
 #include "zrcreditbureau/runtime.h"
 
@@ -22,7 +23,8 @@ class ServiceContext {
     virtual layout::FormatSettings format_settings() const = 0;
     /// The reason of the most recent failure.
     virtual const std::string& ErrorMessage() const = 0;
-    virtual void SetErrorMessage(std::string message) = 0;
+    virtual const Failure& LastFailure() const = 0;
+    virtual void SetErrorMessage(std::string message, Failure failure) = 0;
     /// The facade itself, for hosts.
     virtual ZRCreditBureau& facade() = 0;
 

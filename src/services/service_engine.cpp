@@ -91,15 +91,15 @@ ServiceContext& ServiceEngine::context() const {
     return *context_;
 }
 
-bool ServiceEngine::fail(std::string message) {
-    context().SetErrorMessage(std::move(message));
+bool ServiceEngine::fail(std::string message, Failure failure) {
+    context().SetErrorMessage(std::move(message), std::move(failure));
     return false;
 }
 
 std::optional<XmlDocument> ServiceEngine::LoadResponseXML(std::string_view response_xml) {
-    CheckedReply reply = definition_.translator().check(response_xml);
+    CheckedReply reply = reader().check(response_xml);
     if (!reply.document) {
-        fail(std::move(reply.message));
+        fail(std::move(reply.message), std::move(reply.failure));
     }
     return std::move(reply.document);
 }
@@ -131,8 +131,8 @@ bool ServiceEngine::build_response(Request& request, DateTime response_date,
             document = LoadResponseXML(response.ResponseXML());
         }
         if (document) {
-            definition_.translator().translate(*this, context().format_settings(),
-                                               counts_directors(), request, document->root());
+            reader().translate(*this, context().format_settings(), counts_directors(), request,
+                               document->root());
         }
     } catch (...) {
         Component::Dirty(request, true);  // half a response answers no later enquiry

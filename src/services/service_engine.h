@@ -58,6 +58,10 @@ class ServiceEngine {
 
     const ServiceDefinition& definition() const { return definition_; }
 
+    /// Has stored replies read by another translator of the same definition, one that tells a
+    /// watch; by the service's own for null.
+    void read_with(const Translator* reader) { reader_ = reader; }
+
     /// What the component looks things up in: what hosts were given of it, or else what the
     /// services of all facades share; empty once the service is disposed of.
     const Catalogue& catalogue() const { return *catalogue_; }
@@ -77,7 +81,7 @@ class ServiceEngine {
     ServiceContext& context() const;
 
     /// Stores the reason and answers false.
-    bool fail(std::string message);
+    bool fail(std::string message, Failure failure);
 
     /// Parses and checks a reply: the document, or nothing after storing the reason.
     std::optional<XmlDocument> LoadResponseXML(std::string_view response_xml);
@@ -95,11 +99,16 @@ class ServiceEngine {
     /// What hosts are given: a catalogue of this service's own, in which they may write codes.
     const Catalogue& own_catalogue();
 
+    const Translator& reader() const {
+        return reader_ != nullptr ? *reader_ : definition_.translator();
+    }
+
     const Service& face_;
     const ServiceDefinition& definition_;
     ServiceContext* context_;
     const Catalogue* catalogue_;
     std::unique_ptr<const Catalogue> own_;
+    const Translator* reader_ = nullptr;
 };
 
 /// The row of the one setting that every service has.

@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <map>
+#include <set>
+
 #include "records/component.h"
 #include "support/fake_bureau.h"
 #include "values/text.h"
@@ -102,8 +105,8 @@ TEST(Facade, OutlivesWhateverTransportAndClockThrow) {
 TEST(Facade, TranslatesAgainFromTheResponseItself) {
     FakeBureau bureau;
     const Response& first = bureau.translated("<BCAmessage service-request-id='1'/>");
-    EXPECT_TRUE(bureau.facade.BuildResponse(*bureau.request, first.ResponseDate(),
-                                            first.ResponseXML()));
+    EXPECT_TRUE(
+        bureau.facade.BuildResponse(*bureau.request, first.ResponseDate(), first.ResponseXML()));
     EXPECT_EQ(bureau.request->Response()->ResponseDate(), kClock.date_only());
     EXPECT_EQ(bureau.request->Response()->RequestId(), "1");
 }
@@ -183,12 +186,18 @@ TEST_F(Validation, StopsAtTheFirstFailure) {
         {"VedaXMLAU", "consumer-enquiry", "", "", ""},
         {"vedaxmlau", "CONSUMER-ENQUIRY", "", "", ""},
     };
+    std::map<std::string, std::set<std::string>> codes;
     for (const auto& row : cases) {
         const auto outcome = [&](auto operation) -> std::string {
             bureau.request->Clear();
             bureau.ask(row.product, row.service);
             bureau.request->CompanyName("ACME");
-            return operation() ? "" : bureau.facade.ErrorMessage();
+            if (operation()) {
+                return "";
+            }
+            EXPECT_EQ(bureau.facade.ErrorKind(), FailureKind::kMisuse);
+            codes[bureau.facade.ErrorMessage()].insert(bureau.facade.ErrorCode());
+            return bureau.facade.ErrorMessage();
         };
         Request& request = *bureau.request;
         EXPECT_EQ(outcome([&] { return bureau.facade.ExecuteCreditEnquiry(request); }), row.enquiry)
@@ -199,6 +208,12 @@ TEST_F(Validation, StopsAtTheFirstFailure) {
                   row.translate)
             << row.service << "/" << row.product;
     }
+    EXPECT_EQ(codes[kNoService], std::set<std::string>{"service-missing"});
+    EXPECT_EQ(codes[kNoProduct], std::set<std::string>{"product-missing"});
+    EXPECT_EQ(codes[kUnknown], std::set<std::string>{"service-unknown"});
+    EXPECT_EQ(codes[kNoSuchProduct], std::set<std::string>{"product-unknown"});
+    EXPECT_EQ(codes[kWrongType], std::set<std::string>{"product-type"});
+    EXPECT_EQ(codes[kNotAvailable], std::set<std::string>{"product-not-available"});
     EXPECT_FALSE(bureau.facade.ExecuteVerifyConnection(""));
     EXPECT_EQ(bureau.facade.ErrorMessage(), kNoService);
     EXPECT_FALSE(bureau.facade.ExecuteVerifyConnection("X"));

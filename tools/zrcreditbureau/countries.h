@@ -23,6 +23,10 @@ struct KnownSetting {
 /// Every writable setting of any country's services, each name once.
 std::vector<KnownSetting> known_settings();
 
+/// What the registries have for "ServiceName" or "ProductId", and the product options for
+/// "Options"; "" for others; joined by "|".
+std::string known_values(std::string_view property);
+
 /// The country whose service this is; "" when no country has it.
 std::string_view country_of_service(std::string_view name);
 

@@ -35,14 +35,16 @@ class Engine final : public VedaXmlEngine {
         request->ServiceName(definition().name);
         Component::RequestXML(*request, new_zealand_ping(sender()));
         if (!ExecuteRequest(*request)) {
-            return fail("Failed PING test.\r\n\r\n" + context().ErrorMessage());
+            return fail("Failed PING test.\r\n\r\n" + context().ErrorMessage(),
+                        context().LastFailure());
         }
         // Whether the client may enquire shows only in a real search.
         request->ProductId("enquiry_company");
         request->CompanyName("Zarnow");
         if (!GetList(*request)) {
             return fail("Passed PING test.\r\nFailed company-selection-list test.\r\n\r\n" +
-                        context().ErrorMessage());
+                            context().ErrorMessage(),
+                        context().LastFailure());
         }
         return true;
     }
@@ -52,7 +54,7 @@ class Engine final : public VedaXmlEngine {
 
     bool BuildCreditEnquiryXML(Request& request) override {
         if (const std::string_view fault = new_zealand_enquiry_fault(request); !fault.empty()) {
-            return fail(std::string(fault));
+            return fail(std::string(fault), misuse("request-incomplete"));
         }
         const Product* product = product_of(request);
         if (product == nullptr) {
@@ -92,7 +94,7 @@ class Engine final : public VedaXmlEngine {
     const Product* product_of(const Request& request) {
         const Product* product = catalogue().products->find(request.ProductId());
         if (product == nullptr) {
-            fail("Product does not exist.");
+            fail("Product does not exist.", misuse("product-unknown"));
         }
         return product;
     }
