@@ -16,6 +16,7 @@
 #include "zrcreditbureau/output.h"
 #include "zrcreditbureau/report_text.h"
 #include "zrcreditbureau/result_form.h"
+#include "zrcreditbureau/schema.h"
 
 namespace zr::cli {
 namespace {
@@ -57,6 +58,7 @@ bool exists(Format format, const Outcome& outcome) {
             return !outcome.response->ResponseXML().empty();
         case Format::kJson:
         case Format::kCsv:
+        case Format::kSqlite:
             return true;
         case Format::kHtml:
             return outcome.response != nullptr && !outcome.response->ResponseHTML().empty();
@@ -89,6 +91,7 @@ void write_form(Output& output, Format format, const Invocation& invocation,
             output.write(outcome.response->ResponseXML());
             return;
         case Format::kJson:
+        case Format::kSqlite:  // is made of many
             write_json(output, [&](automation::JsonWriter& json) {
                 write_result(json, operation, outcome, fields);
             });
@@ -254,7 +257,7 @@ void refuse_overwriting(const Invocation& invocation) {
         named.push_back(document.path);
     }
     const bool gathers = invocation.many || invocation.ndjson;
-    for (const std::string_view ending : {"", ".part", ".part.run"}) {
+    for (const std::string_view ending : {"", ".part", ".part.run", ".part.db"}) {
         if (invocation.output_path.empty() || (!ending.empty() && !gathers)) {
             continue;
         }
@@ -279,10 +282,16 @@ int run_operation(const Invocation& invocation) {
 }
 
 int run_completion(const Invocation& invocation) {
-    if (invocation.shell.empty()) {
-        throw MisuseError("Name the shell: bash, zsh or fish.");
-    }
-    std::cout << completion_text(invocation.shell);
+    std::cout << completion_text(invocation.subject);
+    return kDone;
+}
+
+int run_schema(const Invocation& invocation) {
+    Output output(invocation.output_path);
+    write_json(output, [&](automation::JsonWriter& json) {
+        invocation.subject == "job" ? write_job_schema(json) : write_result_schema(json);
+    });
+    output.finish();
     return kDone;
 }
 
@@ -320,6 +329,8 @@ constexpr Command kCommands[] = {
      std::nullopt, run_completion},
     {kManual, "manual", "Print the manual page", "zrcreditbureau manual | man -l -", std::nullopt,
      run_manual},
+    {kSchema, "schema", "Print the JSON Schema of jobs or of results",
+     "zrcreditbureau schema result", std::nullopt, run_schema},
 };
 
 }  // namespace

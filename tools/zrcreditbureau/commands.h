@@ -15,7 +15,7 @@
 
 namespace zr::cli {
 
-enum class Format { kText, kJson, kHtml, kCsv, kReply };
+enum class Format { kText, kJson, kHtml, kCsv, kSqlite, kReply };
 
 /// A form of the outcome and the file that it goes to.
 struct Document {
@@ -35,6 +35,7 @@ enum CommandSet : std::uint32_t {
     kTranslate = 1U << 6,
     kCompletion = 1U << 7,
     kManual = 1U << 8,
+    kSchema = 1U << 9,
 };
 constexpr CommandSet operator|(CommandSet one, CommandSet other) {
     return CommandSet(std::uint32_t{one} | std::uint32_t{other});
@@ -63,7 +64,7 @@ struct Invocation {
     Batch batch;
     Format format = Format::kText;
     std::string output_path;
-    std::string shell;             ///< whose completion is asked for
+    std::string subject;           ///< what is to be printed, of commands that print one of several
     std::vector<Document> beside;  ///< other forms in files of their own
     automation::ResponseFields fields = automation::ResponseFields::all();
     std::vector<std::string> inputs;  ///< files that are read
