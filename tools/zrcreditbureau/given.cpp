@@ -90,8 +90,8 @@ std::string usual_settings_file() {
 void complete_batch(Given& given) {
     Invocation& invocation = given;
     Batch& batch = invocation.batch;
-    invocation.many = given.jobs || given.shard || batch.resume || !batch.input.empty() ||
-                      given.reply_files.size() > 1 ||
+    invocation.many = invocation.command->id == kCheck || given.jobs || given.shard ||
+                      batch.resume || !batch.input.empty() || given.reply_files.size() > 1 ||
                       std::any_of(given.reply_files.begin(), given.reply_files.end(), is_folder);
     if (!invocation.many) {
         return;
@@ -110,7 +110,8 @@ void complete_batch(Given& given) {
         throw MisuseError("Name files or folders of replies, or --input FILE of jobs.");
     }
     if (!invocation.beside.empty() ||
-        (!given.format_name.empty() && invocation.format != Format::kJson && !batch.csv)) {
+        (invocation.command->id != kCheck && !given.format_name.empty() &&
+         invocation.format != Format::kJson && !batch.csv)) {
         throw MisuseError(
             "Many replies give one JSON result a line, or csv: no other --format, no file of "
             "another form.");
@@ -180,7 +181,16 @@ Invocation complete(Given& given) {
     if (!given.country.empty()) {
         job.country = given.country;
     }
+    if (!invocation.known_path.empty() && invocation.command->id != kCheck &&
+        invocation.check_path.empty()) {
+        throw MisuseError("--known goes with --check.");
+    }
     job.strict = given.strict;
+    if (given.explain) {
+        job.check = ReplyCheck::Depth::kExplanation;
+    } else if (invocation.command->id == kCheck || !invocation.check_path.empty()) {
+        job.check = ReplyCheck::Depth::kFindings;
+    }
     job.guarded = !given.no_guard;
     if (given.production) {
         job.test_mode = false;
@@ -198,7 +208,8 @@ Invocation complete(Given& given) {
             job.response_date = convert::to_host_date(date.text());
         }
     }
-    invocation.inputs = {given.settings_file, given.request_file, invocation.batch.input};
+    invocation.inputs = {given.settings_file, given.request_file, invocation.batch.input,
+                         invocation.known_path};
     for (const std::string& file : given.reply_files) {
         invocation.inputs.push_back(file);
     }
@@ -231,7 +242,7 @@ Invocation complete(Given& given) {
         if (given.reply_files.empty()) {
             throw MisuseError("Name the file of the reply, or - for standard input.");
         }
-        job.response_xml = read_text_file(given.reply_files.front());
+        job.response_xml = read_text_file(given.reply_files.front(), job.encoding);
     }
     return std::move(invocation);
 }

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "automation/json.h"
+#include "checks/reply_check.h"
 #include "values/date_time.h"
 
 namespace zr::cli {
@@ -41,6 +42,9 @@ struct Job {
     bool strict = false;
     /// What is probably a mistake is refused before it is sent; likewise.
     bool guarded = true;
+    /// Whether it is told what became of everything in the reply; likewise.
+    std::optional<ReplyCheck::Depth> check{};
+    std::string encoding{};  ///< in which the reply's file was; "" where it was no file
 };
 
 /// Reads the members of a job document into `job`. Throws automation::JsonError.
