@@ -84,9 +84,8 @@ void ReplyCheck::Watch::note_fields() {
         }
         whole = origins_[at].empty() ? whole : origins_[at];
         values_[at] = std::move(now);
-        const bool comes_from_it =
-            !is_number(property.type) ||
-            convert::to_currency(read) == convert::to_currency(values_[at]);
+        const bool comes_from_it = !is_number(property.type) ||
+                                   convert::to_currency(read) == convert::to_currency(values_[at]);
         if (last_.node && comes_from_it && property.type != ValueType::kBoolean) {
             changed.push_back(at);
         }
@@ -128,8 +127,7 @@ std::vector<Origin> ReplyCheck::Watch::to_origins(const SourceMap& source,
 }
 
 /// Of a line that stands in no layout: it shows what is counted of a family, or a field.
-std::vector<ReadValue> ReplyCheck::Watch::origins_beside_layout(
-    const ResponseElement& line) const {
+std::vector<ReadValue> ReplyCheck::Watch::origins_beside_layout(const ResponseElement& line) const {
     std::vector<ReadValue> origins;
     for (const SummaryBlock& block : blocks()) {
         if (!origins.empty() || line.ResponseSubGroup() != block.sub_group) {

@@ -69,7 +69,11 @@ void ReplyCheck::Watch::find_unread(const SourceMap& source) {
     const auto add = [&](std::uint32_t index, std::string_view attribute) {
         const auto [entry, is_new] = met.try_emplace({like[index], attribute}, findings.size());
         if (is_new) {
-            findings.push_back({Finding::Kind::kNotShown, source.path(index, attribute), {}, {}, 1,
+            findings.push_back({Finding::Kind::kNotShown,
+                                source.path(index, attribute),
+                                {},
+                                {},
+                                1,
                                 source.position(index).line});
         } else {
             ++findings[entry->second].times;
@@ -84,13 +88,11 @@ void ReplyCheck::Watch::find_unread(const SourceMap& source) {
         const auto attributes = source.attributes(index);
         // An element that is just there says something by its name, when no path has that name.
         const bool bare = !element.has_text && !element.has_children && attributes.empty();
-        if (texts_[index] == 0 &&
-            (element.has_text || (bare && names_->find(element.name) == 0))) {
+        if (texts_[index] == 0 && (element.has_text || (bare && names_->find(element.name) == 0))) {
             add(index, {});
         }
         for (const SourceMap::Attribute& attribute : attributes) {
-            const std::uint64_t key =
-                std::uint64_t{index} << 16U | names_->find(attribute.name);
+            const std::uint64_t key = std::uint64_t{index} << 16U | names_->find(attribute.name);
             if (attribute.filled && !attribute.name.starts_with("xmlns") &&
                 !std::ranges::binary_search(attributes_, key)) {
                 add(index, attribute.name);
@@ -206,11 +208,11 @@ void ReplyCheck::Watch::find_other_totals(const SourceMap& source) {
         const std::optional<std::size_t> own = own_total(label);
         if (own && convert::is_number(total) &&
             convert::to_number(total, 0) != static_cast<double>(*own)) {
-            add_finding({Finding::Kind::kDisagreeing, source.path(line.record.index()),
-                         "the bureau's total of " + std::string(label),
-                         std::string(total) + " in the reply, " + std::to_string(*own) +
-                             " in the report",
-                         1, source.position(line.record.index()).line});
+            add_finding(
+                {Finding::Kind::kDisagreeing, source.path(line.record.index()),
+                 "the bureau's total of " + std::string(label),
+                 std::string(total) + " in the reply, " + std::to_string(*own) + " in the report",
+                 1, source.position(line.record.index()).line});
         }
     }
 }

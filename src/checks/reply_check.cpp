@@ -13,11 +13,15 @@ ReplyCheck::ReplyCheck(const Translator& translator, Depth depth)
 
 ReplyCheck::~ReplyCheck() = default;
 
-ReplyCheck::Watching::Watching(const ReplyCheck& check, ReplyService& service) : service_(service) {
+ReplyCheck::Watching::Watching(const ReplyCheck& check, ReplyService& service)
+    : check_(check), service_(service) {
     service_.read_with(&check.translator_);
 }
 
-ReplyCheck::Watching::~Watching() { service_.read_with(nullptr); }
+ReplyCheck::Watching::~Watching() {
+    service_.read_with(nullptr);
+    check_.watch_->leave();
+}
 
 std::vector<Finding> ReplyCheck::take_findings() { return std::exchange(watch_->findings, {}); }
 

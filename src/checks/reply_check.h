@@ -24,8 +24,8 @@ struct Finding {
         kEncoding,      ///< the text is not in the encoding that it says
     };
     Kind kind;
-    std::string path;     ///< of the element, without positions; "" where it is the whole reply's
-    std::string what{};   ///< what is wrong, in words that are the same for every reply
+    std::string path;       ///< of the element, without positions; "" where it is the whole reply's
+    std::string what{};     ///< what is wrong, in words that are the same for every reply
     std::string example{};  ///< and here; "" where nothing needs saying
     std::size_t times = 1;
     std::size_t line = 0;  ///< of the reply's text, where it is met first
@@ -71,6 +71,7 @@ class ReplyCheck {
         Watching& operator=(const Watching&) = delete;
 
       private:
+        const ReplyCheck& check_;
         ReplyService& service_;
     };
 

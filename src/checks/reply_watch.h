@@ -31,6 +31,9 @@ class ReplyCheck::Watch final : public ReportWatch {
     /// Before the first reply: what the translator that tells this watch was made of.
     void set_translator(const Translator& translator);
 
+    /// Forgets a report that came to no end.
+    void leave() { response_ = nullptr; }
+
     void begin_report(const Response& response) override;
     void end_report() override;
     void read(XmlNode context, const XmlPath* path, XmlNode found, XmlNameId attribute) override;
@@ -122,9 +125,9 @@ class ReplyCheck::Watch final : public ReportWatch {
 
     // Of the reply that is being translated.
     const Response* response_ = nullptr;
-    mutable bool quiet_ = false;  ///< reads are the watch's own
-    std::vector<std::uint8_t> texts_;          ///< how each element's text was read, by its index
-    std::vector<std::uint64_t> attributes_;    ///< read: element and name
+    mutable bool quiet_ = false;             ///< reads are the watch's own
+    std::vector<std::uint8_t> texts_;        ///< how each element's text was read, by its index
+    std::vector<std::uint64_t> attributes_;  ///< read: element and name
     std::vector<Frame> frames_;
     std::vector<ReadValue> reads_;  ///< of the pieces
     std::vector<Line> lines_;

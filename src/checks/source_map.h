@@ -55,7 +55,7 @@ class SourceMap {
     std::vector<Attribute> attributes_;
     std::uint32_t open_ = 0;  ///< the element that the scan is in
     // Made where they are first asked for.
-    mutable std::vector<std::uint32_t> numbers_;     ///< of each element among those of its name
+    mutable std::vector<std::uint32_t> numbers_;  ///< of each element among those of its name
     mutable std::vector<std::size_t> line_begins_;
 };
 

@@ -35,7 +35,7 @@ class ReplyService : public Service {
     virtual bool counts_directors() const { return false; }
 
     /// Stores the reason and answers false.
-    bool fail(std::string message);
+    bool fail(std::string message, Failure failure);
 
     /// Parses and checks a reply: the document, or nothing after storing the reason.
     std::optional<XmlDocument> LoadResponseXML(std::string_view response_xml);

@@ -48,10 +48,13 @@ Outcome translate_file(Performer& performer, const Job& base, const std::string&
         return performer.perform(job);
     } catch (const MisuseError& error) {
         outcome.error_message = error.what();
+        outcome.failure = misuse("file");
     } catch (const automation::JsonError& error) {
         outcome.error_message = error.what();
+        outcome.failure = misuse("job");
     } catch (const std::exception& error) {
         outcome.error_message = error_text(error);
+        outcome.failure = current_failure();
     }
     return outcome;
 }
@@ -171,7 +174,7 @@ BatchResult Run::perform(Performer& performer, const std::vector<BatchItem>& ite
         result.doubtful += outcome.result && !outcome.warning.empty() ? 1 : 0;
         const std::string& message = outcome.result ? outcome.warning : outcome.error_message;
         if (!message.empty()) {
-            result.messages.push_back(name + ": " + message);
+            result.messages.push_back(std::string(name).append(": ").append(message));
         }
     }
     return result;

@@ -17,6 +17,7 @@
 #include "zrcreditbureau/output.h"
 #include "zrcreditbureau/report_text.h"
 #include "zrcreditbureau/result_form.h"
+#include "zrcreditbureau/schema.h"
 
 namespace zr::cli {
 namespace {
@@ -330,10 +331,16 @@ int run_check(const Invocation& invocation) {
 }
 
 int run_completion(const Invocation& invocation) {
-    if (invocation.shell.empty()) {
-        throw MisuseError("Name the shell: bash, zsh or fish.");
-    }
-    std::cout << completion_text(invocation.shell);
+    std::cout << completion_text(invocation.subject);
+    return kDone;
+}
+
+int run_schema(const Invocation& invocation) {
+    Output output(invocation.output_path);
+    write_json(output, [&](automation::JsonWriter& json) {
+        invocation.subject == "job" ? write_job_schema(json) : write_result_schema(json);
+    });
+    output.finish();
     return kDone;
 }
 
@@ -375,6 +382,8 @@ constexpr Command kCommands[] = {
      std::nullopt, run_completion},
     {kManual, "manual", "Print the manual page", "zrcreditbureau manual | man -l -", std::nullopt,
      run_manual},
+    {kSchema, "schema", "Print the JSON Schema of jobs or of results",
+     "zrcreditbureau schema result", std::nullopt, run_schema},
 };
 
 }  // namespace

@@ -35,7 +35,8 @@ enum CommandSet : std::uint32_t {
     kTranslate = 1U << 6,
     kCompletion = 1U << 7,
     kManual = 1U << 8,
-    kCheck = 1U << 9,
+    kSchema = 1U << 9,
+    kCheck = 1U << 10,
 };
 constexpr CommandSet operator|(CommandSet one, CommandSet other) {
     return CommandSet(std::uint32_t{one} | std::uint32_t{other});
@@ -67,7 +68,7 @@ struct Invocation {
     std::string check_path;        ///< where the check of what is translated goes; "" for none
     std::string known_path;        ///< findings to pass over
     bool explain = false;          ///< where everything comes from is wanted too
-    std::string shell;             ///< whose completion is asked for
+    std::string subject;           ///< what is to be printed, of commands that print one of several
     std::vector<Document> beside;  ///< other forms in files of their own
     automation::ResponseFields fields = automation::ResponseFields::all();
     std::vector<std::string> inputs;  ///< files that are read

@@ -25,17 +25,15 @@ void for_each_country(Visit visit) {
     }
 }
 
-/// Calls `visit` with each service of each country.
-template <class Visit>
-void for_each_service(Visit visit) {
+}  // namespace
+
+void for_each_service(const std::function<void(const Service&)>& visit) {
     for_each_country([&](std::string_view /*country*/, const Services& services) {
         for (std::int32_t position = 1; position <= services.Count(); ++position) {
             visit(services.Item(position));
         }
     });
 }
-
-}  // namespace
 
 std::vector<KnownSetting> known_settings() {
     std::vector<KnownSetting> known;

@@ -3,11 +3,13 @@
 #pragma once
 
 #include <array>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "records/property.h"
+#include "services/service.h"
 
 namespace zr::cli {
 
@@ -19,6 +21,9 @@ struct KnownSetting {
     ValueType type;
     std::string_view meaning;
 };
+
+/// Calls `visit` with each service of each country.
+void for_each_service(const std::function<void(const Service&)>& visit);
 
 /// Every writable setting of any country's services, each name once.
 std::vector<KnownSetting> known_settings();

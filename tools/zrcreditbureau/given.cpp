@@ -161,6 +161,11 @@ void complete_sheet(Invocation& invocation) {
 Invocation complete(Given& given) {
     Invocation& invocation = given;
     Job& job = invocation.job;
+    for (const Option* const option : options_of(*invocation.command)) {
+        if (option->is_positional() && option->is_choice() && invocation.subject.empty()) {
+            throw MisuseError("Name the " + option->names + ": " + option->choice() + ".");
+        }
+    }
     invocation.batch.input = given.input;
     invocation.batch.resume = given.resume;
     invocation.batch.quiet = given.quiet;
