@@ -15,6 +15,7 @@
 #include "platform/error.h"
 #include "values/convert.h"
 #include "values/text.h"
+#include "zrcreditbureau/database.h"
 #include "zrcreditbureau/failure.h"
 #include "zrcreditbureau/files.h"
 #include "zrcreditbureau/fingerprint.h"
@@ -332,9 +333,10 @@ struct Target {
         if (batch.results_only) {
             return;
         }
-        if (!source.identity() && batch.resume) {
+        if (!source.identity() && (batch.resume || batch.database)) {
             throw MisuseError(
-                "--resume needs an input that can be read again: name files, folders or --input "
+                std::string(batch.resume ? "--resume" : "--format sqlite") +
+                " needs an input that can be read again: name files, folders or --input "
                 "FILE.");
         }
         const DateTime today = base.response_date.value_or(DateTime::now().date_only());
@@ -361,7 +363,14 @@ struct Target {
     }
 
     Output& output() { return part ? part->output() : *plain; }
-    void finish() { part ? part->finish() : plain->finish(); }
+    void finish(const Batch& batch, const std::string& path) {
+        if (batch.database) {
+            part->finish(
+                [&](const std::string& results) { write_database(results, path, batch.fields); });
+        } else {
+            part ? part->finish() : plain->finish();
+        }
+    }
 
     std::optional<Output> plain;
     std::optional<PartFile> part;
@@ -436,9 +445,10 @@ int run_batch(const Batch& batch, Job base, const std::string& output_path) {
     Event stop;
     Interruption interruption;
     const std::unique_ptr<JobSource> source =
-        batch.names.empty()
+        batch.names.empty() && !batch.may_be_none
             ? make_line_source(batch.input == "-" ? "" : batch.input, batch.shard, stop)
-            : make_file_source(batch.names, batch.shard, output_path);
+            : make_file_source(batch.names, batch.shard, output_path, batch.done,
+                               batch.may_be_none);
     Target target(batch, base, *source, output_path);
     Progress progress(batch.quiet || batch.results_only);
     remark(progress, source->remarks());
@@ -451,7 +461,7 @@ int run_batch(const Batch& batch, Job base, const std::string& output_path) {
     const int signal = go(run, interruption, batch, target);
     const Standing standing = run.standing();
     if (signal == 0) {
-        target.finish();
+        target.finish(batch, output_path);
         if (!batch.results_only) {
             remark(progress, source->additions());
         }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -21,7 +22,10 @@ struct Batch {
     Shard shard;
     bool resume = false;
     bool quiet = false;
-    bool csv = false;  ///< rows instead of JSON
+    bool csv = false;            ///< rows instead of JSON
+    bool database = false;       ///< tables instead of JSON
+    std::set<std::string> done;  ///< files that are passed over
+    bool may_be_none = false;    ///< nothing to do is no mistake
     automation::ResponseFields fields = automation::ResponseFields::all();
     /// For programs: a job that fails has its result and no more, neither a line on standard error
     /// nor a part in the exit status.

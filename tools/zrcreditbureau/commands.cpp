@@ -61,6 +61,7 @@ bool exists(Format format, const Outcome& outcome) {
             return !outcome.response->ResponseXML().empty();
         case Format::kJson:
         case Format::kCsv:
+        case Format::kSqlite:
             return true;
         case Format::kHtml:
             return outcome.response != nullptr && !outcome.response->ResponseHTML().empty();
@@ -93,6 +94,7 @@ void write_form(Output& output, Format format, const Invocation& invocation,
             output.write(outcome.response->ResponseXML());
             return;
         case Format::kJson:
+        case Format::kSqlite:  // is made of many
             write_json(output, [&](automation::JsonWriter& json) {
                 write_result(json, operation, outcome, fields);
             });
@@ -271,7 +273,7 @@ void refuse_overwriting(const Invocation& invocation) {
         named.push_back(document.path);
     }
     const bool gathers = invocation.many || invocation.ndjson;
-    for (const std::string_view ending : {"", ".part", ".part.run"}) {
+    for (const std::string_view ending : {"", ".part", ".part.run", ".part.db"}) {
         if (invocation.output_path.empty() || (!ending.empty() && !gathers)) {
             continue;
         }

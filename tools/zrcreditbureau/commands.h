@@ -15,7 +15,7 @@
 
 namespace zr::cli {
 
-enum class Format { kText, kJson, kHtml, kCsv, kReply };
+enum class Format { kText, kJson, kHtml, kCsv, kSqlite, kReply };
 
 /// A form of the outcome and the file that it goes to.
 struct Document {

@@ -67,8 +67,10 @@ const std::vector<Option>& own_options() {
          "json"},
         {kOutput, kLayout | kCompose | kVerify | kCheck, "--format", "FORMAT", "Form",
          &Given::format_name, "text|json", "text"},
-        {kOutput, kReporting, "--format", "FORMAT", "Form", &Given::format_name,
-         "text|json|html|csv", "text"},
+        {kOutput, kSending, "--format", "FORMAT", "Form", &Given::format_name, "text|json|html|csv",
+         "text"},
+        {kOutput, kTranslate, "--format", "FORMAT", "Form", &Given::format_name,
+         "text|json|html|csv|sqlite", "text"},
         {kOutput, kOperations | kShowing, "--output", "FILE",
          "File to write, which appears when it is complete; standard output otherwise",
          &Given::output_path},
@@ -100,6 +102,13 @@ const std::vector<Option>& own_options() {
         {kMany, kStored, "--jobs", "N", "Translate on so many workers", &Given::jobs, "", "1"},
         {kMany, kStored, "--input", "FILE",
          "File of jobs, one JSON job a line; - for standard input", &Given::input},
+        {kMany, kTranslate, "--files-from", "FILE",
+         "File that names replies, one a line, or an earlier output, of which those that failed "
+         "are "
+         "translated again",
+         &Given::files_from},
+        {kMany, kTranslate, "--only-new", "FILE",
+         "Pass over the replies that this earlier output has, of json or sqlite", &Given::only_new},
         {kMany, kStored, "--shard", "i/n",
          "Only the i-th of n parts of the input; the parts' results one behind the other are the "
          "results of the whole",
@@ -259,8 +268,8 @@ std::span<const Note> notes() {
          "Other users of this machine can see a command line: give passwords in a --settings file "
          "or in the environment. An option wins over the environment, which wins over the file."},
         {kTranslate,
-         "Many replies (several files, a folder, or any of --jobs, --input, --shard, --resume) "
-         "give one JSON result a line in the order of the input, headed by \"File\" where replies "
+         "Many replies (several files, a folder, sqlite, or any option of that section) give one "
+         "JSON result a line in the order of the input, headed by \"File\" where replies "
          "are files. A reply that fails is told on standard error and the run goes on. Exit "
          "status: 0 when all were translated, 1 when any failed, 130 or 143 when interrupted."},
         {kCheck,
