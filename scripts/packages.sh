@@ -6,7 +6,8 @@ packages_test="libgtest-dev python3"
 packages_bench="libbenchmark-dev python3 python3-lxml valgrind xsltproc"
 packages_torture="valgrind strace openssl tinyproxy squid"
 packages_pages="chromium poppler-utils fonts-dejavu-core python3"
-packages_check="ccache clang-14 clang-tidy-14 clang-format-14 libclang-rt-14-dev"
+packages_check="ccache clang-14 clang-tidy-14 clang-format-14 libclang-rt-14-dev
+  mandoc zsh fish python3-jsonschema"
 
 # One compiler cache for every build folder, where there is one.
 export CCACHE_BASEDIR=$PWD CCACHE_NOHASHDIR=1 CCACHE_SLOPPINESS=pch_defines,time_macros

@@ -23,8 +23,8 @@ ZRCreditBureau::ZRCreditBureau(RuntimeMaker make_runtime)
 
 ZRCreditBureau::~ZRCreditBureau() { Dispose(); }
 
-bool ZRCreditBureau::fail(std::string message) {
-    SetErrorMessage(std::move(message));
+bool ZRCreditBureau::fail(std::string message, Failure failure) {
+    SetErrorMessage(std::move(message), std::move(failure));
     return false;
 }
 
@@ -34,10 +34,11 @@ bool ZRCreditBureau::guarded(Procedure procedure) noexcept {
         try {
             return procedure();
         } catch (...) {
-            return fail(current_error_text());
+            return fail(current_error_text(), current_failure());
         }
     } catch (...) {
         error_message_ = &no_memory_;  // not even for the message
+        failure_ = no_memory();
         return false;
     }
 }
@@ -50,17 +51,18 @@ bool ZRCreditBureau::initialise(std::string_view country) {
     // Cut first, trimmed after: " NZ" leaves " N", which is no country.
     const std::string code = text::upper(text::trim(text::first(country, 2)));
     if (code != "AU" && code != "NZ") {
-        return fail("This Country is not currently supported.");
+        return fail("This Country is not currently supported.", misuse("country-unknown"));
     }
     country_ = code;
     std::unique_ptr<zr::Runtime> runtime;
     try {
         runtime = make_runtime_();
     } catch (...) {
-        return fail(std::string(kNoRuntime) + current_error_text());
+        return fail(std::string(kNoRuntime) + current_error_text(), current_failure());
     }
     if (runtime == nullptr) {
-        return fail(std::string(kNoRuntime) + "Nothing was made.");
+        return fail(std::string(kNoRuntime) + "Nothing was made.",
+                    {FailureKind::kInternal, "no-runtime"});
     }
     // The old registry serves until the new one is complete.
     auto services = std::make_unique<zr::Services>();
@@ -90,22 +92,23 @@ struct ZRCreditBureau::Operation {
 };
 
 Service* ZRCreditBureau::checked_service(const Operation& operation) {
-    const auto failed = [this](std::string message) -> Service* {
-        fail(std::move(message));
+    const auto failed = [this](std::string message, const char* word) -> Service* {
+        fail(std::move(message), misuse(word));
         return nullptr;
     };
     if (operation.service_name.empty()) {
-        return failed("Service Name not specified.");
+        return failed("Service Name not specified.", "service-missing");
     }
     if (operation.product_id != nullptr && operation.product_id->empty()) {
-        return failed("Product not specified.");
+        return failed("Product not specified.", "product-missing");
     }
     if (!services_->Exists(operation.service_name)) {
-        return failed("Service '" + std::string(operation.service_name) + "' does not exist.");
+        return failed("Service '" + std::string(operation.service_name) + "' does not exist.",
+                      "service-unknown");
     }
     Service& service = services_->Item(operation.service_name);
     if (operation.refuse_obsolete && service.Obsolete()) {
-        return failed("Service is obsolete.");
+        return failed("Service is obsolete.", "service-obsolete");
     }
     if (operation.product_id != nullptr && !check_product(operation, service)) {
         return nullptr;
@@ -116,13 +119,13 @@ Service* ZRCreditBureau::checked_service(const Operation& operation) {
 bool ZRCreditBureau::check_product(const Operation& operation, const Service& service) {
     const Product* product = service.Products().find(*operation.product_id);
     if (product == nullptr) {
-        return fail("Product does not exist.");
+        return fail("Product does not exist.", misuse("product-unknown"));
     }
     if (operation.enquiry_only && product->ProductType() != zreProductType::zreProductTypeEnquiry) {
-        return fail("Product type invalid for this request.");
+        return fail("Product type invalid for this request.", misuse("product-type"));
     }
     if (!product->Available()) {
-        return fail("Product is not available for this Service.");
+        return fail("Product is not available for this Service.", misuse("product-not-available"));
     }
     return true;
 }
@@ -131,8 +134,9 @@ template <class Procedure>
 bool ZRCreditBureau::run(const Operation& operation, Procedure procedure) {
     return guarded([&] {
         if (runtime_ == nullptr) {
-            return fail(disposed_ ? "The credit bureau has been disposed of."
-                                  : "The credit bureau has not been initialised.");
+            return disposed_ ? fail("The credit bureau has been disposed of.", misuse("disposed"))
+                             : fail("The credit bureau has not been initialised.",
+                                    misuse("not-initialised"));
         }
         if (operation.unchanged) {
             return true;
@@ -167,7 +171,8 @@ bool ZRCreditBureau::BuildResponse(Request& request, DateTime response_date,
                               .refuse_obsolete = false};
     return run(operation, [&](Service& service) {
         if (!response_date.is_date()) {
-            return fail("The response date is not a date of the years 100 to 9999.");
+            return fail("The response date is not a date of the years 100 to 9999.",
+                        misuse("response-date"));
         }
         return service.BuildResponse(request, response_date, response_xml);
     });

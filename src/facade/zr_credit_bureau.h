@@ -60,6 +60,11 @@ class ZRCreditBureau final : private ServiceContext {
     /// The reason of the most recent failure, "" when there was none. Success does not clear it.
     const std::string& ErrorMessage() const override { return *error_message_; }
 
+    /// The kind of that failure, and which one of its kind it was: for programs, where ErrorMessage
+    /// is for people.
+    FailureKind ErrorKind() const { return failure_.kind; }
+    const std::string& ErrorCode() const { return failure_.code; }
+
     /// The country's services; an empty registry before Initialise and after Dispose.
     const zr::Services& Services() const { return *services_; }
 
@@ -91,7 +96,9 @@ class ZRCreditBureau final : private ServiceContext {
   private:
     // What services see of the facade.
     Region region() const override;
-    void SetErrorMessage(std::string message) override {
+    const Failure& LastFailure() const override { return failure_; }
+    void SetErrorMessage(std::string message, Failure failure) override {
+        failure_ = std::move(failure);
         own_message_ = std::move(message);
         error_message_ = &own_message_;
     }
@@ -102,7 +109,7 @@ class ZRCreditBureau final : private ServiceContext {
     struct Operation;
 
     /// Stores the reason and answers false.
-    bool fail(std::string message);
+    bool fail(std::string message, Failure failure);
     /// Runs a procedure that answers as it does itself; whatever it throws is stored as its text.
     template <class Procedure>
     bool guarded(Procedure procedure) noexcept;
@@ -124,6 +131,7 @@ class ZRCreditBureau final : private ServiceContext {
     std::string currency_format_symbol_ = "currency";
     std::string date_format_ = "medium date";
     bool disposed_ = false;
+    Failure failure_;
     std::string own_message_;
     const std::string no_memory_{kNoMemory};  ///< there may be none for it when it is needed
     const std::string* error_message_ = &own_message_;

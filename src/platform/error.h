@@ -63,6 +63,41 @@ std::string error_text(const std::exception& error);
 /// The same of whatever is being caught.
 std::string current_error_text();
 
+/// What kind of failure it was: enough to decide what to do next without reading the reason.
+enum class FailureKind : std::uint8_t {
+    kNone,
+    kMisuse,         ///< the call or the request; nothing was sent
+    kConfiguration,  ///< the settings of the deployment: address, credentials, proxy
+    kNetwork,        ///< the bureau was not reached, or its server cannot answer now
+    kTimeOut,        ///< no answer in time; the bureau may have the enquiry
+    kCertificate,    ///< no secure connection
+    kReply,          ///< what came is no reply of the bureau
+    kRefused,        ///< the bureau's gateway refused the message
+    kContent,        ///< the bureau rejected the enquiry's content
+    kLimits,         ///< a bound was passed, or memory ended
+    kInternal,       ///< something unexpected
+};
+
+/// A failure as programs read it.
+struct Failure {
+    FailureKind kind = FailureKind::kNone;
+    /// Which one of its kind: a platform number, an HTTP status, the parser's or the bureau's code,
+    /// or a word.
+    std::string code;
+};
+
+/// "misuse", "time-out"; "" for none.
+std::string_view failure_kind_name(FailureKind kind);
+
+/// A misuse by its word.
+inline Failure misuse(const char* word) { return {FailureKind::kMisuse, word}; }
+
+/// The failure that memory ended.
+inline Failure no_memory() { return {FailureKind::kLimits, "memory"}; }
+
+/// Whatever is being caught.
+Failure current_failure();
+
 inline constexpr std::string_view kNoMemory = "Not enough memory.";
 
 }  // namespace zr

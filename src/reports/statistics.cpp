@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "reports/report_watch.h"
 #include "reports/runs.h"
 #include "values/text.h"
 #include "xml/zr_xml_utilities.h"
@@ -44,7 +45,8 @@ void StatisticsPeriods::count(FamilyStatistics& statistics, const DateTime& even
     }
 }
 
-StatisticsTable::StatisticsTable(std::span<const StatisticsCategory> categories, XmlNames& names) {
+StatisticsTable::StatisticsTable(std::span<const StatisticsCategory> categories, XmlNames& names)
+    : watch_(dynamic_cast<ReportWatch*>(names.watch())) {
     rows_.reserve(categories.size());
     for (const StatisticsCategory& category : categories) {
         rows_.push_back({.category = &category,
@@ -71,8 +73,13 @@ void StatisticsTable::update(Response& response, XmlNode node,
         node.select(row.records, records);
         for (std::size_t index = 0; index < records.size();
              index = end_of_run(records, index, row.run_id, row.category->runs)) {
-            if (counts(row, records[index])) {
-                count_record(row, records[index], periods, statistics);
+            if (!counts(row, records[index])) {
+                continue;
+            }
+            count_record(row, records[index], periods, statistics);
+            if (watch_ != nullptr) {
+                watch_->counted(*row.category, records[index],
+                                {&row.event_date, &row.loaded, &row.outstanding});
             }
         }
     }

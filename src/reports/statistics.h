@@ -16,6 +16,8 @@
 
 namespace zr {
 
+class ReportWatch;  // report_watch.h
+
 /// What makes a record open: unpaid, undischarged or adverse.
 enum class Open : std::uint8_t {
     kOwing,         ///< its outstanding amount is above 0
@@ -102,6 +104,7 @@ class StatisticsTable {
                              FamilyStatistics& statistics);
 
     std::vector<Compiled> rows_;
+    ReportWatch* watch_;
 };
 
 /// One block of summary lines: a family's counts under a sub-group.

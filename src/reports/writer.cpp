@@ -1,7 +1,9 @@
 #include "reports/writer.h"
 
 #include <algorithm>
+#include <utility>
 
+#include "reports/report_watch.h"
 #include "reports/runs.h"
 #include "values/text.h"
 #include "xml/zr_xml_utilities.h"
@@ -43,66 +45,40 @@ class CompiledLayout::Compiler {
             compiled.conditions.push_back({&condition, XmlPath(condition.path, names_)});
         }
         std::visit([&](const auto& what) { compile(what, compiled); }, piece.what);
+        compiled.append =
+            layout_.watch_ == nullptr ? writer_of(piece) : &ReportWriter::append_watched;
         return compiled;
     }
 
-    void compile(const Constant& constant, CompiledPiece& piece) const {
-        piece.append = &ReportWriter::append_constant;
+    static void compile(const Constant& constant, CompiledPiece& piece) {
         piece.text = constant.text;
     }
     void compile(const Value& value, CompiledPiece& piece) const {
-        piece.append = writer_of(value.form);
         piece.path = XmlPath(value.path, names_);
         piece.form = value.form;
         piece.value = true;
     }
     void compile(const Lookup& lookup, CompiledPiece& piece) const {
-        piece.append = &ReportWriter::append_description;
         piece.path = XmlPath(lookup.path, names_);
         piece.table = table_index(lookup.table);
         piece.value = true;
     }
-    void compile(const Position& /*position*/, CompiledPiece& piece) const {
-        piece.append = &ReportWriter::append_position;
-        piece.value = true;
-    }
-    void compile(const All& all, CompiledPiece& piece) const {
-        piece.append = &ReportWriter::append_all;
-        piece.parts = compile(all.parts);
-    }
+    static void compile(const Position& /*position*/, CompiledPiece& piece) { piece.value = true; }
+    void compile(const All& all, CompiledPiece& piece) const { piece.parts = compile(all.parts); }
     void compile(const Each& each, CompiledPiece& piece) const {
-        piece.append = &ReportWriter::append_each;
         piece.path = XmlPath(each.path, names_);
         piece.parts = compile(each.parts);
         piece.text = each.separator;
     }
     void compile(const EachOfRun& each, CompiledPiece& piece) const {
-        piece.append = &ReportWriter::append_run;
         piece.parts = compile(each.parts);
         piece.text = each.separator;
     }
     void compile(const Choice& choice, CompiledPiece& piece) const {
-        piece.append = &ReportWriter::append_choice;
         piece.path = XmlPath(choice.path, names_);
         piece.cases = &choice.cases;
         for (const Case& row : choice.cases) {
             piece.parts.push_back(compile(row.piece));
-        }
-    }
-
-    static decltype(CompiledPiece::append) writer_of(Form form) {
-        switch (form) {
-            case Form::kText:
-                return &ReportWriter::append_text;
-            case Form::kDate:
-            case Form::kGeneralDate:
-                return &ReportWriter::append_date;
-            case Form::kPersonName:
-                return &ReportWriter::append_name;
-            case Form::kId:
-                return &ReportWriter::append_id;
-            default:
-                return &ReportWriter::append_amount;
         }
     }
 
@@ -120,9 +96,38 @@ class CompiledLayout::Compiler {
     XmlNames& names_;
 };
 
+CompiledLayout::Append CompiledLayout::writer_of(const Piece& piece) {
+    constexpr struct {
+        Append operator()(const Value& value) const {
+            switch (value.form) {
+                case Form::kText:
+                    return &ReportWriter::append_text;
+                case Form::kDate:
+                case Form::kGeneralDate:
+                    return &ReportWriter::append_date;
+                case Form::kPersonName:
+                    return &ReportWriter::append_name;
+                case Form::kId:
+                    return &ReportWriter::append_id;
+                default:
+                    return &ReportWriter::append_amount;
+            }
+        }
+        Append operator()(const Constant&) const { return &ReportWriter::append_constant; }
+        Append operator()(const Lookup&) const { return &ReportWriter::append_description; }
+        Append operator()(const Position&) const { return &ReportWriter::append_position; }
+        Append operator()(const All&) const { return &ReportWriter::append_all; }
+        Append operator()(const Each&) const { return &ReportWriter::append_each; }
+        Append operator()(const EachOfRun&) const { return &ReportWriter::append_run; }
+        Append operator()(const Choice&) const { return &ReportWriter::append_choice; }
+    } kWriters;
+    return std::visit(kWriters, piece.what);
+}
+
 CompiledLayout::CompiledLayout(std::span<const Section> sections, XmlNames& names,
                                MissingAmounts missing)
-    : missing_(missing),
+    : watch_(dynamic_cast<ReportWatch*>(names.watch())),
+      missing_(missing),
       first_given_name_("individual-name/first-given-name", names),
       other_given_name_("individual-name/other-given-name", names),
       family_name_("individual-name/family-name", names) {
@@ -403,6 +408,14 @@ void ReportWriter::append_each(std::string& target, const CompiledPiece& compile
 void ReportWriter::append_run(std::string& target, const CompiledPiece& compiled,
                               XmlNode /*record*/) {
     append_repeated(target, compiled, run_);
+}
+
+void ReportWriter::append_watched(std::string& target, const CompiledPiece& compiled,
+                                  XmlNode record) {
+    const std::size_t begin = target.size();
+    layout_.watch_->begin(*compiled.piece, record);
+    (this->*CompiledLayout::writer_of(*compiled.piece))(target, compiled, record);
+    layout_.watch_->end(*compiled.piece, std::string_view(target).substr(begin));
 }
 
 void ReportWriter::append_repeated(std::string& target, const CompiledPiece& compiled,

@@ -14,6 +14,10 @@
 #include "values/regional_format.h"
 #include "xml/xml_document.h"
 
+namespace zr {
+class ReportWatch;  // report_watch.h
+}
+
 namespace zr::layout {
 
 class ReportWriter;
@@ -29,15 +33,19 @@ class CompiledLayout {
     friend class ReportWriter;
     class Compiler;
 
+    struct CompiledPiece;
+    /// Writes the value of a piece.
+    using Append = void (ReportWriter::*)(std::string& target, const CompiledPiece& piece,
+                                          XmlNode record);
+    static Append writer_of(const Piece& piece);
+
     struct CompiledCondition {
         const Condition* condition;
         XmlPath path;
     };
     struct CompiledPiece {
         const Piece* piece;
-        /// Writes the value.
-        void (ReportWriter::*append)(std::string& target, const CompiledPiece& piece,
-                                     XmlNode record) = nullptr;
+        Append append = nullptr;
         XmlPath path{};
         std::vector<CompiledCondition> conditions{};
         Form form{};
@@ -66,6 +74,7 @@ class CompiledLayout {
 
     std::vector<CompiledSection> sections_;
     std::vector<std::string_view> tables_;
+    ReportWatch* watch_;
     MissingAmounts missing_;
     XmlPath first_given_name_;
     XmlPath other_given_name_;
@@ -148,6 +157,7 @@ class ReportWriter {
     void append_each(std::string& target, const CompiledPiece& piece, XmlNode record);
     void append_run(std::string& target, const CompiledPiece& piece, XmlNode record);
     void append_choice(std::string& target, const CompiledPiece& piece, XmlNode record);
+    void append_watched(std::string& target, const CompiledPiece& piece, XmlNode record);
     void append_repeated(std::string& target, const CompiledPiece& piece,
                          std::span<const XmlNode> records);
     std::string_view sub_group();

@@ -33,6 +33,16 @@ std::string parse_error_message(const XmlParseError& error) {
     return message;
 }
 
+CheckedReply unreadable(const XmlParseError& error) {
+    const bool bound = error.code >= XmlParseError::kTooLarge &&
+                       error.code <= XmlParseError::kTooManyDistinctNamespaces &&
+                       error.code != XmlParseError::kDeclaresEntities &&
+                       error.code != XmlParseError::kHasInternalSubset;
+    return {std::nullopt,
+            parse_error_message(error),
+            {bound ? FailureKind::kLimits : FailureKind::kReply, std::to_string(error.code)}};
+}
+
 std::string gateway_error_message(const ReplyCheckPaths& paths, XmlNode error) {
     std::string message = ZRXMLUtilities::GetSubNodeString(error, paths.gateway_type);
     message += kTwoLineBreaks;
@@ -68,18 +78,23 @@ CheckedReply check_reply(std::string_view reply_xml, const XmlNames& names,
                          const ReplyCheckPaths& paths, ContentErrorWording wording) {
     auto parsed = XmlDocument::parse(reply_xml, names);
     if (const XmlParseError* error = std::get_if<XmlParseError>(&parsed)) {
-        return {std::nullopt, parse_error_message(*error)};
+        return unreadable(*error);
     }
     CheckedReply reply{std::get<XmlDocument>(std::move(parsed)), {}};
     if (text::equal_ignoring_case(reply.document->document_element(), "html")) {
-        return {std::nullopt, parse_error_message(web_page_error())};
+        return unreadable(web_page_error());
     }
     const XmlNode root = reply.document->root();
     if (const XmlNode refusal = root.first(paths.gateway_error)) {
-        return {std::nullopt, gateway_error_message(paths, refusal)};
+        return {
+            std::nullopt,
+            gateway_error_message(paths, refusal),
+            {FailureKind::kRefused, ZRXMLUtilities::GetSubNodeString(refusal, paths.gateway_code)}};
     }
-    if (root.first(paths.content_error)) {
-        return {std::nullopt, content_error_message(paths, wording, root)};
+    if (const XmlNode error = root.first(paths.content_error)) {
+        return {std::nullopt,
+                content_error_message(paths, wording, root),
+                {FailureKind::kContent, ZRXMLUtilities::GetSubNodeString(error, paths.error_code)}};
     }
     return reply;
 }

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "platform/error.h"
 #include "xml/xml_document.h"
 
 namespace zr {
@@ -32,6 +33,7 @@ using ContentErrorWording = std::string (*)(const ReplyCheckPaths& paths, XmlNod
 struct CheckedReply {
     std::optional<XmlDocument> document;
     std::string message;
+    Failure failure = {};
 };
 
 /// Parses a reply against a service's names and runs the checks.

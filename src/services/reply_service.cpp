@@ -6,15 +6,15 @@
 
 namespace zr {
 
-bool ReplyService::fail(std::string message) {
-    context().SetErrorMessage(std::move(message));
+bool ReplyService::fail(std::string message, Failure failure) {
+    context().SetErrorMessage(std::move(message), std::move(failure));
     return false;
 }
 
 std::optional<XmlDocument> ReplyService::LoadResponseXML(std::string_view response_xml) {
-    CheckedReply reply = translator().check(response_xml);
+    CheckedReply reply = reader().check(response_xml);
     if (!reply.document) {
-        fail(std::move(reply.message));
+        fail(std::move(reply.message), std::move(reply.failure));
     }
     return std::move(reply.document);
 }
@@ -46,8 +46,8 @@ bool ReplyService::build_response(Request& request, DateTime response_date,
             document = LoadResponseXML(response.ResponseXML());
         }
         if (document) {
-            translator().translate(*this, context().format_settings(), counts_directors(), request,
-                                   document->root());
+            reader().translate(*this, context().format_settings(), counts_directors(), request,
+                               document->root());
         }
     } catch (...) {
         RequestInternals::Dirty(request, true);  // half a response answers no later enquiry

@@ -23,6 +23,10 @@ class ReplyService : public Service {
     /// Reads the service's replies.
     virtual const Translator& translator() const = 0;
 
+    /// Has stored replies read by another translator of the same definition, one that tells a
+    /// watch; by the service's own for null.
+    void read_with(const Translator* reader) { reader_ = reader; }
+
     bool BuildResponse(Request& request, DateTime response_date,
                        const std::string& response_xml) override;
 
@@ -31,7 +35,7 @@ class ReplyService : public Service {
     virtual bool counts_directors() const { return false; }
 
     /// Stores the reason and answers false.
-    bool fail(std::string message);
+    bool fail(std::string message, Failure failure);
 
     /// Parses and checks a reply: the document, or nothing after storing the reason.
     std::optional<XmlDocument> LoadResponseXML(std::string_view response_xml);
@@ -45,7 +49,10 @@ class ReplyService : public Service {
     std::string render(const Request& request, const DateTime& response_date,
                        std::string_view response_xml);
 
+    const Translator& reader() const { return reader_ != nullptr ? *reader_ : translator(); }
+
     std::string xslt_file_name_;
+    const Translator* reader_ = nullptr;
 };
 
 }  // namespace zr

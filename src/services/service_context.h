@@ -60,7 +60,8 @@ class ServiceContext {
     virtual Region region() const = 0;
     /// The reason of the most recent failure.
     virtual const std::string& ErrorMessage() const = 0;
-    virtual void SetErrorMessage(std::string message) = 0;
+    virtual const Failure& LastFailure() const = 0;
+    virtual void SetErrorMessage(std::string message, Failure failure) = 0;
     virtual zr::Runtime& Runtime() = 0;
     /// The facade itself, for hosts.
     virtual ZRCreditBureau& facade() = 0;

@@ -6,6 +6,7 @@
 #include <string>
 #include <utility>
 
+#include "reports/report_watch.h"
 #include "services/catalogue_rows.h"
 #include "services/service.h"
 #include "values/text.h"
@@ -257,8 +258,9 @@ Translator::Company::Company(const CompanyReport& company, layout::MissingAmount
       fields(company.fields, names),
       part(company.part, missing, names) {}
 
-Translator::Translator(ReportDefinition definition)
+Translator::Translator(ReportDefinition definition, ReportWatch* watch)
     : definition_(std::move(definition)),
+      names_(watch),
       checks_(names_),
       request_id_("/BCAmessage/@service-request-id", names_),
       response_("/BCAmessage/BCAservices/BCAservice/BCAservice-data/response", names_),

@@ -17,7 +17,8 @@ class Service;
 /// Reads the replies of one service. Constant once made; made once, since compiling takes time.
 class Translator {
   public:
-    explicit Translator(ReportDefinition definition);
+    /// The watch, when there is one, is told how every report comes about.
+    explicit Translator(ReportDefinition definition, ReportWatch* watch = nullptr);
     Translator(const Translator&) = delete;
     Translator& operator=(const Translator&) = delete;
 

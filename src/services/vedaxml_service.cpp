@@ -25,11 +25,19 @@ std::string status_message(const HttpReply& reply, const std::string& address) {
            "correctly.\r\n";
 }
 
-/// The message for the failure being caught, whose number is `number` where it has one.
-std::string failure_message(std::int32_t number) {
+/// A status that tells of a server that cannot answer now; any other is about the settings.
+Failure status_failure(int status) {
+    constexpr int kTooManyRequests = 429;
+    constexpr int kServerFails = 500;
+    const bool later = status >= kServerFails || status == kTooManyRequests;
+    return {later ? FailureKind::kNetwork : FailureKind::kConfiguration, std::to_string(status)};
+}
+
+/// The message for the failure being caught.
+std::string failure_message(FailureKind kind) {
     std::string message = current_error_text();
     message += kPossibleCauses;
-    if (number == error_number::kTimeout) {
+    if (kind == FailureKind::kTimeOut) {
         return message + "1. Your connection details (Timeout) are not setup correctly.\r\n";
     }
     return message +
@@ -123,8 +131,9 @@ std::optional<XmlDocument> VedaXmlService::ExecuteRequest(Request& request) {
     constexpr int kOk = 200;
     if (const std::size_t at = text::find_not_xml(request.RequestXML());
         at != std::string_view::npos) {
-        fail(unsendable_property(request, *this, at) +
-             " holds a character that XML does not allow.");
+        fail(
+            unsendable_property(request, *this, at) + " holds a character that XML does not allow.",
+            misuse("character"));
         return std::nullopt;
     }
     Response& response = RequestInternals::Response(request);
@@ -135,14 +144,12 @@ std::optional<XmlDocument> VedaXmlService::ExecuteRequest(Request& request) {
         HttpReply reply = context().Runtime().transport().exchange(http);
         response.ResponseXML(std::move(reply.body));
         if (reply.status != kOk) {
-            fail(status_message(reply, http.url));
+            fail(status_message(reply, http.url), status_failure(reply.status));
             return std::nullopt;
         }
-    } catch (const PlatformError& error) {
-        fail(failure_message(error.number()));
-        return std::nullopt;
     } catch (...) {
-        fail(failure_message(error_number::kUnexpected));
+        const Failure failure = current_failure();
+        fail(failure_message(failure.kind), failure);
         return std::nullopt;
     }
     return LoadResponseXML(response.ResponseXML());
@@ -165,7 +172,7 @@ bool VedaXmlService::CreditEnquiry(Request& request) {
 
 bool VedaXmlService::GetList(Request& request) {
     if (request.CompanyName().empty() && request.CompanyNumber().empty()) {
-        return fail(std::string(missing_company()));
+        return fail(std::string(missing_company()), misuse("company-missing"));
     }
     if (!BuildGetListXML(request)) {
         return false;

@@ -6,7 +6,8 @@
 
 namespace zr::digits {
 
-constexpr bool is_digit(char value) { return value >= '0' && value <= '9'; }
+/// An object, so that an algorithm that takes it sees through the call.
+inline constexpr auto is_digit = [](char value) { return value >= '0' && value <= '9'; };
 
 /// Writes the lowest `width` decimal digits of `value`, with leading zeros. Gives the end.
 constexpr char* write(char* to, unsigned value, std::size_t width) {

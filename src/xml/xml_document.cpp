@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "xml/xml_tree.h"
+#include "xml/xml_watch.h"
 
 namespace zr {
 
@@ -182,6 +183,7 @@ struct PlainSearch {
         const XmlNameId name = path.children[depth];
         const XmlNameId* const names = tree.names.data();
         const XmlTree::Node* const nodes = tree.nodes.data();
+        if (!tree.has_name(name)) return kNone;
         const std::uint32_t end = nodes[node].end;
         for (std::uint32_t child = node + 1; child < end; child = nodes[child].end) {
             if (names[child] == name) {
@@ -193,13 +195,9 @@ struct PlainSearch {
     }
 };
 
-bool is_white_space(char character) {
-    return character == ' ' || character == '\n' || character == '\t' || character == '\r';
-}
-
 std::string_view trimmed(std::string_view text) {
-    while (!text.empty() && is_white_space(text.front())) text.remove_prefix(1);
-    while (!text.empty() && is_white_space(text.back())) text.remove_suffix(1);
+    while (!text.empty() && !is_ink(text.front())) text.remove_prefix(1);
+    while (!text.empty() && !is_ink(text.back())) text.remove_suffix(1);
     return text;
 }
 
@@ -210,7 +208,14 @@ std::string_view text_of(const XmlTree& tree, std::uint32_t index) {
 
 }  // namespace
 
+void XmlNode::tell(XmlNode context, const XmlPath* path, XmlNameId attribute) const {
+    if (context.tree_->watch != nullptr) {
+        context.tree_->watch->read(context, path, *this, attribute);
+    }
+}
+
 std::string_view XmlNode::text() const {
+    if (tree_ != nullptr) tell(*this, nullptr, 0);
     return tree_ == nullptr ? std::string_view{} : text_of(*tree_, index_);
 }
 
@@ -218,6 +223,7 @@ std::optional<std::string_view> XmlNode::attribute(XmlNameId name) const {
     if (tree_ == nullptr) return std::nullopt;
     const auto* const found = find_attribute(*tree_, index_, name);
     if (found == nullptr) return std::nullopt;
+    tell(*this, nullptr, name);
     return tree_->value(*found);
 }
 
@@ -232,15 +238,22 @@ XmlNode XmlNode::first(const XmlPath& path) const {
     return sink.best == kNone ? XmlNode{} : XmlNode(tree_, sink.best);
 }
 
+// Apart from find, whose plain paths should not pay for it.
+std::optional<XmlValue> XmlNode::find_any(const XmlPath& path) const {
+    FirstValue first{*tree_};
+    for (const Alternative& alternative : path.alternatives_) first.search(index_, alternative);
+    if (tree_->watch != nullptr) {
+        const XmlNode found = first.best == kNone ? XmlNode{} : XmlNode(tree_, first.best);
+        found.tell(*this, &path, first.attribute != nullptr ? first.attribute->name : XmlNameId{0});
+    }
+    if (first.best == kNone) return std::nullopt;
+    if (first.attribute != nullptr) return XmlValue{tree_->value(*first.attribute), true};
+    return XmlValue{text_of(*tree_, first.best)};
+}
+
 std::optional<XmlValue> XmlNode::find(const XmlPath& path) const {
     if (tree_ == nullptr) return std::nullopt;
-    if (!path.plain_) {
-        FirstValue first{*tree_};
-        for (const Alternative& alternative : path.alternatives_) first.search(index_, alternative);
-        if (first.best == kNone) return std::nullopt;
-        if (first.attribute != nullptr) return XmlValue{tree_->value(*first.attribute), true};
-        return XmlValue{text_of(*tree_, first.best)};
-    }
+    if (!path.plain_) return path.alternatives_.empty() ? std::nullopt : find_any(path);
     const std::uint32_t found = PlainSearch{*tree_, *path.plain_}.find(index_);
     if (found == kNone) return std::nullopt;
     if (path.plain_->attribute == 0) return XmlValue{text_of(*tree_, found)};

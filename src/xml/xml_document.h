@@ -21,10 +21,13 @@ namespace zr {
 /// A name as a small integer; 0 is any name that no path mentions.
 using XmlNameId = std::uint16_t;
 
+class XmlWatch;  // xml_watch.h
+
 /// The names that a family of paths mentions. Filled while paths are compiled, constant afterwards.
 class XmlNames {
   public:
-    XmlNames();
+    /// What is read by these names is told to the watch, when there is one.
+    explicit XmlNames(XmlWatch* watch = nullptr);
     ~XmlNames();
     XmlNames(XmlNames&&) noexcept;
     XmlNames& operator=(XmlNames&&) noexcept;
@@ -38,9 +41,12 @@ class XmlNames {
     /// One more than the highest id given out.
     std::size_t size() const;
 
+    XmlWatch* watch() const { return watch_; }
+
   private:
     struct Table;
     std::unique_ptr<Table> table_;
+    XmlWatch* watch_;
 };
 
 struct XmlTree;  // xml_tree.h
@@ -95,7 +101,8 @@ class XmlPath {
   private:
     friend class XmlNode;
     std::vector<xml_path::Alternative> alternatives_;
-    std::optional<xml_path::Plain> plain_;  ///< the same path, where it is a plain one
+    /// The same path, where it is a plain one; never where a watch is told what is read.
+    std::optional<xml_path::Plain> plain_;
 };
 
 /// What a path selects: an element's text or an attribute's value. A view into the document.
@@ -142,8 +149,13 @@ class XmlNode {
     /// As select, into a vector that is reused.
     void select(const XmlPath& path, std::vector<XmlNode>& into) const;
 
+    /// Its place among the elements of the document in their order: 1 for the document element.
+    std::uint32_t index() const { return index_; }
+
   private:
     friend class XmlDocument;
+    std::optional<XmlValue> find_any(const XmlPath& path) const;
+    void tell(XmlNode context, const XmlPath* path, XmlNameId attribute) const;
     XmlNode(const XmlTree* tree, std::uint32_t index) : tree_(tree), index_(index) {}
 
     const XmlTree* tree_ = nullptr;

@@ -20,7 +20,7 @@ struct XmlNames::Table {
     std::unordered_map<std::string, XmlNameId, NameHash, std::equal_to<>> ids;
 };
 
-XmlNames::XmlNames() : table_(std::make_unique<Table>()) {}
+XmlNames::XmlNames(XmlWatch* watch) : table_(std::make_unique<Table>()), watch_(watch) {}
 XmlNames::~XmlNames() = default;
 XmlNames::XmlNames(XmlNames&&) noexcept = default;
 XmlNames& XmlNames::operator=(XmlNames&&) noexcept = default;

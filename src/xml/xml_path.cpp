@@ -186,6 +186,7 @@ std::optional<xml_path::Plain> as_plain(const Alternatives& alternatives) {
 }  // namespace
 
 XmlPath::XmlPath(std::string_view expression, XmlNames& names)
-    : alternatives_(Compiler(expression, names).compile()), plain_(as_plain(alternatives_)) {}
+    : alternatives_(Compiler(expression, names).compile()),
+      plain_(names.watch() == nullptr ? as_plain(alternatives_) : std::nullopt) {}
 
 }  // namespace zr

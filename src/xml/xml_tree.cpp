@@ -19,6 +19,7 @@ XmlTreeBuilder::XmlTreeBuilder(std::size_t source_size, const XmlNames& names)
     tree_->attributes.reserve(source_size / kBytesPerAttribute + 1);
     tree_->pool = std::make_unique_for_overwrite<char[]>(source_size);
     tree_->present.resize(names.size() / 64 + 1);
+    tree_->watch = names.watch();
     open_.reserve(kTypicalDepth);
     add_node(0);
 }

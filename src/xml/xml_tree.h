@@ -1,6 +1,7 @@
 // The inside of a parsed document, and what fills it while a parser reports its markup.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
 #include <memory>
@@ -11,6 +12,10 @@
 #include "xml/xml_document.h"
 
 namespace zr {
+
+/// Whether a character of a document is no white space: a parser lets no other control characters
+/// through. An object, so that an algorithm that takes it sees through the call.
+inline constexpr auto is_ink = [](char c) { return static_cast<unsigned char>(c) > ' '; };
 
 /// Elements in document order. Node 0 is the one above the document element; the last is a
 /// sentinel, which bounds the attributes of the last element.
@@ -37,6 +42,7 @@ struct XmlTree {
     std::string document_element;  ///< its name, without a prefix
     /// A bit for each name id that an element has.
     std::vector<std::uint64_t> present;
+    XmlWatch* watch = nullptr;  ///< told what is read
 
     bool has_name(XmlNameId name) const {
         const std::size_t word = name / 64U;
@@ -79,7 +85,7 @@ class XmlTreeBuilder {
         if (chars.size() > values_begin_ - text_end_) return;  // cannot be: see XmlTree::pool
         std::memcpy(tree_->pool.get() + text_end_, chars.data(), chars.size());
         text_end_ += static_cast<std::uint32_t>(chars.size());
-        run_has_ink_ = run_has_ink_ || has_ink(chars);
+        run_has_ink_ = run_has_ink_ || std::any_of(chars.begin(), chars.end(), is_ink);
     }
 
     /// A comment or an instruction: ends a run of text.
@@ -89,12 +95,6 @@ class XmlTreeBuilder {
     std::unique_ptr<const XmlTree> finish();
 
   private:
-    static bool has_ink(std::string_view chars) {
-        for (const char c : chars) {
-            if (c != ' ' && c != '\n' && c != '\t' && c != '\r') return true;
-        }
-        return false;
-    }
     void end_run() {
         if (!run_has_ink_) text_end_ = run_begin_;
         run_begin_ = text_end_;

@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <map>
+#include <set>
+
 #include "support/fake_bureau.h"
 
 namespace zr::test {
@@ -180,12 +183,18 @@ TEST_F(Validation, StopsAtTheFirstFailure) {
         {"VedaXMLAU", "consumer-enquiry", "", "", ""},
         {"vedaxmlau", "CONSUMER-ENQUIRY", "", "", ""},
     };
+    std::map<std::string, std::set<std::string>> codes;
     for (const auto& row : cases) {
         const auto outcome = [&](auto operation) -> std::string {
             bureau.request->Clear();
             bureau.ask(row.product, row.service);
             bureau.request->CompanyName("ACME");
-            return operation() ? "" : bureau.facade.ErrorMessage();
+            if (operation()) {
+                return "";
+            }
+            EXPECT_EQ(bureau.facade.ErrorKind(), FailureKind::kMisuse);
+            codes[bureau.facade.ErrorMessage()].insert(bureau.facade.ErrorCode());
+            return bureau.facade.ErrorMessage();
         };
         Request& request = *bureau.request;
         EXPECT_EQ(outcome([&] { return bureau.facade.ExecuteCreditEnquiry(request); }), row.enquiry)
@@ -196,6 +205,12 @@ TEST_F(Validation, StopsAtTheFirstFailure) {
                   row.translate)
             << row.service << "/" << row.product;
     }
+    EXPECT_EQ(codes[kNoService], std::set<std::string>{"service-missing"});
+    EXPECT_EQ(codes[kNoProduct], std::set<std::string>{"product-missing"});
+    EXPECT_EQ(codes[kUnknown], std::set<std::string>{"service-unknown"});
+    EXPECT_EQ(codes[kNoSuchProduct], std::set<std::string>{"product-unknown"});
+    EXPECT_EQ(codes[kWrongType], std::set<std::string>{"product-type"});
+    EXPECT_EQ(codes[kNotAvailable], std::set<std::string>{"product-not-available"});
     EXPECT_FALSE(bureau.facade.ExecuteVerifyConnection(""));
     EXPECT_EQ(bureau.facade.ErrorMessage(), kNoService);
     EXPECT_FALSE(bureau.facade.ExecuteVerifyConnection("X"));

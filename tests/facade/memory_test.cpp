@@ -127,6 +127,7 @@ TEST(Memory, ThatIsTooSmallForABuffersCapacityIsNoFailure) {
 TEST(Memory, ThatEndsGivesNoRequest) {
     FakeBureau bureau;
     EXPECT_TRUE(with_memory_for(0, [&] { return bureau.facade.CreateRequest() == nullptr; }));
+    EXPECT_EQ(bureau.facade.ErrorCode(), "memory");
     EXPECT_EQ(bureau.facade.ErrorMessage(), "Not enough memory.");
 }
 

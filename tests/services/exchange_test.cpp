@@ -242,6 +242,66 @@ TEST(Reply, ThatIsAWebPageIsNoReply) {
     }
 }
 
+TEST(Exchange, TellsProgramsTheKindOfAFailure) {
+    using enum FailureKind;
+    using namespace error_number;
+    const auto thrown = [](std::int32_t number) {
+        BureauScript script;
+        script.failure = PlatformError(number, "D");
+        return script;
+    };
+    const auto replied = [](int status, const std::string& body) {
+        BureauScript script;
+        script.reply = {status, "Text", body};
+        return script;
+    };
+    const std::string data = "<BCAmessage><BCAservice-data>";
+    const struct {
+        BureauScript script;
+        FailureKind kind;
+        std::string code;
+    } cases[] = {
+        {thrown(kTimeout), kTimeOut, "-2147012894"},
+        {thrown(kNameNotResolved), kNetwork, "-2147012889"},
+        {thrown(kConnectionLost), kNetwork, "-2147012866"},
+        {thrown(kUnknownAuthority), kCertificate, "-2147012851"},
+        {thrown(kSecurityFailure), kCertificate, "-2147012721"},
+        {thrown(kInvalidAddress), kConfiguration, "-2147012891"},
+        {thrown(kInvalidReply), kReply, "-2147012744"},
+        {thrown(kUnexpected), kInternal, "-2147418113"},
+        {replied(401, ""), kConfiguration, "401"},
+        {replied(302, ""), kConfiguration, "302"},
+        {replied(429, ""), kNetwork, "429"},
+        {replied(503, ""), kNetwork, "503"},
+        {replied(200, "<a"), kReply, "73"},
+        {replied(200, "<html/>"), kReply, "10100"},
+        {replied(200, "<!DOCTYPE a [<!ENTITY b 'c'>]><a/>"), kReply, "10005"},
+        {replied(200, std::string(1000, '<') + "a>"), kReply, "68"},
+        {replied(200, text::replace_all(std::string(300, '.'), ".", "<a>")), kLimits, "10001"},
+        {replied(200, data + "<BCAerror type='service'><BCAerror-code>V009</BCAerror-code>"
+                             "</BCAerror></BCAservice-data></BCAmessage>"),
+         kRefused, "V009"},
+        {replied(200, data + "<response><error><error-description code='12'/></error></response>"
+                             "</BCAservice-data></BCAmessage>"),
+         kContent, "12"},
+    };
+    for (const auto& row : cases) {
+        FakeBureau bureau;
+        EXPECT_EQ(bureau.facade.ErrorKind(), kNone);
+        bureau.script() = row.script;
+        bureau.ask("consumer-enquiry");
+        EXPECT_FALSE(bureau.facade.ExecuteCreditEnquiry(*bureau.request));
+        EXPECT_EQ(failure_kind_name(bureau.facade.ErrorKind()), failure_kind_name(row.kind))
+            << bureau.facade.ErrorMessage();
+        EXPECT_EQ(bureau.facade.ErrorCode(), row.code) << bureau.facade.ErrorMessage();
+        // Each stage of a connection test keeps the kind of what went wrong in it.
+        FakeBureau other("NZ");
+        other.script() = row.script;
+        EXPECT_FALSE(other.facade.ExecuteVerifyConnection("VedaXMLNZ"));
+        EXPECT_EQ(other.facade.ErrorKind(), row.kind);
+    }
+}
+
 TEST(Reply, TranslatedAgainGivesTheSame) {
     FakeBureau bureau;
     const std::string rich =

@@ -48,10 +48,13 @@ Outcome translate_file(Performer& performer, const Job& base, const std::string&
         return performer.perform(job);
     } catch (const MisuseError& error) {
         outcome.error_message = error.what();
+        outcome.failure = misuse("file");
     } catch (const automation::JsonError& error) {
         outcome.error_message = error.what();
+        outcome.failure = misuse("job");
     } catch (const std::exception& error) {
         outcome.error_message = error_text(error);
+        outcome.failure = current_failure();
     }
     return outcome;
 }

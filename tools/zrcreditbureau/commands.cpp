@@ -8,45 +8,18 @@
 #include "facade/reports.h"
 #include "values/text.h"
 #include "zrcreditbureau/catalogue_text.h"
+#include "zrcreditbureau/completion.h"
 #include "zrcreditbureau/failure.h"
 #include "zrcreditbureau/interruption.h"
 #include "zrcreditbureau/layout_text.h"
+#include "zrcreditbureau/manual.h"
 #include "zrcreditbureau/output.h"
 #include "zrcreditbureau/report_text.h"
 #include "zrcreditbureau/result_form.h"
+#include "zrcreditbureau/schema.h"
 
 namespace zr::cli {
 namespace {
-
-using Fields = Command::Fields;
-
-constexpr Command kCommands[] = {
-    {"catalogue", "List a country's services, products, options and code tables",
-     "zrcreditbureau catalogue --country AU --format text", std::nullopt, Fields::kNone,
-     Format::kJson, false},
-    {"compose", "Compose the request document without sending anything",
-     "zrcreditbureau compose --country AU --service VedaXMLAU --product consumer-enquiry\n"
-     "      --last-name Smith --first-name Jane --date-of-birth 1970-01-02 --option score",
-     Operation::kCompose, Fields::kAll, Format::kText, false},
-    {"enquire", "Send an enquiry and report the reply",
-     "zrcreditbureau enquire --country AU --settings bureau.json --request applicant.json",
-     Operation::kEnquire, Fields::kAll, Format::kText, true},
-    {"list", "Search for companies",
-     "zrcreditbureau list --country AU --settings bureau.json --service VedaXMLAU\n"
-     "      --company-name \"Acme Holdings\"",
-     Operation::kList, Fields::kAll, Format::kText, true},
-    {"verify", "Test the connection of a service",
-     "zrcreditbureau verify --country AU --settings bureau.json --service VedaXMLAU",
-     Operation::kVerify, Fields::kService, Format::kText, false},
-    {"layout", "Show how a service's report is laid out and what it counts",
-     "zrcreditbureau layout --service VedaXMLAU", std::nullopt, Fields::kService, Format::kText,
-     false},
-    {"translate", "Report a stored reply, or many",
-     "zrcreditbureau translate reply.xml --service VedaXMLAU --product consumer-enquiry\n"
-     "      --date 2012-06-15\n"
-     "  zrcreditbureau translate replies/ --service VedaXMLAU --jobs 4 --output results.ndjson",
-     Operation::kTranslate, Fields::kServiceAndProduct, Format::kText, true},
-};
 
 void write_document(Output& output, std::string_view document) {
     output.write(document);
@@ -292,15 +265,7 @@ void refuse_overwriting(const Invocation& invocation) {
     }
 }
 
-}  // namespace
-
-std::span<const Command> commands() { return kCommands; }
-
-int run_command(const Invocation& invocation) {
-    if (!invocation.command->operation) {
-        return invocation.command->fields == Fields::kNone ? run_catalogue(invocation)
-                                                           : run_layout(invocation);
-    }
+int run_operation(const Invocation& invocation) {
     refuse_overwriting(invocation);
     if (invocation.many || invocation.ndjson) {
         if (!invocation.ndjson) {
@@ -313,5 +278,63 @@ int run_command(const Invocation& invocation) {
     }
     return run_one(invocation);
 }
+
+int run_completion(const Invocation& invocation) {
+    std::cout << completion_text(invocation.subject);
+    return kDone;
+}
+
+int run_schema(const Invocation& invocation) {
+    Output output(invocation.output_path);
+    write_json(output, [&](automation::JsonWriter& json) {
+        invocation.subject == "job" ? write_job_schema(json) : write_result_schema(json);
+    });
+    output.finish();
+    return kDone;
+}
+
+int run_manual(const Invocation& /*invocation*/) {
+    std::cout << manual_text();
+    return kDone;
+}
+
+constexpr Command kCommands[] = {
+    {kCatalogue, "catalogue", "List a country's services, products, options and code tables",
+     "zrcreditbureau catalogue --country AU --format text", std::nullopt, run_catalogue},
+    {kCompose, "compose", "Compose the request document without sending anything",
+     "zrcreditbureau compose --country AU --service VedaXMLAU --product consumer-enquiry\n"
+     "      --last-name Smith --first-name Jane --date-of-birth 1970-01-02 --option score",
+     Operation::kCompose, run_operation},
+    {kEnquire, "enquire", "Send an enquiry and report the reply",
+     "zrcreditbureau enquire --country AU --settings bureau.json --request applicant.json",
+     Operation::kEnquire, run_operation},
+    {kList, "list", "Search for companies",
+     "zrcreditbureau list --country AU --settings bureau.json --service VedaXMLAU\n"
+     "      --company-name \"Acme Holdings\"",
+     Operation::kList, run_operation},
+    {kVerify, "verify", "Test the connection of a service",
+     "zrcreditbureau verify --country AU --settings bureau.json --service VedaXMLAU",
+     Operation::kVerify, run_operation},
+    {kLayout, "layout", "Show how a service's report is laid out and what it counts",
+     "zrcreditbureau layout --service VedaXMLAU", std::nullopt, run_layout},
+    {kTranslate, "translate", "Report a stored reply, or many",
+     "zrcreditbureau translate reply.xml --service VedaXMLAU --product consumer-enquiry\n"
+     "      --date 2012-06-15\n"
+     "  zrcreditbureau translate replies/ --service VedaXMLAU --jobs 4 --output results.ndjson",
+     Operation::kTranslate, run_operation},
+    {kCompletion, "completion", "Print what makes a shell complete commands and options",
+     "zrcreditbureau completion bash >~/.local/share/bash-completion/completions/zrcreditbureau",
+     std::nullopt, run_completion},
+    {kManual, "manual", "Print the manual page", "zrcreditbureau manual | man -l -", std::nullopt,
+     run_manual},
+    {kSchema, "schema", "Print the JSON Schema of jobs or of results",
+     "zrcreditbureau schema result", std::nullopt, run_schema},
+};
+
+}  // namespace
+
+std::span<const Command> commands() { return kCommands; }
+
+int run_command(const Invocation& invocation) { return invocation.command->run(invocation); }
 
 }  // namespace zr::cli

@@ -1,6 +1,7 @@
 // The commands of the program.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <span>
 #include <string>
@@ -22,16 +23,34 @@ struct Document {
     std::string path;  ///< "" for standard output
 };
 
+/// Sets of commands; each is one of its own.
+enum CommandSet : std::uint32_t {
+    kNoCommand = 0,
+    kCatalogue = 1U << 0,
+    kCompose = 1U << 1,
+    kEnquire = 1U << 2,
+    kList = 1U << 3,
+    kVerify = 1U << 4,
+    kLayout = 1U << 5,
+    kTranslate = 1U << 6,
+    kCompletion = 1U << 7,
+    kManual = 1U << 8,
+    kSchema = 1U << 9,
+};
+constexpr CommandSet operator|(CommandSet one, CommandSet other) {
+    return CommandSet(std::uint32_t{one} | std::uint32_t{other});
+}
+
+struct Invocation;
+
 struct Command {
+    CommandSet id;
     std::string_view name;
     std::string_view summary;
     std::string_view example;
-    /// None for the commands that only show what the component knows.
+    /// None for the commands that only show what is known.
     std::optional<Operation> operation;
-    /// Which request properties are options: all of them, or only those that name the service.
-    enum class Fields { kNone, kService, kServiceAndProduct, kAll } fields;
-    Format format;  ///< unless another is asked for
-    bool html;      ///< whether html is among the formats
+    int (*run)(const Invocation& invocation);
 };
 
 std::span<const Command> commands();
@@ -45,6 +64,7 @@ struct Invocation {
     Batch batch;
     Format format = Format::kText;
     std::string output_path;
+    std::string subject;           ///< what is to be printed, of commands that print one of several
     std::vector<Document> beside;  ///< other forms in files of their own
     automation::ResponseFields fields = automation::ResponseFields::all();
     std::vector<std::string> inputs;  ///< files that are read

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <set>
 
 #include "facade/zr_credit_bureau.h"
 
@@ -26,21 +27,50 @@ void for_each_country(Visit visit) {
 
 }  // namespace
 
-std::vector<KnownSetting> known_settings() {
-    std::vector<KnownSetting> known;
+void for_each_service(const std::function<void(const Service&)>& visit) {
     for_each_country([&](std::string_view /*country*/, const Services& services) {
         for (std::int32_t position = 1; position <= services.Count(); ++position) {
-            for (const Property<Service>& setting : services.Item(position).settings()) {
-                const bool listed = std::any_of(
-                    known.begin(), known.end(),
-                    [&](const KnownSetting& other) { return other.name == setting.name; });
-                if (setting.write != nullptr && !listed) {
-                    known.push_back({setting.name, setting.type, setting.meaning});
-                }
+            visit(services.Item(position));
+        }
+    });
+}
+
+std::vector<KnownSetting> known_settings() {
+    std::vector<KnownSetting> known;
+    for_each_service([&](const Service& service) {
+        for (const Property<Service>& setting : service.settings()) {
+            const bool listed =
+                std::ranges::find(known, setting.name, &KnownSetting::name) != known.end();
+            if (setting.write != nullptr && !listed) {
+                known.push_back({setting.name, setting.type, setting.meaning});
             }
         }
     });
     return known;
+}
+
+std::string known_values(std::string_view property) {
+    std::set<std::string> values;
+    for_each_service([&](const Service& service) {
+        if (property == "ServiceName") {
+            values.insert(std::string(service.ServiceName()));
+        }
+        for (const Product& product : service.Products()) {
+            if (property == "ProductId") {
+                values.insert(product.ProductId());
+            }
+            for (const ProductOption& option : product.ProductOptions()) {
+                if (property == "Options") {
+                    values.insert(option.OptionId());
+                }
+            }
+        }
+    });
+    std::string joined;
+    for (const std::string& value : values) {
+        joined.append(joined.empty() ? "" : "|").append(value);
+    }
+    return joined;
 }
 
 std::string_view country_of_service(std::string_view name) {

@@ -3,11 +3,13 @@
 #pragma once
 
 #include <array>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "records/property.h"
+#include "services/service.h"
 
 namespace zr::cli {
 
@@ -20,8 +22,15 @@ struct KnownSetting {
     std::string_view meaning;
 };
 
+/// Calls `visit` with each service of each country.
+void for_each_service(const std::function<void(const Service&)>& visit);
+
 /// Every writable setting of any country's services, each name once.
 std::vector<KnownSetting> known_settings();
+
+/// What the registries have for "ServiceName" or "ProductId", and the product options for
+/// "Options"; "" for others; joined by "|".
+std::string known_values(std::string_view property);
 
 /// The country whose service this is; "" when no country has it.
 std::string_view country_of_service(std::string_view name);

@@ -8,9 +8,11 @@
 #include <utility>
 
 #include "values/convert.h"
+#include "values/text.h"
 #include "zrcreditbureau/countries.h"
 #include "zrcreditbureau/failure.h"
 #include "zrcreditbureau/files.h"
+#include "zrcreditbureau/option_table.h"
 #include "zrcreditbureau/option_values.h"
 #include "zrcreditbureau/output.h"
 #include "zrcreditbureau/reply_files.h"
@@ -44,24 +46,19 @@ JsonValue product_options_value(const std::vector<std::string>& texts) {
     return options;
 }
 
-Format format_of(const std::string& text, const Command& command) {
-    if (text.empty()) {
-        return command.format;
+/// The form asked for, or that the command starts with.
+Format format_of(std::string_view text, const Command& command) {
+    constexpr std::pair<std::string_view, Format> kFormats[] = {
+        {"json", Format::kJson}, {"html", Format::kHtml}, {"csv", Format::kCsv}};
+    for (const Option* const option : options_of(command)) {
+        text = text.empty() && option->names == "--format" ? option->start : text;
     }
-    if (text == "text") {
-        return Format::kText;
+    for (const auto& [name, format] : kFormats) {
+        if (text::equal_ignoring_case(name, text)) {
+            return format;
+        }
     }
-    if (text == "json") {
-        return Format::kJson;
-    }
-    if (text == "html" && command.html) {
-        return Format::kHtml;
-    }
-    if (text == "csv" && command.html) {
-        return Format::kCsv;
-    }
-    throw MisuseError(std::string("--format must be ") +
-                      (command.html ? "text, json, html or csv." : "text or json."));
+    return Format::kText;
 }
 
 std::uint32_t number_of_workers(const std::string& text) {
@@ -90,7 +87,8 @@ std::string usual_settings_file() {
 }
 
 /// What the options say about many replies at once.
-void complete_batch(Invocation& invocation, Given& given) {
+void complete_batch(Given& given) {
+    Invocation& invocation = given;
     Batch& batch = invocation.batch;
     invocation.many = given.jobs || given.shard || batch.resume || !batch.input.empty() ||
                       given.reply_files.size() > 1 ||
@@ -112,11 +110,10 @@ void complete_batch(Invocation& invocation, Given& given) {
         throw MisuseError("Name files or folders of replies, or --input FILE of jobs.");
     }
     if (!invocation.beside.empty() ||
-        (!given.format.empty() && given.format != "json" && given.format != "csv")) {
+        (!given.format_name.empty() && invocation.format != Format::kJson && !batch.csv)) {
         throw MisuseError(
             "Many replies give one JSON result a line, or csv: no other --format, no file of "
-            "another "
-            "form.");
+            "another form.");
     }
     if (std::find(given.reply_files.begin(), given.reply_files.end(), "-") !=
         given.reply_files.end()) {
@@ -160,8 +157,17 @@ void complete_sheet(Invocation& invocation) {
 
 }  // namespace
 
-void complete(Invocation& invocation, Given& given) {
+Invocation complete(Given& given) {
+    Invocation& invocation = given;
     Job& job = invocation.job;
+    for (const Option* const option : options_of(*invocation.command)) {
+        if (option->is_positional() && option->is_choice() && invocation.subject.empty()) {
+            throw MisuseError("Name the " + option->names + ": " + option->choice() + ".");
+        }
+    }
+    invocation.batch.input = given.input;
+    invocation.batch.resume = given.resume;
+    invocation.batch.quiet = given.quiet;
     if (given.settings_file.empty()) {
         given.settings_file = usual_settings_file();
     }
@@ -202,23 +208,24 @@ void complete(Invocation& invocation, Given& given) {
         invocation.inputs.push_back(file);
     }
     invocation.batch.operation = invocation.command->operation.value_or(Operation::kTranslate);
-    invocation.format = format_of(given.format, *invocation.command);
+    invocation.format = format_of(given.format_name, *invocation.command);
     const bool csv = invocation.format == Format::kCsv;
-    invocation.fields = parse_fields(given.fields.empty() && csv ? "summary" : given.fields);
+    invocation.fields =
+        parse_fields(given.field_names.empty() && csv ? "summary" : given.field_names);
     if (csv && (invocation.fields.selections && !invocation.fields.elements)) {
         throw MisuseError("A row has no room for CompanySelections: take json.");
     }
     invocation.batch.csv = csv;
     invocation.batch.fields = invocation.fields;
-    complete_batch(invocation, given);
+    complete_batch(given);
     if (invocation.ndjson) {
-        if ((!given.format.empty() && !invocation.many) || !invocation.beside.empty() ||
+        if ((!given.format_name.empty() && !invocation.many) || !invocation.beside.empty() ||
             !given.reply_files.empty()) {
             throw MisuseError(
                 "--ndjson reads and writes JSON: no FILE, --format or file of another form with "
                 "it.");
         }
-        return;
+        return std::move(invocation);
     }
     const bool translates = invocation.command->operation == Operation::kTranslate;
     complete_from_service(job, translates);
@@ -231,6 +238,7 @@ void complete(Invocation& invocation, Given& given) {
         }
         job.response_xml = read_text_file(given.reply_files.front());
     }
+    return std::move(invocation);
 }
 
 }  // namespace zr::cli

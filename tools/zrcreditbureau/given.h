@@ -10,7 +10,8 @@
 
 namespace zr::cli {
 
-struct Given {
+/// The invocation as far as options alone make it, and what is put together from the others.
+struct Given : Invocation {
     std::string country;
     bool production = false;
     bool strict = false;
@@ -24,15 +25,19 @@ struct Given {
     std::string response_date;
     std::string operation;
     std::vector<std::string> product_options;
-    std::string format;
-    std::string fields;
+    std::string format_name;
+    std::string field_names;
+    std::string input;
+    bool resume = false;
+    bool quiet = false;
     std::optional<std::string> jobs;
     std::optional<std::string> shard;
     automation::JsonValue request = automation::JsonValue::object();
     automation::JsonValue settings = automation::JsonValue::object();
 };
 
-/// Puts together what the files and the options say; later ones win. Throws MisuseError.
-void complete(Invocation& invocation, Given& given);
+/// Completes the invocation with what the files and the options say; later ones win. Throws
+/// MisuseError.
+Invocation complete(Given& given);
 
 }  // namespace zr::cli

@@ -14,49 +14,24 @@ namespace {
 using automation::JsonError;
 using automation::JsonValue;
 
-std::string text_value(const JsonValue& value, std::string_view name) {
-    return std::string(text_of(automation::to_value(ValueType::kText, value, name)));
-}
-
-/// The members of a job document and where each goes.
-constexpr struct {
-    std::string_view name;
-    void (*read)(Job&, JsonValue&&, std::string_view name);
-} kMembers[] = {
-    {"Country", [](Job& job, JsonValue&& value,
-                   std::string_view name) { job.country = text_value(value, name); }},
-    {"TestMode",
-     [](Job& job, JsonValue&& value, std::string_view name) {
-         job.test_mode = std::get<bool>(automation::to_value(ValueType::kBoolean, value, name));
-     }},
-    {"DateFormat", [](Job& job, JsonValue&& value,
-                      std::string_view name) { job.date_format = text_value(value, name); }},
-    {"CurrencyFormat",
-     [](Job& job, JsonValue&& value, std::string_view name) {
-         job.currency_format = text_value(value, name);
-     }},
-    {"CurrencyFormatSymbol",
-     [](Job& job, JsonValue&& value, std::string_view name) {
-         job.currency_format_symbol = text_value(value, name);
-     }},
-    {"Services",
-     [](Job& job, JsonValue&& value, std::string_view /*name*/) {
-         job.services.push_back({SettingsLayer::Scope::kNamed, std::move(value)});
-     }},
-    {"Request", [](Job& job, JsonValue&& value,
-                   std::string_view /*name*/) { job.requests.push_back(std::move(value)); }},
-    {"Operation", [](Job& job, JsonValue&& value,
-                     std::string_view name) { job.operation = text_value(value, name); }},
-    {"ResponseDate",
-     [](Job& job, JsonValue&& value, std::string_view name) {
-         job.response_date =
-             std::get<DateTime>(automation::to_value(ValueType::kDate, value, name));
-     }},
-    {"ResponseXML",
-     [](Job& job, JsonValue&& value, std::string_view name) {
-         (void)automation::to_value(ValueType::kText, value, name);
-         job.response_xml = std::move(value.text());  // large: moved, not copied
-     }},
+constexpr JobMember kMembers[] = {
+    {"Country", ValueType::kText, "AU or NZ; required unless it is an option",
+     [](Job& job, const Value& value) { job.country = text_of(value); }},
+    {"TestMode", ValueType::kBoolean,
+     "whether the bureau's test system is addressed; true at first",
+     [](Job& job, const Value& value) { job.test_mode = std::get<bool>(value); }},
+    {"DateFormat", ValueType::kText, "pattern of dates in the report",
+     [](Job& job, const Value& value) { job.date_format = text_of(value); }},
+    {"CurrencyFormat", ValueType::kText, "pattern of amounts in the report",
+     [](Job& job, const Value& value) { job.currency_format = text_of(value); }},
+    {"CurrencyFormatSymbol", ValueType::kText, "pattern of summary amounts",
+     [](Job& job, const Value& value) { job.currency_format_symbol = text_of(value); }},
+    {"Operation", ValueType::kText,
+     "what compose composes: CreditEnquiry (at first), GetList or VerifyConnection",
+     [](Job& job, const Value& value) { job.operation = text_of(value); }},
+    {"ResponseDate", ValueType::kDate,
+     "day from which the statistics of a stored reply count back; today at first",
+     [](Job& job, const Value& value) { job.response_date = std::get<DateTime>(value); }},
 };
 
 }  // namespace
@@ -66,16 +41,27 @@ void read_job(JsonValue&& document, Job& job) {
         throw JsonError("A job must be an object.");
     }
     for (JsonValue::Member& given : document.members()) {
-        const std::string& name = given.first;
-        const auto* const found = std::find_if(
-            std::begin(kMembers), std::end(kMembers),
-            [&](const auto& member) { return text::equal_ignoring_case(member.name, name); });
-        if (found == std::end(kMembers)) {
-            throw JsonError(std::string(text::first(name, 64)) + " is not a member of a job.");
+        const auto is = [&](std::string_view name) {
+            return text::equal_ignoring_case(name, given.first);
+        };
+        const auto* const found = std::ranges::find_if(kMembers, is, &JobMember::name);
+        if (found != std::end(kMembers)) {
+            found->set(job, automation::to_value(found->type, given.second, found->name));
+        } else if (is("Services")) {
+            job.services.push_back({SettingsLayer::Scope::kNamed, std::move(given.second)});
+        } else if (is("Request")) {
+            job.requests.push_back(std::move(given.second));
+        } else if (is("ResponseXML")) {
+            (void)automation::to_value(ValueType::kText, given.second, "ResponseXML");
+            job.response_xml = std::move(given.second.text());  // large: moved, not copied
+        } else {
+            throw JsonError(std::string(text::first(given.first, 64)) +
+                            " is not a member of a job.");
         }
-        found->read(job, std::move(given.second), found->name);
     }
 }
+
+std::span<const JobMember> job_members() { return kMembers; }
 
 std::string_view request_text(const Job& job, std::string_view property) {
     for (auto request = job.requests.rbegin(); request != job.requests.rend(); ++request) {

@@ -2,11 +2,13 @@
 #pragma once
 
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "automation/json.h"
+#include "records/property.h"
 #include "values/date_time.h"
 
 namespace zr::cli {
@@ -42,6 +44,15 @@ struct Job {
     /// What is probably a mistake is refused before it is sent; likewise.
     bool guarded = true;
 };
+
+/// A plain member of a job document. Beside these it has Services, Request and ResponseXML.
+struct JobMember {
+    std::string_view name;
+    ValueType type;
+    std::string_view meaning;
+    void (*set)(Job& job, const Value& value);
+};
+std::span<const JobMember> job_members();
 
 /// Reads the members of a job document into `job`. Throws automation::JsonError.
 void read_job(automation::JsonValue&& document, Job& job);

@@ -27,8 +27,10 @@ Outcome answer(Performer& performer, const Job& base, std::string_view line, boo
         return perform_line(performer, base, line);
     } catch (const automation::JsonError& error) {
         outcome.error_message = error.what();
+        outcome.failure = misuse("job");
     } catch (const std::exception& error) {
         outcome.error_message = error_text(error);
+        outcome.failure = current_failure();
     }
     return outcome;
 }

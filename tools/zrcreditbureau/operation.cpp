@@ -175,11 +175,13 @@ Outcome Performer::perform(const Job& job) {
     }
     if (!outcome.result) {
         outcome.error_message = bureau.ErrorMessage();
+        outcome.failure = {bureau.ErrorKind(), bureau.ErrorCode()};
     } else if (capture_ == nullptr) {
         outcome.warning = doubt(operation_, *outcome.response, request->ServiceName());
         if (job.strict && !outcome.warning.empty()) {
             outcome.result = false;
             outcome.error_message = outcome.warning;
+            outcome.failure = {FailureKind::kContent, "no-match"};
         }
     }
     return outcome;

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "platform/error.h"
 #include "records/response.h"
 #include "zrcreditbureau/bureau_pool.h"
 #include "zrcreditbureau/job.h"
@@ -29,6 +30,7 @@ constexpr bool asks_bureau(Operation operation) {
 struct Outcome {
     bool result = false;
     std::string error_message;  ///< "" when the result is true
+    Failure failure;            ///< the same for programs
     std::string warning;        ///< what makes the response doubtful; "" when nothing does
     std::string request_xml;    ///< of compose
     /// Of the others, with whatever was kept where the result is false; none where there was no

@@ -95,6 +95,12 @@ void write_result(automation::JsonWriter& json, Operation operation, const Outco
     json.boolean(outcome.result);
     json.name("ErrorMessage");
     json.text(outcome.error_message);
+    if (!outcome.result) {
+        json.name("ErrorKind");
+        json.text(failure_kind_name(outcome.failure.kind));
+        json.name("ErrorCode");
+        json.text(outcome.failure.code);
+    }
     if (!outcome.warning.empty()) {
         json.name("Warning");
         json.text(outcome.warning);
@@ -117,7 +123,8 @@ CsvForm::CsvForm(ResponseFields fields, std::string_view source)
     : fields_(std::move(fields)), source_(source) {}
 
 std::string CsvForm::header() const {
-    std::string row = source_ + (fields_.elements ? "" : ",Result,ErrorMessage,Warning");
+    std::string row =
+        source_ + (fields_.elements ? "" : ",Result,ErrorMessage,ErrorKind,ErrorCode,Warning");
     for (const Property<Response>* const property : fields_.properties) {
         row.append(",").append(property->name);
     }
@@ -135,6 +142,8 @@ void CsvForm::append(std::string& rows, const Outcome& outcome, std::string_view
     if (!fields_.elements) {
         row += outcome.result ? ",true," : ",false,";
         append_cell(row, outcome.error_message);
+        row.append(",").append(failure_kind_name(outcome.failure.kind)).append(",");
+        append_cell(row, outcome.failure.code);
         row += ',';
         append_cell(row, outcome.warning);
     }

@@ -37,14 +37,14 @@ NewZealandSender ServiceVedaXMLNZ::sender() const {
 const Product* ServiceVedaXMLNZ::product_of(const Request& request) {
     const Product* product = Products().find(request.ProductId());
     if (product == nullptr) {
-        fail("Product does not exist.");
+        fail("Product does not exist.", misuse("product-unknown"));
     }
     return product;
 }
 
 bool ServiceVedaXMLNZ::BuildCreditEnquiryXML(Request& request) {
     if (const std::string_view fault = new_zealand_enquiry_fault(request); !fault.empty()) {
-        return fail(std::string(fault));
+        return fail(std::string(fault), misuse("request-incomplete"));
     }
     const Product* product = product_of(request);
     if (product == nullptr) {
@@ -80,14 +80,16 @@ bool ServiceVedaXMLNZ::VerifyConnection() {
     request.ServiceName(ServiceName());
     RequestInternals::RequestXML(request, new_zealand_ping(sender()));
     if (!ExecuteRequest(request)) {
-        return fail("Failed PING test.\r\n\r\n" + context().ErrorMessage());
+        return fail("Failed PING test.\r\n\r\n" + context().ErrorMessage(),
+                    context().LastFailure());
     }
     // Whether the client may enquire shows only in a real search.
     request.ProductId("enquiry_company");
     request.CompanyName("Zarnow");
     if (!GetList(request)) {
         return fail("Passed PING test.\r\nFailed company-selection-list test.\r\n\r\n" +
-                    context().ErrorMessage());
+                        context().ErrorMessage(),
+                    context().LastFailure());
     }
     return true;
 }
