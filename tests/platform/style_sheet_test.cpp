@@ -382,6 +382,18 @@ TEST_F(StyleSheetTest, ReadsNeighboursOnly) {
             EXPECT_EQ(result, c.expected) << c.address;
         }
     }
+    const std::string part = as_text("<xsl:template match='/'>part</xsl:template>");
+    write_sheet(part, "outside.xsl");
+    write_sheet(part, "in/deep/below.xsl");
+    fs::create_symlink("../outside.xsl", folder_ / "in/link.xsl");
+    for (const std::string element : {"<xsl:include href='", "<xsl:import href='"}) {
+        const auto using_sheet = [&](const std::string& address) {
+            return transform(kReply, write_sheet(element + address + "'/>", "in/whole.xsl"));
+        };
+        EXPECT_EQ(using_sheet("deep/below.xsl"), "part");
+        EXPECT_NE(using_sheet("../outside.xsl").find(refused), std::string::npos);
+        EXPECT_NE(using_sheet("link.xsl").find(refused), std::string::npos);
+    }
 }
 
 xmlDocPtr hosts_loader(const xmlChar*, xmlDictPtr, int, void*, xsltLoadType) { return nullptr; }

@@ -96,6 +96,9 @@ NETWORK = {
 }
 WHOLE = {  # whole sheets
     "include of an address": sheet('<xsl:include href="{url}x.xsl"/>'),
+    "include above the sheet": sheet('<xsl:include href="../secret.xsl"/>'),
+    "import of another folder's sheet": HEAD + '<xsl:import href="{up}/secret.xsl"/>' + TAIL,
+    "include through a link": sheet('<xsl:include href="link.xsl"/>'),
     "an entity of a file": '<!DOCTYPE x [<!ENTITY e SYSTEM "file://{up}/secret.txt">]>' +
     sheet(body="&e;"),
     "an entity of an address": '<!DOCTYPE x [<!ENTITY e SYSTEM "{url}e">]>' + sheet(body="&e;"),
@@ -197,6 +200,8 @@ def prepare(folder):
     (inside / "sub").mkdir()
     (folder / "secret.xml").write_text(f"<secret>{MARK}</secret>")
     (folder / "secret.txt").write_text(MARK)
+    (folder / "secret.xsl").write_text(sheet(body=MARK))
+    (inside / "link.xsl").symlink_to(folder / "secret.xsl")
     (inside / "link.xml").symlink_to(folder / "secret.xml")
     (inside / "folder").symlink_to(folder)
     os.mkfifo(inside / "pipe.xml")

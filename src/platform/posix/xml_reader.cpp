@@ -52,8 +52,20 @@ std::string refusal_reason(XmlParseError::Refusal refusal, const XmlLimits& limi
         case XmlParseError::kTooManyDistinctNamespaces:
             return "The document has more than " + std::to_string(limits.names) +
                    " different namespaces.";
+        case XmlParseError::kDeclaresEncoding:
+            return "The document declares an encoding in which markup can be hidden.";
     }
     return {};
+}
+
+// What the XML declaration says of the encoding; "" without one.
+std::string_view declared_encoding(std::string_view text) {
+    if (!text.starts_with("<?xml")) return {};
+    text = text.substr(0, text.find("?>"));
+    const std::size_t name = text.find("encoding");
+    const std::size_t open = name == std::string_view::npos ? name : text.find_first_of("\"'", name);
+    if (open == std::string_view::npos) return {};
+    return text.substr(open + 1, text.find(text[open], open + 1) - open - 1);
 }
 
 bool is_continuation(char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80; }
@@ -210,6 +222,8 @@ bool XmlReader::refuse_unread() {
     } else if (source_ == Source::kText && text_.find('\0') != std::string_view::npos) {
         fail(XML_ERR_INVALID_CHAR, "Char 0x0 out of allowed range");
         locate(*error_, text_, text_.find('\0'));
+    } else if (source_ == Source::kText && text::hides_markup(declared_encoding(text_))) {
+        refuse(XmlParseError::kDeclaresEncoding);
     } else if (has_too_many_attributes(text_, limits_.attributes)) {
         refuse(XmlParseError::kTooManyAttributes);
     }
