@@ -47,8 +47,8 @@ xmlNodePtr written(xmlNodePtr first, xmlNodePtr end) {
     }
     const std::size_t size = xmlOutputBufferGetSize(output.get());
     if (size < kLeastWorthIt) return nullptr;
-    const xmlNodePtr text = xmlNewDocTextLen(
-        first->doc, xmlOutputBufferGetContent(output.get()), static_cast<int>(size));
+    const xmlNodePtr text = xmlNewDocTextLen(first->doc, xmlOutputBufferGetContent(output.get()),
+                                             static_cast<int>(size));
     if (text == nullptr) return nullptr;
     if (text->content == nullptr) {
         xmlFreeNode(text);

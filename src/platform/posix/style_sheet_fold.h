@@ -7,8 +7,8 @@
 
 namespace zr {
 
-/// True when a sheet's pages may be folded: HTML that is not indented, of which each part is written
-/// as the same bytes whatever stands beside it.
+/// True when a sheet's pages may be folded: HTML that is not indented, of which each part is
+/// written as the same bytes whatever stands beside it.
 bool makes_foldable_pages(xsltStylesheetPtr sheet);
 
 /// Writes down what is finished in the body of the page that a run is making, and keeps the text in

@@ -123,8 +123,7 @@ class Converter {
     // The name comes from a server: neither a path nor a conversion option may hide in it.
     static bool is_safe_name(const std::string& name) {
         return !name.empty() && name.size() <= kLongestName &&
-               std::all_of(name.begin(), name.end(), is_plain) &&
-               !hides_markup(name);
+               std::all_of(name.begin(), name.end(), is_plain) && !hides_markup(name);
     }
 
     // As a message may show it: short and without anything that is in no charset's name.

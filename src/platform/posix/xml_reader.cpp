@@ -63,7 +63,8 @@ std::string_view declared_encoding(std::string_view text) {
     if (!text.starts_with("<?xml")) return {};
     text = text.substr(0, text.find("?>"));
     const std::size_t name = text.find("encoding");
-    const std::size_t open = name == std::string_view::npos ? name : text.find_first_of("\"'", name);
+    const std::size_t open =
+        name == std::string_view::npos ? name : text.find_first_of("\"'", name);
     if (open == std::string_view::npos) return {};
     return text.substr(open + 1, text.find(text[open], open + 1) - open - 1);
 }
