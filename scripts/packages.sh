@@ -1,7 +1,7 @@
 # Debian packages by purpose, and how they get onto a machine. Sourced by the other scripts.
 
 packages_build="g++ cmake ninja-build pkg-config git libxml2-dev libxslt1-dev libcurl4-openssl-dev
-  libutf8proc-dev rapidjson-dev libcli11-dev libboost-dev libssl-dev ca-certificates"
+  libutf8proc-dev rapidjson-dev libcli11-dev libboost-dev libssl-dev libsqlite3-dev ca-certificates"
 packages_test="libgtest-dev python3"
 packages_bench="libbenchmark-dev python3 python3-lxml valgrind xsltproc"
 packages_torture="valgrind strace openssl tinyproxy squid"

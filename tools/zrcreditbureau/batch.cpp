@@ -15,6 +15,7 @@
 #include "platform/error.h"
 #include "values/convert.h"
 #include "values/text.h"
+#include "zrcreditbureau/database.h"
 #include "zrcreditbureau/failure.h"
 #include "zrcreditbureau/files.h"
 #include "zrcreditbureau/fingerprint.h"
@@ -44,7 +45,7 @@ Outcome translate_file(Performer& performer, const Job& base, const std::string&
     Outcome outcome;
     try {
         Job job = base;
-        job.response_xml = read_text_file(path);
+        job.response_xml = read_text_file(path, job.encoding);
         return performer.perform(job);
     } catch (const MisuseError& error) {
         outcome.error_message = error.what();
@@ -155,13 +156,16 @@ BatchResult Run::perform(Performer& performer, const std::vector<BatchItem>& ite
             result.last = true;
             break;
         }
-        const Outcome outcome = source_.files()
-                                    ? translate_file(performer, base_, item.text)
-                                    : answer(performer, base_, item.text, item.too_long);
+        Outcome outcome = source_.files() ? translate_file(performer, base_, item.text)
+                                          : answer(performer, base_, item.text, item.too_long);
+        const std::string number = std::to_string(item.number);
+        const std::string name = source_.files() ? item.text : "line " + number;
+        if (batch_.checks != nullptr && outcome.result) {
+            result.checked.emplace_back(name, std::move(outcome.findings));
+        }
         if (batch_.csv) {
-            csv_.append(result.lines, outcome,
-                        source_.files() ? item.text : std::to_string(item.number));
-        } else {
+            csv_.append(result.lines, outcome, source_.files() ? name : number);
+        } else if (batch_.has_results) {
             write_result(json, batch_.operation, outcome, batch_.fields,
                          source_.files() ? item.text : std::string());
             result.lines.append(json.view()).append("\n");
@@ -171,9 +175,7 @@ BatchResult Run::perform(Performer& performer, const std::vector<BatchItem>& ite
         result.doubtful += outcome.result && !outcome.warning.empty() ? 1 : 0;
         const std::string& message = outcome.result ? outcome.warning : outcome.error_message;
         if (!message.empty()) {
-            result.messages.push_back(
-                (source_.files() ? item.text : "line " + std::to_string(item.number)) + ": " +
-                message);
+            result.messages.push_back(std::string(name).append(": ").append(message));
         }
     }
     return result;
@@ -185,6 +187,12 @@ void Run::write(const BatchResult& result) {
             output_, [&](Output& output) { output.write(result.lines); }, &Output::sync);
     } else {
         output_.write(result.lines);
+    }
+    for (const auto& [source, findings] : result.checked) {
+        batch_.checks->add(findings, source);
+    }
+    if (batch_.checks != nullptr) {
+        batch_.checks->add_failed(result.failed);
     }
     translated_ += result.translated;
     failed_ += result.failed;
@@ -318,15 +326,17 @@ struct Target {
         const bool file = place_of(path) == Place::kFile;
         if (asks_bureau(batch.operation) && file) {
             part.emplace(path);
-        } else if (batch.results_only || batch.csv || !file || !source.identity()) {
+        } else if (batch.results_only || batch.csv || !batch.has_results || !file ||
+                   !source.identity()) {
             plain.emplace(path);
         }
         if (batch.results_only) {
             return;
         }
-        if (!source.identity() && batch.resume) {
+        if (!source.identity() && (batch.resume || batch.database)) {
             throw MisuseError(
-                "--resume needs an input that can be read again: name files, folders or --input "
+                std::string(batch.resume ? "--resume" : "--format sqlite") +
+                " needs an input that can be read again: name files, folders or --input "
                 "FILE.");
         }
         const DateTime today = base.response_date.value_or(DateTime::now().date_only());
@@ -353,7 +363,14 @@ struct Target {
     }
 
     Output& output() { return part ? part->output() : *plain; }
-    void finish() { part ? part->finish() : plain->finish(); }
+    void finish(const Batch& batch, const std::string& path) {
+        if (batch.database) {
+            part->finish(
+                [&](const std::string& results) { write_database(results, path, batch.fields); });
+        } else {
+            part ? part->finish() : plain->finish();
+        }
+    }
 
     std::optional<Output> plain;
     std::optional<PartFile> part;
@@ -387,7 +404,8 @@ std::string summary(const Batch& batch, const Standing& standing, double seconds
         char figures[64];
         (void)std::snprintf(figures, sizeof figures, " in %.2f s (%.0f a second)", seconds,
                             static_cast<double>(standing.translated + standing.failed) / seconds);
-        text += std::to_string(standing.translated) + " translated, " +
+        text += std::to_string(standing.translated) +
+                (batch.has_results ? " translated, " : " checked, ") +
                 std::to_string(standing.failed) + " failed" + doubtful(standing) + figures;
     }
     if (target.part && target.part->finished() > 0) {
@@ -427,9 +445,10 @@ int run_batch(const Batch& batch, Job base, const std::string& output_path) {
     Event stop;
     Interruption interruption;
     const std::unique_ptr<JobSource> source =
-        batch.names.empty()
+        batch.names.empty() && !batch.may_be_none
             ? make_line_source(batch.input == "-" ? "" : batch.input, batch.shard, stop)
-            : make_file_source(batch.names, batch.shard, output_path);
+            : make_file_source(batch.names, batch.shard, output_path, batch.done,
+                               batch.may_be_none);
     Target target(batch, base, *source, output_path);
     Progress progress(batch.quiet || batch.results_only);
     remark(progress, source->remarks());
@@ -442,7 +461,7 @@ int run_batch(const Batch& batch, Job base, const std::string& output_path) {
     const int signal = go(run, interruption, batch, target);
     const Standing standing = run.standing();
     if (signal == 0) {
-        target.finish();
+        target.finish(batch, output_path);
         if (!batch.results_only) {
             remark(progress, source->additions());
         }

@@ -2,10 +2,12 @@
 #pragma once
 
 #include <cstdint>
+#include <set>
 #include <string>
 #include <vector>
 
 #include "automation/json_form.h"
+#include "zrcreditbureau/check_table.h"
 #include "zrcreditbureau/job.h"
 #include "zrcreditbureau/operation.h"
 #include "zrcreditbureau/shard.h"
@@ -20,11 +22,17 @@ struct Batch {
     Shard shard;
     bool resume = false;
     bool quiet = false;
-    bool csv = false;  ///< rows instead of JSON
+    bool csv = false;            ///< rows instead of JSON
+    bool database = false;       ///< tables instead of JSON
+    std::set<std::string> done;  ///< files that are passed over
+    bool may_be_none = false;    ///< nothing to do is no mistake
     automation::ResponseFields fields = automation::ResponseFields::all();
     /// For programs: a job that fails has its result and no more, neither a line on standard error
     /// nor a part in the exit status.
     bool results_only = false;
+    /// Where what the checks of the replies found is gathered, if they are to be checked.
+    CheckTable* checks = nullptr;
+    bool has_results = true;  ///< else nothing is wanted but the checks
 };
 
 /// Performs every job on workers with facades of their own and writes one JSON result a line, in

@@ -10,6 +10,7 @@
 #include "values/convert.h"
 #include "values/text.h"
 #include "zrcreditbureau/countries.h"
+#include "zrcreditbureau/database.h"
 #include "zrcreditbureau/failure.h"
 #include "zrcreditbureau/files.h"
 #include "zrcreditbureau/option_table.h"
@@ -48,8 +49,10 @@ JsonValue product_options_value(const std::vector<std::string>& texts) {
 
 /// The form asked for, or that the command starts with.
 Format format_of(std::string_view text, const Command& command) {
-    constexpr std::pair<std::string_view, Format> kFormats[] = {
-        {"json", Format::kJson}, {"html", Format::kHtml}, {"csv", Format::kCsv}};
+    constexpr std::pair<std::string_view, Format> kFormats[] = {{"json", Format::kJson},
+                                                                {"html", Format::kHtml},
+                                                                {"csv", Format::kCsv},
+                                                                {"sqlite", Format::kSqlite}};
     for (const Option* const option : options_of(command)) {
         text = text.empty() && option->names == "--format" ? option->start : text;
     }
@@ -90,7 +93,17 @@ std::string usual_settings_file() {
 void complete_batch(Given& given) {
     Invocation& invocation = given;
     Batch& batch = invocation.batch;
-    invocation.many = given.jobs || given.shard || batch.resume || !batch.input.empty() ||
+    batch.database = invocation.format == Format::kSqlite;
+    if (!given.files_from.empty()) {
+        const std::set<std::string> files = earlier_files(given.files_from, true);
+        given.reply_files.insert(given.reply_files.end(), files.begin(), files.end());
+    }
+    if (!given.only_new.empty()) {
+        batch.done = earlier_files(given.only_new, false);
+    }
+    batch.may_be_none = !given.files_from.empty() || !given.only_new.empty();
+    invocation.many = invocation.command->id == kCheck || batch.database || batch.may_be_none ||
+                      given.jobs || given.shard || batch.resume || !batch.input.empty() ||
                       given.reply_files.size() > 1 ||
                       std::any_of(given.reply_files.begin(), given.reply_files.end(), is_folder);
     if (!invocation.many) {
@@ -101,18 +114,23 @@ void complete_batch(Given& given) {
     if (batch.resume && batch.csv) {
         throw MisuseError("--resume goes on with JSON results, not with csv.");
     }
+    if (batch.database && place_of(invocation.output_path) != Place::kFile) {
+        throw MisuseError("--format sqlite writes a file: name it with --output.");
+    }
     if (batch.resume && place_of(invocation.output_path) != Place::kFile) {
         throw MisuseError("--resume goes on with a file: name it with --output.");
     }
     if (!batch.input.empty()) {
         invocation.ndjson = true;
-    } else if (given.reply_files.empty() && !invocation.ndjson) {
+    } else if (given.reply_files.empty() && !invocation.ndjson && !batch.may_be_none) {
         throw MisuseError("Name files or folders of replies, or --input FILE of jobs.");
     }
     if (!invocation.beside.empty() ||
-        (!given.format_name.empty() && invocation.format != Format::kJson && !batch.csv)) {
+        (invocation.command->id != kCheck && !given.format_name.empty() &&
+         invocation.format != Format::kJson && !batch.csv && !batch.database)) {
         throw MisuseError(
-            "Many replies give one JSON result a line, or csv: no other --format, no file of "
+            "Many replies give one JSON result a line, csv or sqlite: no other --format, no file "
+            "of "
             "another form.");
     }
     if (std::find(given.reply_files.begin(), given.reply_files.end(), "-") !=
@@ -185,7 +203,16 @@ Invocation complete(Given& given) {
     if (!given.country.empty()) {
         job.country = given.country;
     }
+    if (!invocation.known_path.empty() && invocation.command->id != kCheck &&
+        invocation.check_path.empty()) {
+        throw MisuseError("--known goes with --check.");
+    }
     job.strict = given.strict;
+    if (given.explain) {
+        job.check = ReplyCheck::Depth::kExplanation;
+    } else if (invocation.command->id == kCheck || !invocation.check_path.empty()) {
+        job.check = ReplyCheck::Depth::kFindings;
+    }
     job.guarded = !given.no_guard;
     if (given.production) {
         job.test_mode = false;
@@ -203,15 +230,20 @@ Invocation complete(Given& given) {
             job.response_date = convert::to_host_date(date.text());
         }
     }
-    invocation.inputs = {given.settings_file, given.request_file, invocation.batch.input};
+    invocation.inputs = {given.settings_file,   given.request_file, invocation.batch.input,
+                         invocation.known_path, given.files_from,   given.only_new};
     for (const std::string& file : given.reply_files) {
         invocation.inputs.push_back(file);
     }
     invocation.batch.operation = invocation.command->operation.value_or(Operation::kTranslate);
     invocation.format = format_of(given.format_name, *invocation.command);
     const bool csv = invocation.format == Format::kCsv;
-    invocation.fields =
-        parse_fields(given.field_names.empty() && csv ? "summary" : given.field_names);
+    if (given.field_names.empty() && csv) {
+        given.field_names = "summary";
+    } else if (given.field_names.empty() && invocation.format == Format::kSqlite) {
+        given.field_names = "summary,lines";
+    }
+    invocation.fields = parse_fields(given.field_names);
     if (csv && (invocation.fields.selections && !invocation.fields.elements)) {
         throw MisuseError("A row has no room for CompanySelections: take json.");
     }
@@ -236,7 +268,7 @@ Invocation complete(Given& given) {
         if (given.reply_files.empty()) {
             throw MisuseError("Name the file of the reply, or - for standard input.");
         }
-        job.response_xml = read_text_file(given.reply_files.front());
+        job.response_xml = read_text_file(given.reply_files.front(), job.encoding);
     }
     return std::move(invocation);
 }

@@ -28,6 +28,8 @@ struct Given : Invocation {
     std::string format_name;
     std::string field_names;
     std::string input;
+    std::string files_from;
+    std::string only_new;
     bool resume = false;
     bool quiet = false;
     std::optional<std::string> jobs;

@@ -49,18 +49,22 @@ std::size_t size_of_file(const std::string& path) {
 
 class FileSource final : public JobSource {
   public:
-    FileSource(const std::vector<std::string>& names, const Shard& shard, const std::string& output)
-        : names_(names) {
+    FileSource(const std::vector<std::string>& names, const Shard& shard, const std::string& output,
+               const std::set<std::string>& done, bool may_be_none)
+        : names_(names), done_(done) {
         Fingerprint fingerprint;
         ReplyFiles walk(names_);
-        for (std::string path; walk.next(path); all_.add(path)) {
-            fingerprint.add(path);
-            refuse_same_file(path, output);
+        for (std::string path; walk.next(path);) {
+            if (!done_.contains(path)) {
+                all_.add(path);
+                fingerprint.add(path);
+                refuse_same_file(path, output);
+            }
         }
         for (const std::string& name : walk.passed_over()) {
             remarks_.push_back(name + " is a pipe or a device: passed over.");
         }
-        if (all_.size() == 0) {
+        if (all_.size() == 0 && !may_be_none) {
             throw MisuseError("There is no *.xml file in what was named.");
         }
         begin_ = shard.begin(all_.size());
@@ -108,7 +112,8 @@ class FileSource final : public JobSource {
         try {
             ReplyFiles walk(names_);
             for (std::string path; walk.next(path);) {
-                if (!std::binary_search(known.begin(), known.end(), hash(path))) {
+                if (!done_.contains(path) &&
+                    !std::binary_search(known.begin(), known.end(), hash(path))) {
                     found.push_back(path + " was added while the run went on: it has no result.");
                 }
             }
@@ -120,6 +125,7 @@ class FileSource final : public JobSource {
 
   private:
     std::vector<std::string> names_;
+    std::set<std::string> done_;
     Texts all_;
     std::uint64_t begin_ = 0;  // of the shard
     std::uint64_t end_ = 0;
@@ -281,8 +287,9 @@ class LineSource final : public JobSource {
 }  // namespace
 
 std::unique_ptr<JobSource> make_file_source(const std::vector<std::string>& names,
-                                            const Shard& shard, const std::string& output) {
-    return std::make_unique<FileSource>(names, shard, output);
+                                            const Shard& shard, const std::string& output,
+                                            const std::set<std::string>& done, bool may_be_none) {
+    return std::make_unique<FileSource>(names, shard, output, done, may_be_none);
 }
 
 std::unique_ptr<JobSource> make_line_source(const std::string& path, const Shard& shard,

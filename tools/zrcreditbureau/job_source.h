@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -53,10 +54,11 @@ class JobSource {
     virtual std::vector<std::string> additions() const = 0;
 };
 
-/// Replies in files and folders, as they are when this is called. Throws MisuseError where the file
-/// `output` is one of them.
+/// Replies in files and folders, as they are when this is called, but for those that are `done`.
+/// Throws MisuseError where the file `output` is one of them.
 std::unique_ptr<JobSource> make_file_source(const std::vector<std::string>& names,
-                                            const Shard& shard, const std::string& output);
+                                            const Shard& shard, const std::string& output,
+                                            const std::set<std::string>& done, bool may_be_none);
 
 /// Jobs as lines of a file; of standard input for an empty path. A part of the input is the lines
 /// that begin in its share of the bytes. Throws MisuseError for an input that cannot be read, and

@@ -145,4 +145,12 @@ void PartFile::finish() {
     complete_ = true;
 }
 
+void PartFile::finish(const std::function<void(const std::string& part_path)>& convert) {
+    output_.sync();
+    convert(part_path_);
+    (void)::unlink(run_path_.c_str());
+    (void)::unlink(part_path_.c_str());
+    complete_ = true;
+}
+
 }  // namespace zr::cli
