@@ -94,10 +94,9 @@ std::vector<Change> changes_between(const JsonValue& before, const JsonValue& af
     }
     const bool reordered = changes.empty() && old_entries != new_entries;
     const auto is_line = [](const auto& entry) { return entry.first.size() > 1; };
-    if (reordered && !std::ranges::equal(std::ranges::find_if(old_entries, is_line),
-                                         old_entries.end(),
-                                         std::ranges::find_if(new_entries, is_line),
-                                         new_entries.end())) {
+    if (reordered &&
+        !std::ranges::equal(std::ranges::find_if(old_entries, is_line), old_entries.end(),
+                            std::ranges::find_if(new_entries, is_line), new_entries.end())) {
         changes.push_back({{"order of lines"}, "as it was", "another"});
     }
     return changes;

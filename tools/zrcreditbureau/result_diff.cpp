@@ -80,8 +80,8 @@ class ResultIndex {
 
     /// The first result with this name that was not taken yet; false when there is none.
     bool take(const std::string& name, std::string& line) {
-        const auto found = std::ranges::equal_range(places_, hash(name), {}, &Place::hash);
-        for (auto place = found.begin(); place != found.end(); ++place) {
+        auto place = std::ranges::lower_bound(places_, hash(name), {}, &Place::hash);
+        for (; place != places_.end() && place->hash == hash(name); ++place) {
             const auto at = static_cast<std::size_t>(place - places_.begin());
             if (seen_[at]) {
                 continue;
@@ -158,10 +158,9 @@ std::string joined(const std::vector<std::string>& label) {
 std::string shown(const std::string& value) {
     constexpr std::size_t kLongest = 100;
     const std::string line = text::replace_all(printable(value), "\n", " ");
-    return text::length(line) <= kLongest
-               ? line
-               : std::string(text::first(line, kLongest)) + "... (" +
-                     std::to_string(text::length(line)) + " characters)";
+    return text::length(line) <= kLongest ? line
+                                          : std::string(text::first(line, kLongest)) + "... (" +
+                                                std::to_string(text::length(line)) + " characters)";
 }
 
 /// The text with every number of so many digits as "#".
