@@ -36,6 +36,7 @@ enum CommandSet : std::uint32_t {
     kCompletion = 1U << 7,
     kManual = 1U << 8,
     kSchema = 1U << 9,
+    kDoctor = 1U << 10,
 };
 constexpr CommandSet operator|(CommandSet one, CommandSet other) {
     return CommandSet(std::uint32_t{one} | std::uint32_t{other});

@@ -202,6 +202,7 @@ Invocation complete(Given& given) {
     if (!given.country.empty()) {
         job.country = given.country;
     }
+    job.verbose = given.verbose;
     job.strict = given.strict;
     job.guarded = !given.no_guard;
     if (given.production) {

@@ -9,6 +9,7 @@
 #include "records/response.h"
 #include "zrcreditbureau/bureau_pool.h"
 #include "zrcreditbureau/job.h"
+#include "zrcreditbureau/telling_transport.h"
 
 namespace zr::cli {
 
@@ -51,13 +52,18 @@ class Performer {
 
     Operation operation() const { return operation_; }
 
+    /// The facade of the job's country with the job's settings, until the next call. Throws as
+    /// `perform` does.
+    ZRCreditBureau& bureau(const Job& job);
+    /// What the last exchange was like; null where nothing is ever sent.
+    const HttpRecord* record() const { return telling_ == nullptr ? nullptr : &telling_->record; }
+
   private:
     class CapturingTransport;
 
-    bool run(ZRCreditBureau& bureau, Request& request, const Job& job);
-
     Operation operation_;
     CapturingTransport* capture_ = nullptr;  // the transport of compose
+    TellingTransport* telling_ = nullptr;    // that of the others
     std::unique_ptr<HttpTransport> transport_;
     BureauPool bureaus_;
 };
