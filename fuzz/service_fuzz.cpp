@@ -1,12 +1,14 @@
-// Translates whatever it is given as a stored reply of one service, ZR_FUZZ_SERVICE, and reads the
-// whole response.
+// Translates whatever it is given as a stored reply of one service, ZR_FUZZ_SERVICE, reads the
+// whole response, and checks the reply.
 
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "checks/reply_check.h"
 #include "facade/zr_credit_bureau.h"
 #include "read_all.h"
 
@@ -15,6 +17,32 @@ namespace {
 constexpr std::string_view kService = ZR_FUZZ_SERVICE;
 
 constexpr std::string_view kCountry = kService.find("NZ") != std::string_view::npos ? "NZ" : "AU";
+
+std::vector<std::string> lines_of(const zr::Response& response) {
+    std::vector<std::string> lines;
+    for (const zr::ResponseElement& line : response.ResponseElements()) {
+        lines.push_back(line.ResponseGroupSort() + "|" + std::string(line.ResponseSubGroup()) +
+                        "|" + std::string(line.ResponseName()) + "|" +
+                        std::string(line.ResponseDescription()));
+    }
+    return lines;
+}
+
+/// A reply that is watched gives the report that it gives otherwise, all of it explained.
+void watch(zr::ZRCreditBureau& bureau, zr::Request& request, const std::string& reply) {
+    auto& service = dynamic_cast<zr::ReplyService&>(bureau.Services().Item(kService));
+    static zr::ReplyCheck check(service.translator(), zr::ReplyCheck::Depth::kExplanation);
+    const std::vector<std::string> lines = lines_of(*request.Response());
+    const zr::ReplyCheck::Watching watching(check, service);
+    if (bureau.BuildResponse(request, zr::DateTime::ymd(2012, 6, 15), reply) &&
+        check.take_explanation().lines.size() != lines.size()) {
+        std::abort();
+    }
+    if (lines_of(*request.Response()) != lines) {
+        std::abort();
+    }
+    (void)check.take_findings();
+}
 
 }  // namespace
 
@@ -39,6 +67,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             std::abort();  // the reply's text is kept, translated or not
         }
         zr::fuzz::read_all(*request->Response());
+        watch(bureau, *request, reply);
     }
     return 0;
 }

@@ -12,6 +12,11 @@ namespace zr {
 /// Told by layouts and tables that are compiled against names made for it.
 class ReportWatch : public XmlWatch {
   public:
+    /// A reply is about to fill this response, whose text the reply's is.
+    virtual void begin_report(const Response& response) = 0;
+    /// It has filled it; the reply's tree is still there.
+    virtual void end_report() = 0;
+
     /// The value of a piece is about to be written; pieces may be parts of others.
     virtual void begin(const layout::Piece& piece, XmlNode record) = 0;
     /// It was written as this text, without what stands around it.

@@ -260,6 +260,7 @@ Translator::Company::Company(const CompanyReport& company, layout::MissingAmount
 
 Translator::Translator(ReportDefinition definition, ReportWatch* watch)
     : definition_(std::move(definition)),
+      watch_(watch),
       names_(watch),
       checks_(names_),
       request_id_("/BCAmessage/@service-request-id", names_),
@@ -297,7 +298,13 @@ CheckedReply Translator::check(std::string_view response_xml) const {
 
 void Translator::translate(const Service& service, const layout::FormatSettings& formats,
                            bool adds_directors_statistics, Request& request, XmlNode root) const {
+    if (watch_ != nullptr) {
+        watch_->begin_report(RequestInternals::Response(request));
+    }
     Translation(*this, service, formats, adds_directors_statistics, request, root).run();
+    if (watch_ != nullptr) {
+        watch_->end_report();
+    }
 }
 
 }  // namespace zr

@@ -26,6 +26,7 @@ class Translator {
 
     /// For paths of a service's own, before the first reply is read.
     XmlNames& names() { return names_; }
+    const XmlNames& names() const { return names_; }
 
     /// Parses a reply and looks for the bureau's errors.
     CheckedReply check(std::string_view response_xml) const;
@@ -59,6 +60,7 @@ class Translator {
 
     // Before everything that is compiled from and against them.
     const ReportDefinition definition_;
+    ReportWatch* const watch_;
     XmlNames names_;
 
     ReplyCheckPaths checks_;

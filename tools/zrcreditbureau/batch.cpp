@@ -45,7 +45,7 @@ Outcome translate_file(Performer& performer, const Job& base, const std::string&
     Outcome outcome;
     try {
         Job job = base;
-        job.response_xml = read_text_file(path);
+        job.response_xml = read_text_file(path, job.encoding);
         return performer.perform(job);
     } catch (const MisuseError& error) {
         outcome.error_message = error.what();
@@ -156,13 +156,16 @@ BatchResult Run::perform(Performer& performer, const std::vector<BatchItem>& ite
             result.last = true;
             break;
         }
-        const Outcome outcome = source_.files()
-                                    ? translate_file(performer, base_, item.text)
-                                    : answer(performer, base_, item.text, item.too_long);
+        Outcome outcome = source_.files() ? translate_file(performer, base_, item.text)
+                                          : answer(performer, base_, item.text, item.too_long);
+        const std::string number = std::to_string(item.number);
+        const std::string name = source_.files() ? item.text : "line " + number;
+        if (batch_.checks != nullptr && outcome.result) {
+            result.checked.emplace_back(name, std::move(outcome.findings));
+        }
         if (batch_.csv) {
-            csv_.append(result.lines, outcome,
-                        source_.files() ? item.text : std::to_string(item.number));
-        } else {
+            csv_.append(result.lines, outcome, source_.files() ? name : number);
+        } else if (batch_.has_results) {
             write_result(json, batch_.operation, outcome, batch_.fields,
                          source_.files() ? item.text : std::string());
             result.lines.append(json.view()).append("\n");
@@ -172,9 +175,7 @@ BatchResult Run::perform(Performer& performer, const std::vector<BatchItem>& ite
         result.doubtful += outcome.result && !outcome.warning.empty() ? 1 : 0;
         const std::string& message = outcome.result ? outcome.warning : outcome.error_message;
         if (!message.empty()) {
-            result.messages.push_back(
-                (source_.files() ? item.text : "line " + std::to_string(item.number)) + ": " +
-                message);
+            result.messages.push_back(std::string(name).append(": ").append(message));
         }
     }
     return result;
@@ -186,6 +187,12 @@ void Run::write(const BatchResult& result) {
             output_, [&](Output& output) { output.write(result.lines); }, &Output::sync);
     } else {
         output_.write(result.lines);
+    }
+    for (const auto& [source, findings] : result.checked) {
+        batch_.checks->add(findings, source);
+    }
+    if (batch_.checks != nullptr) {
+        batch_.checks->add_failed(result.failed);
     }
     translated_ += result.translated;
     failed_ += result.failed;
@@ -319,7 +326,8 @@ struct Target {
         const bool file = place_of(path) == Place::kFile;
         if (asks_bureau(batch.operation) && file) {
             part.emplace(path);
-        } else if (batch.results_only || batch.csv || !file || !source.identity()) {
+        } else if (batch.results_only || batch.csv || !batch.has_results || !file ||
+                   !source.identity()) {
             plain.emplace(path);
         }
         if (batch.results_only) {
@@ -396,7 +404,8 @@ std::string summary(const Batch& batch, const Standing& standing, double seconds
         char figures[64];
         (void)std::snprintf(figures, sizeof figures, " in %.2f s (%.0f a second)", seconds,
                             static_cast<double>(standing.translated + standing.failed) / seconds);
-        text += std::to_string(standing.translated) + " translated, " +
+        text += std::to_string(standing.translated) +
+                (batch.has_results ? " translated, " : " checked, ") +
                 std::to_string(standing.failed) + " failed" + doubtful(standing) + figures;
     }
     if (target.part && target.part->finished() > 0) {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "automation/json_form.h"
+#include "zrcreditbureau/check_table.h"
 #include "zrcreditbureau/job.h"
 #include "zrcreditbureau/operation.h"
 #include "zrcreditbureau/shard.h"
@@ -29,6 +30,9 @@ struct Batch {
     /// For programs: a job that fails has its result and no more, neither a line on standard error
     /// nor a part in the exit status.
     bool results_only = false;
+    /// Where what the checks of the replies found is gathered, if they are to be checked.
+    CheckTable* checks = nullptr;
+    bool has_results = true;  ///< else nothing is wanted but the checks
 };
 
 /// Performs every job on workers with facades of their own and writes one JSON result a line, in

@@ -10,6 +10,7 @@
 #include "zrcreditbureau/catalogue_text.h"
 #include "zrcreditbureau/completion.h"
 #include "zrcreditbureau/doctor.h"
+#include "zrcreditbureau/explanation_form.h"
 #include "zrcreditbureau/failure.h"
 #include "zrcreditbureau/interruption.h"
 #include "zrcreditbureau/layout_text.h"
@@ -49,7 +50,9 @@ std::string outcome_text(Operation operation, const Outcome& outcome) {
             break;
     }
     return (outcome.warning.empty() ? "" : outcome.warning + "\n\n") +
-           report_text(*outcome.response, "The reply holds no report lines.");
+           report_text(*outcome.response, "The reply holds no report lines.") +
+           (outcome.explanation ? "\n" + explanation_text(*outcome.response, *outcome.explanation)
+                                : "");
 }
 
 /// Whether the outcome has this form; one that failed has no report.
@@ -228,12 +231,25 @@ int report(const Invocation& invocation, const Outcome& outcome, std::list<Deliv
     return outcome.result ? kDone : kFailed;
 }
 
-int run_one(const Invocation& invocation) {
+void set_known(CheckTable& checks, const Invocation& invocation) {
+    if (!invocation.known_path.empty()) {
+        checks.set_known(invocation.known_path);
+    }
+}
+
+int run_one(const Invocation& invocation, CheckTable& checks) {
     require_country(invocation);
     std::list<Delivery> deliveries = open_deliveries(invocation);
     Performer performer(*invocation.command->operation);
     if (!asks_bureau(performer.operation())) {
-        return report(invocation, performer.perform(invocation.job), deliveries);
+        set_known(checks, invocation);
+        const Outcome outcome = performer.perform(invocation.job);
+        if (outcome.result) {
+            checks.add(outcome.findings, source_of(invocation));
+        } else {
+            checks.add_failed(1);
+        }
+        return report(invocation, outcome, deliveries);
     }
     for (Delivery& delivery : deliveries) {
         delivery.output.need_room();
@@ -268,18 +284,53 @@ void refuse_overwriting(const Invocation& invocation) {
     }
 }
 
+int run_many(const Invocation& invocation, CheckTable& checks, const std::string& output_path) {
+    if (!invocation.ndjson) {
+        require_country(invocation);
+        require_service(invocation);
+    }
+    Batch batch = invocation.batch;
+    batch.results_only = !invocation.many;
+    if (invocation.job.check) {
+        set_known(checks, invocation);
+        batch.checks = &checks;
+        batch.has_results = invocation.command->id != kCheck;
+    }
+    return run_batch(batch, invocation.job, output_path);
+}
+
 int run_operation(const Invocation& invocation) {
     refuse_overwriting(invocation);
-    if (invocation.many || invocation.ndjson) {
-        if (!invocation.ndjson) {
-            require_country(invocation);
-            require_service(invocation);
-        }
-        Batch batch = invocation.batch;
-        batch.results_only = !invocation.many;
-        return run_batch(batch, invocation.job, invocation.output_path);
+    CheckTable checks;
+    std::optional<Output> check_output;
+    if (!invocation.check_path.empty()) {
+        check_output.emplace(invocation.check_path);
     }
-    return run_one(invocation);
+    const int status = invocation.many || invocation.ndjson
+                           ? run_many(invocation, checks, invocation.output_path)
+                           : run_one(invocation, checks);
+    if (check_output && status <= kFailed) {
+        write_json(*check_output, [&](automation::JsonWriter& json) { checks.write(json); });
+        check_output->finish();
+    }
+    return status;
+}
+
+int run_check(const Invocation& invocation) {
+    refuse_overwriting(invocation);
+    Output output(invocation.output_path);
+    CheckTable checks;
+    const int status = run_many(invocation, checks, "");
+    if (status > kFailed) {
+        return status;
+    }
+    if (invocation.format == Format::kJson) {
+        write_json(output, [&](automation::JsonWriter& json) { checks.write(json); });
+    } else {
+        write_document(output, checks.text());
+    }
+    output.finish();
+    return invocation.job.strict && !checks.empty() ? int{kFailed} : status;
 }
 
 int run_completion(const Invocation& invocation) {
@@ -334,6 +385,10 @@ constexpr Command kCommands[] = {
      "      --date 2012-06-15\n"
      "  zrcreditbureau translate replies/ --service VedaXMLAU --jobs 4 --output results.ndjson",
      Operation::kTranslate, run_operation},
+    {kCheck, "check", "Tell what of stored replies their reports do not show",
+     "zrcreditbureau check replies/ --service VedaXMLAU --jobs 4\n"
+     "  zrcreditbureau check replies/ --service VedaXMLAU --known usual.json --strict",
+     Operation::kTranslate, run_check},
     {kCompletion, "completion", "Print what makes a shell complete commands and options",
      "zrcreditbureau completion bash >~/.local/share/bash-completion/completions/zrcreditbureau",
      std::nullopt, run_completion},

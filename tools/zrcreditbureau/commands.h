@@ -36,7 +36,8 @@ enum CommandSet : std::uint32_t {
     kCompletion = 1U << 7,
     kManual = 1U << 8,
     kSchema = 1U << 9,
-    kDoctor = 1U << 10,
+    kCheck = 1U << 10,
+    kDoctor = 1U << 11,
 };
 constexpr CommandSet operator|(CommandSet one, CommandSet other) {
     return CommandSet(std::uint32_t{one} | std::uint32_t{other});
@@ -65,6 +66,9 @@ struct Invocation {
     Batch batch;
     Format format = Format::kText;
     std::string output_path;
+    std::string check_path;        ///< where the check of what is translated goes; "" for none
+    std::string known_path;        ///< findings to pass over
+    bool explain = false;          ///< where everything comes from is wanted too
     std::string subject;           ///< what is to be printed, of commands that print one of several
     std::vector<Document> beside;  ///< other forms in files of their own
     automation::ResponseFields fields = automation::ResponseFields::all();

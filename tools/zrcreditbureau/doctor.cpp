@@ -22,7 +22,7 @@
 namespace zr::cli {
 namespace {
 
-constexpr std::time_t kDay = 24 * 60 * 60;
+constexpr std::time_t kDay = std::time_t{24} * 60 * 60;
 
 /// What to do about a kind of failure of the connection test.
 constexpr struct {

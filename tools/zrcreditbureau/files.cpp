@@ -50,27 +50,13 @@ std::string read_all(int descriptor, const std::string& what) {
     }
 }
 
-/// The encoding that an XML declaration names; "" without one.
-std::string declared_encoding(std::string_view xml) {
-    const std::string_view declaration = xml.substr(0, xml.find("?>"));
-    const std::size_t name = declaration.find("encoding");
-    if (!xml.starts_with("<?xml") || name == std::string_view::npos) {
-        return {};
-    }
-    const std::size_t open = declaration.find_first_of("\"'", name);
-    if (open == std::string_view::npos) {
-        return {};
-    }
-    const std::size_t close = declaration.find(declaration[open], open + 1);
-    return std::string(declaration.substr(open + 1, close - open - 1));
-}
-
-std::string decoded(std::string content, const std::string& what) {
+/// Content as text, and the encoding that it was in.
+std::string decoded(std::string content, const std::string& what, std::string& charset) {
     constexpr struct {
         std::string_view mark;
         const char* charset;
     } kMarks[] = {{"\xEF\xBB\xBF", "UTF-8"}, {"\xFF\xFE", "UTF-16LE"}, {"\xFE\xFF", "UTF-16BE"}};
-    std::string charset = "UTF-8";
+    charset = "UTF-8";
     for (const auto& row : kMarks) {
         if (content.starts_with(row.mark)) {
             content.erase(0, row.mark.size());
@@ -96,12 +82,31 @@ std::string decoded(std::string content, const std::string& what) {
 
 }  // namespace
 
-std::string read_text_file(const std::string& path) {
+std::string declared_encoding(std::string_view xml) {
+    const std::string_view declaration = xml.substr(0, xml.find("?>"));
+    const std::size_t name = declaration.find("encoding");
+    if (!xml.starts_with("<?xml") || name == std::string_view::npos) {
+        return {};
+    }
+    const std::size_t open = declaration.find_first_of("\"'", name);
+    if (open == std::string_view::npos) {
+        return {};
+    }
+    const std::size_t close = declaration.find(declaration[open], open + 1);
+    return std::string(declaration.substr(open + 1, close - open - 1));
+}
+
+std::string read_text_file(const std::string& path, std::string& encoding) {
     if (path == "-") {
-        return decoded(read_all(STDIN_FILENO, "standard input"), "Standard input");
+        return decoded(read_all(STDIN_FILENO, "standard input"), "Standard input", encoding);
     }
     const Descriptor file(open_file(path));
-    return decoded(read_all(file.get(), path), path);
+    return decoded(read_all(file.get(), path), path, encoding);
+}
+
+std::string read_text_file(const std::string& path) {
+    std::string encoding;
+    return read_text_file(path, encoding);
 }
 
 Descriptor::~Descriptor() { ::close(descriptor_); }

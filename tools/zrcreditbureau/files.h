@@ -18,6 +18,11 @@ inline constexpr std::size_t kLargestInput = std::size_t{256} << 20;
 /// byte-order mark, else UTF-8, else the encoding that an XML declaration names says how it is
 /// decoded. Throws MisuseError.
 std::string read_text_file(const std::string& path);
+/// The same, telling the encoding that it was in.
+std::string read_text_file(const std::string& path, std::string& encoding);
+
+/// The encoding that an XML declaration names; "" without one.
+std::string declared_encoding(std::string_view xml);
 
 /// A descriptor that is closed again.
 class Descriptor {

@@ -102,8 +102,9 @@ void complete_batch(Given& given) {
         batch.done = earlier_files(given.only_new, false);
     }
     batch.may_be_none = !given.files_from.empty() || !given.only_new.empty();
-    invocation.many = batch.database || batch.may_be_none || given.jobs || given.shard ||
-                      batch.resume || !batch.input.empty() || given.reply_files.size() > 1 ||
+    invocation.many = invocation.command->id == kCheck || batch.database || batch.may_be_none ||
+                      given.jobs || given.shard || batch.resume || !batch.input.empty() ||
+                      given.reply_files.size() > 1 ||
                       std::any_of(given.reply_files.begin(), given.reply_files.end(), is_folder);
     if (!invocation.many) {
         return;
@@ -125,8 +126,8 @@ void complete_batch(Given& given) {
         throw MisuseError("Name files or folders of replies, or --input FILE of jobs.");
     }
     if (!invocation.beside.empty() ||
-        (!given.format_name.empty() && invocation.format != Format::kJson && !batch.csv &&
-         !batch.database)) {
+        (invocation.command->id != kCheck && !given.format_name.empty() &&
+         invocation.format != Format::kJson && !batch.csv && !batch.database)) {
         throw MisuseError(
             "Many replies give one JSON result a line, csv or sqlite: no other --format, no file "
             "of "
@@ -203,7 +204,16 @@ Invocation complete(Given& given) {
         job.country = given.country;
     }
     job.verbose = given.verbose;
+    if (!invocation.known_path.empty() && invocation.command->id != kCheck &&
+        invocation.check_path.empty()) {
+        throw MisuseError("--known goes with --check.");
+    }
     job.strict = given.strict;
+    if (given.explain) {
+        job.check = ReplyCheck::Depth::kExplanation;
+    } else if (invocation.command->id == kCheck || !invocation.check_path.empty()) {
+        job.check = ReplyCheck::Depth::kFindings;
+    }
     job.guarded = !given.no_guard;
     if (given.production) {
         job.test_mode = false;
@@ -221,8 +231,8 @@ Invocation complete(Given& given) {
             job.response_date = convert::to_host_date(date.text());
         }
     }
-    invocation.inputs = {given.settings_file, given.request_file, invocation.batch.input,
-                         given.files_from, given.only_new};
+    invocation.inputs = {given.settings_file,   given.request_file, invocation.batch.input,
+                         invocation.known_path, given.files_from,   given.only_new};
     for (const std::string& file : given.reply_files) {
         invocation.inputs.push_back(file);
     }
@@ -259,7 +269,7 @@ Invocation complete(Given& given) {
         if (given.reply_files.empty()) {
             throw MisuseError("Name the file of the reply, or - for standard input.");
         }
-        job.response_xml = read_text_file(given.reply_files.front());
+        job.response_xml = read_text_file(given.reply_files.front(), job.encoding);
     }
     return std::move(invocation);
 }

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "automation/json.h"
+#include "checks/reply_check.h"
 #include "records/property.h"
 #include "values/date_time.h"
 
@@ -45,6 +46,9 @@ struct Job {
     bool strict = false;
     /// What is probably a mistake is refused before it is sent; likewise.
     bool guarded = true;
+    /// Whether it is told what became of everything in the reply; likewise.
+    std::optional<ReplyCheck::Depth> check{};
+    std::string encoding{};  ///< in which the reply's file was; "" where it was no file
 };
 
 /// A plain member of a job document. Beside these it has Services, Request and ResponseXML.

@@ -1,5 +1,6 @@
 #include "zrcreditbureau/operation.h"
 
+#include <algorithm>
 #include <array>
 #include <optional>
 #include <utility>
@@ -7,6 +8,7 @@
 #include "automation/json_form.h"
 #include "platform/error.h"
 #include "values/text.h"
+#include "zrcreditbureau/files.h"
 #include "zrcreditbureau/guards.h"
 
 namespace zr::cli {
@@ -134,6 +136,19 @@ std::string doubt(Operation operation, const Response& response, const std::stri
     return "No matched file in the reply; is it a reply of " + service + "?";
 }
 
+/// What is wrong where a reply's text says that it is in another encoding than its file was.
+std::optional<Finding> encoding_finding(std::string_view xml, std::string_view encoding) {
+    const std::string declared = declared_encoding(xml);
+    const auto is_ascii = [](char c) { return static_cast<unsigned char>(c) < 0x80; };
+    // "UTF-16" is both of its kinds.
+    if (declared.empty() || encoding.empty() || std::ranges::all_of(xml, is_ascii) ||
+        text::equal_ignoring_case(text::first(encoding, declared.size()), declared)) {
+        return std::nullopt;
+    }
+    return Finding{
+        Finding::Kind::kEncoding, {}, "says " + declared + ", read as " + std::string(encoding)};
+}
+
 }  // namespace
 
 Performer::Performer(Operation operation)
@@ -151,6 +166,42 @@ Performer::Performer(Operation operation)
       bureaus_(*transport_) {}
 
 Performer::~Performer() = default;
+
+ReplyCheck& Performer::check_of(const ReplyService& service, ReplyCheck::Depth depth) {
+    std::unique_ptr<ReplyCheck>& check = checks_[std::string(service.ServiceName())];
+    if (check == nullptr) {
+        check = std::make_unique<ReplyCheck>(service.translator(), depth);
+    }
+    return *check;
+}
+
+bool Performer::run(ZRCreditBureau& bureau, Request& request, const Job& job) {
+    return kProcedures[static_cast<std::size_t>(operation_)](bureau, request, job);
+}
+
+bool Performer::run_checked(ZRCreditBureau& bureau, Request& request, const Job& job,
+                            Outcome& outcome) {
+    const std::string name = request.ServiceName();
+    auto* const service = bureau.Services().Exists(name)
+                              ? dynamic_cast<ReplyService*>(&bureau.Services().Item(name))
+                              : nullptr;
+    if (service == nullptr) {
+        return run(bureau, request, job);
+    }
+    ReplyCheck& check = check_of(*service, *job.check);
+    const ReplyCheck::Watching watching(check, *service);
+    if (!run(bureau, request, job)) {
+        return false;
+    }
+    outcome.findings = check.take_findings();
+    if (std::optional<Finding> finding = encoding_finding(*job.response_xml, job.encoding)) {
+        outcome.findings.push_back(*std::move(finding));
+    }
+    if (*job.check == ReplyCheck::Depth::kExplanation) {
+        outcome.explanation = check.take_explanation();
+    }
+    return true;
+}
 
 ZRCreditBureau& Performer::bureau(const Job& job) {
     if (job.country.empty()) {
@@ -174,7 +225,8 @@ Outcome Performer::perform(const Job& job) {
         guard_request(bureau, job, operation_ == Operation::kList, *request);
     }
     Outcome outcome;
-    outcome.result = kProcedures[static_cast<std::size_t>(operation_)](bureau, *request, job);
+    outcome.result =
+        job.check ? run_checked(bureau, *request, job, outcome) : run(bureau, *request, job);
     if (capture_ != nullptr) {
         if (std::optional<std::string> body = capture_->take()) {
             outcome.result = true;

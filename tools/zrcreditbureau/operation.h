@@ -1,10 +1,14 @@
 // The operations that the commands perform, one job at a time.
 #pragma once
 
+#include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "checks/reply_check.h"
 #include "platform/error.h"
 #include "records/response.h"
 #include "zrcreditbureau/bureau_pool.h"
@@ -37,6 +41,8 @@ struct Outcome {
     /// Of the others, with whatever was kept where the result is false; none where there was no
     /// job.
     std::shared_ptr<const Response> response;
+    std::vector<Finding> findings{};           ///< where the job asks for a check
+    std::optional<Explanation> explanation{};  ///< and for where everything comes from
 };
 
 /// Performs one operation on job after job.
@@ -61,11 +67,17 @@ class Performer {
   private:
     class CapturingTransport;
 
+    /// The check of a service's replies, made once.
+    ReplyCheck& check_of(const ReplyService& service, ReplyCheck::Depth depth);
+    bool run(ZRCreditBureau& bureau, Request& request, const Job& job);
+    bool run_checked(ZRCreditBureau& bureau, Request& request, const Job& job, Outcome& outcome);
+
     Operation operation_;
     CapturingTransport* capture_ = nullptr;  // the transport of compose
     TellingTransport* telling_ = nullptr;    // that of the others
     std::unique_ptr<HttpTransport> transport_;
     BureauPool bureaus_;
+    std::map<std::string, std::unique_ptr<ReplyCheck>> checks_;  // by service
 };
 
 }  // namespace zr::cli

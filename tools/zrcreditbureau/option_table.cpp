@@ -19,7 +19,8 @@ constexpr std::string_view kSettings = "Service settings";
 constexpr CommandSet kReporting = kEnquire | kList | kTranslate;
 constexpr CommandSet kSending = kEnquire | kList;
 constexpr CommandSet kRequesting = kCompose | kSending;
-constexpr CommandSet kOperations = kRequesting | kVerify | kTranslate;
+constexpr CommandSet kStored = kTranslate | kCheck;
+constexpr CommandSet kOperations = kRequesting | kVerify | kStored;
 constexpr CommandSet kConnecting = kOperations | kDoctor;
 constexpr CommandSet kShowing = kCatalogue | kLayout;
 
@@ -27,6 +28,8 @@ const std::vector<Option>& own_options() {
     static const std::vector<Option> kRows = {
         {kGeneral, kTranslate, "FILE", "FILE",
          "The stored reply, - for standard input; or many, and folders of *.xml",
+         &Given::reply_files},
+        {kGeneral, kCheck, "FILE", "FILE", "Stored replies, and folders of *.xml",
          &Given::reply_files},
         {kGeneral, kCompletion, "SHELL", "SHELL", "The shell", &Given::subject, "bash|zsh|fish"},
         {kGeneral, kSchema, "DOCUMENT", "DOCUMENT", "What is described", &Given::subject,
@@ -37,6 +40,10 @@ const std::vector<Option>& own_options() {
          "Address the bureau's production system instead of its test system", &Given::production},
         {kGeneral, kEnquire | kTranslate, "--strict", "",
          "A reply without a matched file is a failure", &Given::strict},
+        {kGeneral, kCheck, "--strict", "",
+         "Findings are a failure, and so is a reply without a matched file", &Given::strict},
+        {kGeneral, kStored, "--known", "FILE",
+         "Pass over the findings in this result of check --format json", &Given::known_path},
         {kGeneral, kSending, "--no-guard", "",
          "Send also what is probably a mistake: unknown options and descriptions, an enquiry about "
          "nobody, an address that is not set",
@@ -51,7 +58,7 @@ const std::vector<Option>& own_options() {
          &Given::currency_format, "", "\"currency\""},
         {kGeneral, kOperations, "--currency-format-symbol", "PATTERN", "Pattern of summary amounts",
          &Given::currency_format_symbol, "", "\"currency\""},
-        {kGeneral, kTranslate, "--date,--response-date", "DATE",
+        {kGeneral, kStored, "--date,--response-date", "DATE",
          "Day from which the statistics count back; today when not given", &Given::response_date},
         {kGeneral, kCompose, "--operation", "NAME", "What to compose", &Given::operation,
          "CreditEnquiry|GetList|VerifyConnection", "CreditEnquiry"},
@@ -63,8 +70,8 @@ const std::vector<Option>& own_options() {
          &Given::product_options, known_values("Options")},
         {kOutput, kCatalogue, "--format", "FORMAT", "Form", &Given::format_name, "text|json",
          "json"},
-        {kOutput, kLayout | kCompose | kVerify, "--format", "FORMAT", "Form", &Given::format_name,
-         "text|json", "text"},
+        {kOutput, kLayout | kCompose | kVerify | kCheck, "--format", "FORMAT", "Form",
+         &Given::format_name, "text|json", "text"},
         {kOutput, kSending, "--format", "FORMAT", "Form", &Given::format_name, "text|json|html|csv",
          "text"},
         {kOutput, kTranslate, "--format", "FORMAT", "Form", &Given::format_name,
@@ -88,11 +95,17 @@ const std::vector<Option>& own_options() {
          "File for the HTML of the reply, beside the report; made by the service's installed sheet "
          "unless --xslt-file-name names another",
          Format::kHtml},
-        {kOutput, kOperations, "--ndjson", "",
+        {kOutput, kTranslate, "--check", "FILE",
+         "File for what check --format json tells of the replies, beside the report",
+         &Given::check_path},
+        {kOutput, kTranslate, "--explain", "",
+         "Tell for each field and line, in text and json, where in the reply it comes from",
+         &Given::explain},
+        {kOutput, kRequesting | kVerify | kTranslate, "--ndjson", "",
          "For programs: one JSON job a line on standard input, one JSON result a line",
          &Given::ndjson},
-        {kMany, kTranslate, "--jobs", "N", "Translate on so many workers", &Given::jobs, "", "1"},
-        {kMany, kTranslate, "--input", "FILE",
+        {kMany, kStored, "--jobs", "N", "Translate on so many workers", &Given::jobs, "", "1"},
+        {kMany, kStored, "--input", "FILE",
          "File of jobs, one JSON job a line; - for standard input", &Given::input},
         {kMany, kTranslate, "--files-from", "FILE",
          "File that names replies, one a line, or an earlier output, of which those that failed "
@@ -101,13 +114,13 @@ const std::vector<Option>& own_options() {
          &Given::files_from},
         {kMany, kTranslate, "--only-new", "FILE",
          "Pass over the replies that this earlier output has, of json or sqlite", &Given::only_new},
-        {kMany, kTranslate, "--shard", "i/n",
+        {kMany, kStored, "--shard", "i/n",
          "Only the i-th of n parts of the input; the parts' results one behind the other are the "
          "results of the whole",
          &Given::shard},
         {kMany, kTranslate, "--resume", "",
          "Go on where an interrupted run with the same --output stopped", &Given::resume},
-        {kMany, kTranslate, "--quiet", "", "Neither a progress bar nor a summary", &Given::quiet},
+        {kMany, kStored, "--quiet", "", "Neither a progress bar nor a summary", &Given::quiet},
     };
     return kRows;
 }
@@ -120,8 +133,8 @@ constexpr struct {
     CommandSet more_commands;
 } kRequestOptions[] = {
     {"Country", "--address-country", kNoCommand},
-    {"ServiceName", "--service,--service-name", kVerify | kDoctor | kLayout | kTranslate},
-    {"ProductId", "--product,--product-id", kTranslate},
+    {"ServiceName", "--service,--service-name", kVerify | kDoctor | kLayout | kStored},
+    {"ProductId", "--product,--product-id", kStored},
 };
 
 /// Where a section of request properties begins.
@@ -264,6 +277,13 @@ std::span<const Note> notes() {
          "JSON result a line in the order of the input, headed by \"File\" where replies "
          "are files. A reply that fails is told on standard error and the run goes on. Exit "
          "status: 0 when all were translated, 1 when any failed, 130 or 143 when interrupted."},
+        {kCheck,
+         "Tells of all replies together which elements and attributes no line, field or count "
+         "shows, what is read as an amount, date or code and is none, which figures disagree, and "
+         "which replies are not in the encoding that they declare: how many replies have it, how "
+         "often, and where first. Keep the JSON of a check and give it to the next with --known: "
+         "what is then told is new. Exit status: 0 when all were checked, 1 when any could not be "
+         "translated, or, with --strict, when there is anything to tell."},
     };
     return kNotes;
 }

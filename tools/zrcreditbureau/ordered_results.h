@@ -8,7 +8,10 @@
 #include <mutex>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
+
+#include "checks/reply_check.h"
 
 namespace zr::cli {
 
@@ -20,7 +23,9 @@ struct BatchResult {
     std::uint64_t failed = 0;
     std::uint64_t doubtful = 0;         ///< of those translated
     std::vector<std::string> messages;  ///< of each job that failed or is doubtful
-    bool last = false;                  ///< the run was stopped: nothing behind it is written
+    /// Of each job that was checked, its source and what was found.
+    std::vector<std::pair<std::string, std::vector<Finding>>> checked;
+    bool last = false;  ///< the run was stopped: nothing behind it is written
 };
 
 /// A window of results, so that no more are held than workers need to stay busy, and none but the

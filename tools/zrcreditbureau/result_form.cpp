@@ -6,6 +6,7 @@
 
 #include "automation/fields.h"
 #include "values/text.h"
+#include "zrcreditbureau/explanation_form.h"
 #include "zrcreditbureau/failure.h"
 #include "zrcreditbureau/nearest.h"
 
@@ -115,6 +116,10 @@ void write_result(automation::JsonWriter& json, Operation operation, const Outco
         } else {
             json.null();
         }
+    }
+    if (outcome.explanation) {
+        json.name("Explanation");
+        write_explanation(json, *outcome.explanation);
     }
     json.end_object();
 }

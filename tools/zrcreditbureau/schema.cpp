@@ -136,6 +136,28 @@ void write_options(JsonWriter& json) {
     json.end_object();
 }
 
+/// The places that fields by name, and lines in their order, come from.
+void write_explanation_schema(JsonWriter& json) {
+    const auto origins = [&](std::string_view name) {
+        write_array(json, name, [&] {
+            write_member(json, "Path", ValueType::kText, "with the position of each element",
+                         false);
+            write_member(json, "Line", ValueType::kInteger, "of the reply's text", false);
+            write_member(json, "Column", ValueType::kInteger, "likewise, in bytes", false);
+        });
+    };
+    json.name("Fields");
+    json.begin_object();
+    write_types(json, "object");
+    origins("additionalProperties");
+    json.end_object();
+    json.name("Lines");
+    json.begin_object();
+    write_types(json, "array");
+    origins("items");
+    json.end_object();
+}
+
 void write_kinds(JsonWriter& json) {
     json.name("ErrorKind");
     json.begin_object();
@@ -209,6 +231,8 @@ void write_result_schema(JsonWriter& json) {
             });
             json.end_array();
             json.end_object();
+            json.name("Explanation");
+            write_object(json, false, [&] { write_explanation_schema(json); });
         },
         "The result of a job");
 }
