@@ -17,6 +17,7 @@
 #include "zrcreditbureau/manual.h"
 #include "zrcreditbureau/output.h"
 #include "zrcreditbureau/report_text.h"
+#include "zrcreditbureau/result_diff.h"
 #include "zrcreditbureau/result_form.h"
 #include "zrcreditbureau/schema.h"
 
@@ -333,6 +334,25 @@ int run_check(const Invocation& invocation) {
     return invocation.job.strict && !checks.empty() ? int{kFailed} : status;
 }
 
+int run_diff(const Invocation& invocation) {
+    const std::vector<std::string>& files = invocation.batch.names;
+    if (files.size() != 2) {
+        throw MisuseError("Name two files of results: those before, then those after.");
+    }
+    refuse_overwriting(invocation);
+    try {
+        Output output(invocation.output_path);
+        ResultDiff diff(output, invocation.format == Format::kJson, invocation.totals_only);
+        const bool different = diff.compare(files.front(), files.back());
+        output.finish();
+        return different ? kFailed : kDone;
+    } catch (const BrokenPipe&) {
+        throw;
+    } catch (const OutputError& error) {
+        throw MisuseError(error.what());  // 1 would mean that something changed
+    }
+}
+
 int run_completion(const Invocation& invocation) {
     std::cout << completion_text(invocation.subject);
     return kDone;
@@ -389,6 +409,10 @@ constexpr Command kCommands[] = {
      "zrcreditbureau check replies/ --service VedaXMLAU --jobs 4\n"
      "  zrcreditbureau check replies/ --service VedaXMLAU --known usual.json --strict",
      Operation::kTranslate, run_check},
+    {kDiff, "diff", "Tell what changed between two translations of one archive",
+     "zrcreditbureau diff before.ndjson after.ndjson\n"
+     "  zrcreditbureau diff before.ndjson after.ndjson --totals",
+     std::nullopt, run_diff},
     {kCompletion, "completion", "Print what makes a shell complete commands and options",
      "zrcreditbureau completion bash >~/.local/share/bash-completion/completions/zrcreditbureau",
      std::nullopt, run_completion},

@@ -37,7 +37,8 @@ enum CommandSet : std::uint32_t {
     kManual = 1U << 8,
     kSchema = 1U << 9,
     kCheck = 1U << 10,
-    kDoctor = 1U << 11,
+    kDiff = 1U << 11,
+    kDoctor = 1U << 12,
 };
 constexpr CommandSet operator|(CommandSet one, CommandSet other) {
     return CommandSet(std::uint32_t{one} | std::uint32_t{other});
@@ -69,6 +70,7 @@ struct Invocation {
     std::string check_path;        ///< where the check of what is translated goes; "" for none
     std::string known_path;        ///< findings to pass over
     bool explain = false;          ///< where everything comes from is wanted too
+    bool totals_only = false;      ///< of a comparison
     std::string subject;           ///< what is to be printed, of commands that print one of several
     std::vector<Document> beside;  ///< other forms in files of their own
     automation::ResponseFields fields = automation::ResponseFields::all();

@@ -250,6 +250,10 @@ Invocation complete(Given& given) {
     }
     invocation.batch.csv = csv;
     invocation.batch.fields = invocation.fields;
+    if (invocation.command->id == kDiff) {
+        invocation.batch.names = std::move(given.reply_files);
+        return std::move(invocation);
+    }
     complete_batch(given);
     if (invocation.ndjson) {
         if ((!given.format_name.empty() && !invocation.many) || !invocation.beside.empty() ||

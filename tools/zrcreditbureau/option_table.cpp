@@ -31,6 +31,8 @@ const std::vector<Option>& own_options() {
          &Given::reply_files},
         {kGeneral, kCheck, "FILE", "FILE", "Stored replies, and folders of *.xml",
          &Given::reply_files},
+        {kGeneral, kDiff, "FILE", "FILE", "Results, one a line: those before, then those after",
+         &Given::reply_files},
         {kGeneral, kCompletion, "SHELL", "SHELL", "The shell", &Given::subject, "bash|zsh|fish"},
         {kGeneral, kSchema, "DOCUMENT", "DOCUMENT", "What is described", &Given::subject,
          "job|result"},
@@ -70,13 +72,13 @@ const std::vector<Option>& own_options() {
          &Given::product_options, known_values("Options")},
         {kOutput, kCatalogue, "--format", "FORMAT", "Form", &Given::format_name, "text|json",
          "json"},
-        {kOutput, kLayout | kCompose | kVerify | kCheck, "--format", "FORMAT", "Form",
+        {kOutput, kLayout | kCompose | kVerify | kCheck | kDiff, "--format", "FORMAT", "Form",
          &Given::format_name, "text|json", "text"},
         {kOutput, kSending, "--format", "FORMAT", "Form", &Given::format_name, "text|json|html|csv",
          "text"},
         {kOutput, kTranslate, "--format", "FORMAT", "Form", &Given::format_name,
          "text|json|html|csv|sqlite", "text"},
-        {kOutput, kOperations | kShowing, "--output", "FILE",
+        {kOutput, kOperations | kShowing | kDiff, "--output", "FILE",
          "File to write, which appears when it is complete; standard output otherwise",
          &Given::output_path},
         {kOutput, kReporting, "--fields", "NAMES",
@@ -95,6 +97,8 @@ const std::vector<Option>& own_options() {
          "File for the HTML of the reply, beside the report; made by the service's installed sheet "
          "unless --xslt-file-name names another",
          Format::kHtml},
+        {kOutput, kDiff, "--totals", "", "Only how often each field and label changed",
+         &Given::totals_only},
         {kOutput, kTranslate, "--check", "FILE",
          "File for what check --format json tells of the replies, beside the report",
          &Given::check_path},
@@ -277,6 +281,10 @@ std::span<const Note> notes() {
          "JSON result a line in the order of the input, headed by \"File\" where replies "
          "are files. A reply that fails is told on standard error and the run goes on. Exit "
          "status: 0 when all were translated, 1 when any failed, 130 or 143 when interrupted."},
+        {kDiff,
+         "Results of files are matched by the file, others by their line; lines by group, "
+         "sub-group "
+         "and name. Exit status: 0 when nothing changed, 1 when anything did, 2 for trouble."},
         {kCheck,
          "Tells of all replies together which elements and attributes no line, field or count "
          "shows, what is read as an amount, date or code and is none, which figures disagree, and "
