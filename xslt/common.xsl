@@ -102,6 +102,7 @@
     <xsl:variable name="text" select="normalize-space($value)"/>
     <xsl:choose>
       <xsl:when test="$text = ''"/>
+      <xsl:when test="$as = 'made'"><xsl:copy-of select="$value"/></xsl:when>
       <xsl:when test="$as = 'date'">
         <xsl:call-template name="date"><xsl:with-param name="text" select="$text"/></xsl:call-template>
       </xsl:when>
@@ -114,7 +115,6 @@
       <xsl:when test="$as = 'marked'">
         <xsl:call-template name="marked"><xsl:with-param name="text" select="$text"/></xsl:call-template>
       </xsl:when>
-      <xsl:when test="$as = 'made'"><xsl:copy-of select="$value"/></xsl:when>
       <xsl:when test="contains($value, '&#10;')">
         <xsl:variable name="first" select="substring($text, 1, 1)"/>
         <xsl:value-of select="concat($first, substring-after($value, $first))"/>

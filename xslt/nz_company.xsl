@@ -170,41 +170,33 @@
       <xsl:call-template name="tag"><xsl:with-param name="text">Not paid</xsl:with-param></xsl:call-template>
     </xsl:if>
   </xsl:template>
-  <xsl:template match="company-default" mode="facts">
-    <xsl:call-template name="facts">
-      <xsl:with-param name="fields">
-        Credit provider = credit-provider;
-        Default amount = default-amount as amount;
-        Default balance = default-balance as amount;
-        Default status = company-default-status;
-        Last updated = company-default-status/@last-update-date as date;
-        Last updated = @last-update-date as date;
-        Date paid = date-paid as date;
-        Created = @create-date as date;
-        Account opened = date-account-opened as date;
-        Account opened = @date-account-opened as date;
-        Account terms = account-terms;
-        Company officer = company-officer as name;
-        Address = free-format-address/address-line as lines;
-        +Narrative = narrative;
-      </xsl:with-param>
-    </xsl:call-template>
+  <xsl:template match="company-default" mode="fields">
+    Credit provider = credit-provider;
+    Default amount = default-amount as amount;
+    Default balance = default-balance as amount;
+    Default status = company-default-status;
+    Last updated = company-default-status/@last-update-date as date;
+    Last updated = @last-update-date as date;
+    Date paid = date-paid as date;
+    Created = @create-date as date;
+    Account opened = date-account-opened as date;
+    Account opened = @date-account-opened as date;
+    Account terms = account-terms;
+    Company officer = company-officer as name;
+    Address = free-format-address/address-line as lines;
+    +Narrative = narrative;
   </xsl:template>
 
-  <xsl:template match="company-credit-reference" mode="facts">
-    <xsl:call-template name="facts">
-      <xsl:with-param name="fields">
-        Created = @create-date as date;
-        Supplier industry = supplier-industry;
-        Turnover = turnover-amount as amount;
-        Terms of trade = terms-of-trade;
-        Account opened = account-opened-date as date;
-        Account opened = @account-opened-date as date;
-        Referee name = referee-name;
-        Referee phone = referee-phone-number;
-        +Narrative = comment/narrative as lines;
-      </xsl:with-param>
-    </xsl:call-template>
+  <xsl:template match="company-credit-reference" mode="fields">
+    Created = @create-date as date;
+    Supplier industry = supplier-industry;
+    Turnover = turnover-amount as amount;
+    Terms of trade = terms-of-trade;
+    Account opened = account-opened-date as date;
+    Account opened = @account-opened-date as date;
+    Referee name = referee-name;
+    Referee phone = referee-phone-number;
+    +Narrative = comment/narrative as lines;
   </xsl:template>
 
   <xsl:template name="company-public-record">
@@ -265,43 +257,31 @@
     <xsl:value-of select="normalize-space(barcode | bar-code)"/>
   </xsl:template>
 
-  <xsl:template match="registered-charge" mode="facts">
-    <xsl:call-template name="facts">
-      <xsl:with-param name="fields">
-        Charge type = charge-type;
-        Charge status = charge-status;
-        Secured amount = secured-amount as amount;
-        Secured amount description = secured-amount-description;
-        Chargeholder = chargeholder-name;
-        Further chargeholder = additional-charge-holder-name;
-        Property charged = property-charged;
-        Created = @create-date as date;
-        Registered = @registered-date as date;
-      </xsl:with-param>
-    </xsl:call-template>
+  <xsl:template match="registered-charge" mode="fields">
+    Charge type = charge-type;
+    Charge status = charge-status;
+    Secured amount = secured-amount as amount;
+    Secured amount description = secured-amount-description;
+    Chargeholder = chargeholder-name;
+    Further chargeholder = additional-charge-holder-name;
+    Property charged = property-charged;
+    Created = @create-date as date;
+    Registered = @registered-date as date;
   </xsl:template>
 
-  <xsl:template match="company-mercantile-gazette" mode="facts">
-    <xsl:call-template name="facts">
-      <xsl:with-param name="fields">
-        Publication date = publication-date as date;
-        Gazette type = gazette-type;
-        Adverse = adverse/@indicator as yes;
-        +Narrative = narrative;
-      </xsl:with-param>
-    </xsl:call-template>
+  <xsl:template match="company-mercantile-gazette" mode="fields">
+    Publication date = publication-date as date;
+    Gazette type = gazette-type;
+    Adverse = adverse/@indicator as yes;
+    +Narrative = narrative;
   </xsl:template>
 
-  <xsl:template match="company-judgement" mode="facts">
-    <xsl:call-template name="facts">
-      <xsl:with-param name="fields">
-        Creditor = creditor;
-        Judgement amount = judgement-amount as amount;
-        Publication date = publication-date as date;
-        +Narrative = narrative;
-        +Gazette narrative = gazette-narrative;
-      </xsl:with-param>
-    </xsl:call-template>
+  <xsl:template match="company-judgement" mode="fields">
+    Creditor = creditor;
+    Judgement amount = judgement-amount as amount;
+    Publication date = publication-date as date;
+    +Narrative = narrative;
+    +Gazette narrative = gazette-narrative;
   </xsl:template>
 
   <xsl:template match="company-public-notice | company-mercantile-gazette" mode="tag">
@@ -309,15 +289,11 @@
       <xsl:call-template name="tag"><xsl:with-param name="text">Adverse</xsl:with-param></xsl:call-template>
     </xsl:if>
   </xsl:template>
-  <xsl:template match="company-public-notice" mode="facts">
-    <xsl:call-template name="facts">
-      <xsl:with-param name="fields">
-        Created = @create-date as date;
-        Notice type = notice-type;
-        Adverse = adverse/@indicator as yes;
-        +Narrative = . as made;
-      </xsl:with-param>
-    </xsl:call-template>
+  <xsl:template match="company-public-notice" mode="fields">
+    Created = @create-date as date;
+    Notice type = notice-type;
+    Adverse = adverse/@indicator as yes;
+    +Narrative = . as made;
   </xsl:template>
 
   <!-- The narratives of a notice and of those after it under the same number. -->

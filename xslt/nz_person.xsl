@@ -277,34 +277,30 @@
       <xsl:call-template name="tag"><xsl:with-param name="text">Not paid</xsl:with-param></xsl:call-template>
     </xsl:if>
   </xsl:template>
-  <xsl:template match="default" mode="facts">
-    <xsl:call-template name="facts">
-      <xsl:with-param name="fields">
-        Credit provider = credit-provider;
-        Credit provider ANZSIC = ANZSIC-industry;
-        Default amount = default-original-amount as amount;
-        Default amount = default-amount as amount;
-        Default balance = default-balance-amount as amount;
-        Default balance = default-balance as amount;
-        Account balance = total-loan-amount as made;
-        Default status = default-status as made;
-        Default status changed = default-status/@date as date;
-        Default date = default-date as date;
-        Load date = load-date as date;
-        Created = @create-date as date;
-        Last updated = @last-update-date as date;
-        Account type = account-type/@code as account-types;
-        Account opened = account-opened-date as date;
-        Client reference = client-account-reference-id;
-        Client name = . as name;
-        Client date of birth = date-of-birth as date;
-        Client relationship = consumer-default-relationship/@type as default-relationships;
-        Joint liability = @joint-liability as made;
-        Company loan = @company-loan as made;
-        Detail number = @defaulter-detail-number;
-        +Corrections = corrections as made;
-      </xsl:with-param>
-    </xsl:call-template>
+  <xsl:template match="default" mode="fields">
+    Credit provider = credit-provider;
+    Credit provider ANZSIC = ANZSIC-industry;
+    Default amount = default-original-amount as amount;
+    Default amount = default-amount as amount;
+    Default balance = default-balance-amount as amount;
+    Default balance = default-balance as amount;
+    Account balance = total-loan-amount as made;
+    Default status = default-status as made;
+    Default status changed = default-status/@date as date;
+    Default date = default-date as date;
+    Load date = load-date as date;
+    Created = @create-date as date;
+    Last updated = @last-update-date as date;
+    Account type = account-type/@code as account-types;
+    Account opened = account-opened-date as date;
+    Client reference = client-account-reference-id;
+    Client name = . as name;
+    Client date of birth = date-of-birth as date;
+    Client relationship = consumer-default-relationship/@type as default-relationships;
+    Joint liability = @joint-liability as made;
+    Company loan = @company-loan as made;
+    Detail number = @defaulter-detail-number;
+    +Corrections = corrections as made;
   </xsl:template>
 
   <!-- The first layout writes a code of a table, the later ones a code that the bureau does not explain. -->
@@ -328,16 +324,12 @@
       <xsl:call-template name="tag"><xsl:with-param name="text">Not paid</xsl:with-param></xsl:call-template>
     </xsl:if>
   </xsl:template>
-  <xsl:template match="collection | company-collection" mode="facts">
-    <xsl:call-template name="facts">
-      <xsl:with-param name="fields">
-        Creditor = creditor;
-        Amount = collection-amount as amount;
-        Balance = collection-balance as amount;
-        Status = collection-status;
-        Created = @create-date as date;
-      </xsl:with-param>
-    </xsl:call-template>
+  <xsl:template match="collection | company-collection" mode="fields">
+    Creditor = creditor;
+    Amount = collection-amount as amount;
+    Balance = collection-balance as amount;
+    Status = collection-status;
+    Created = @create-date as date;
   </xsl:template>
 
   <!-- An amount of nothing and an N are not worth a fact. -->
@@ -459,42 +451,34 @@
       <xsl:call-template name="tag"><xsl:with-param name="text">Not paid</xsl:with-param></xsl:call-template>
     </xsl:if>
   </xsl:template>
-  <xsl:template match="judgement" mode="facts">
-    <xsl:call-template name="facts">
-      <xsl:with-param name="fields">
-        Creditor = creditor;
-        Judgement amount = judgement-amount as amount;
-        Court type = court-type;
-        Judgement status = judgement-status;
-        Load date = load-date as date;
-        Publication date = publication-date as date;
-        Date paid = date-paid as date;
-        Date paid = @date-paid as date;
-        Name = . as name;
-        +Narrative = narrative;
-        +Corrections = corrections as made;
-      </xsl:with-param>
-    </xsl:call-template>
+  <xsl:template match="judgement" mode="fields">
+    Creditor = creditor;
+    Judgement amount = judgement-amount as amount;
+    Court type = court-type;
+    Judgement status = judgement-status;
+    Load date = load-date as date;
+    Publication date = publication-date as date;
+    Date paid = date-paid as date;
+    Date paid = @date-paid as date;
+    Name = . as name;
+    +Narrative = narrative;
+    +Corrections = corrections as made;
   </xsl:template>
 
   <xsl:template match="insolvency[not(discharged-date)]" mode="tag">
     <xsl:call-template name="tag"><xsl:with-param name="text">No discharge date</xsl:with-param></xsl:call-template>
   </xsl:template>
-  <xsl:template match="insolvency" mode="facts">
-    <xsl:call-template name="facts">
-      <xsl:with-param name="fields">
-        Insolvency number = insolvency-number;
-        Type = insolvency-type/@code as insolvency-types;
-        Status = insolvency-status as made;
-        Adjudication date = adjudication-date as date;
-        Adjudication court = adjudication-court as made;
-        Discharged date = discharged-date as date;
-        +Conditions = conditions;
-        Partnership number = partnership-group-number;
-        Partnership name = partnership-group-name;
-        +Corrections = corrections as made;
-      </xsl:with-param>
-    </xsl:call-template>
+  <xsl:template match="insolvency" mode="fields">
+    Insolvency number = insolvency-number;
+    Type = insolvency-type/@code as insolvency-types;
+    Status = insolvency-status as made;
+    Adjudication date = adjudication-date as date;
+    Adjudication court = adjudication-court as made;
+    Discharged date = discharged-date as date;
+    +Conditions = conditions;
+    Partnership number = partnership-group-number;
+    Partnership name = partnership-group-name;
+    +Corrections = corrections as made;
   </xsl:template>
 
   <xsl:template match="insolvency-status | adjudication-court" mode="made">
@@ -512,21 +496,17 @@
       <xsl:call-template name="tag"><xsl:with-param name="text">Undischarged</xsl:with-param></xsl:call-template>
     </xsl:if>
   </xsl:template>
-  <xsl:template match="bankruptcy" mode="facts">
-    <xsl:call-template name="facts">
-      <xsl:with-param name="fields">
-        Load date = load-date as date;
-        Publication date = publication-date as date;
-        Source = source;
-        Discharged date = date-discharged as date;
-        Discharged date = @date-discharged as date;
-        Name = . as name;
-        Address = free-format-address[1] as made;
-        Address 2 = free-format-address[2] as made;
-        +Narrative = . as made;
-        +Corrections = corrections as made;
-      </xsl:with-param>
-    </xsl:call-template>
+  <xsl:template match="bankruptcy" mode="fields">
+    Load date = load-date as date;
+    Publication date = publication-date as date;
+    Source = source;
+    Discharged date = date-discharged as date;
+    Discharged date = @date-discharged as date;
+    Name = . as name;
+    Address = free-format-address[1] as made;
+    Address 2 = free-format-address[2] as made;
+    +Narrative = . as made;
+    +Corrections = corrections as made;
   </xsl:template>
 
   <!-- The narratives of a bankruptcy, each after its number. -->
@@ -556,19 +536,15 @@
     </xsl:choose>
   </xsl:template>
 
-  <xsl:template match="public-notice" mode="facts">
-    <xsl:call-template name="facts">
-      <xsl:with-param name="fields">
-        Load date = load-date as date;
-        Publication date = publication-date as date;
-        Notice type = notice-type;
-        Name = . as name;
-        Address = free-format-address[1] as made;
-        Address 2 = free-format-address[2] as made;
-        +Narrative = narrative;
-        +Corrections = corrections as made;
-      </xsl:with-param>
-    </xsl:call-template>
+  <xsl:template match="public-notice" mode="fields">
+    Load date = load-date as date;
+    Publication date = publication-date as date;
+    Notice type = notice-type;
+    Name = . as name;
+    Address = free-format-address[1] as made;
+    Address 2 = free-format-address[2] as made;
+    +Narrative = narrative;
+    +Corrections = corrections as made;
   </xsl:template>
 
   <!-- "Stolen Passport (number 12) - NOT REPORTED TO POLICE". -->

@@ -33,15 +33,29 @@
   <xsl:variable name="company-files" select="$report[$company] | $report/company[1] | $directed"/>
   <xsl:variable name="counted-files" select="$report[company or $layout = 'vedaxml'][$company]
                                              | $directed[$layout != 'vedaxml']"/>
-  <!-- Files that a reply has twice, where they are counted and within the company, are shown once. -->
+  <!-- Files that a reply has twice, where they are counted and within the company, are shown once, if
+       the one is the other's copy in every value; "|company-default-file|..." are those. -->
+  <xsl:variable name="uncounted-files" select="$company-files[count(. | $counted-files) != count($counted-files)]"/>
+  <xsl:variable name="copies">
+    <xsl:for-each select="$uncounted-files/*[self::company-default-file or self::company-judgement-file
+                          or self::company-public-notice-file or self::company-credit-file]">
+      <xsl:variable name="counted" select="$counted-files/*[name() = name(current())]"/>
+      <xsl:if test="count($counted//*) = count(.//*) and string($counted) = string()">
+        <xsl:variable name="values"><xsl:apply-templates select="@* | .//@*" mode="value"/></xsl:variable>
+        <xsl:variable name="counted-values"><xsl:apply-templates select="$counted/@* | $counted//@*" mode="value"/></xsl:variable>
+        <xsl:if test="string($values) = string($counted-values)"><xsl:value-of select="concat('|', name(), '|')"/></xsl:if>
+      </xsl:if>
+    </xsl:for-each>
+  </xsl:variable>
+  <xsl:template match="@*" mode="value"><xsl:value-of select="concat(name(), '=', ., '|')"/></xsl:template>
   <xsl:variable name="company-default-files" select="$counted-files/company-default-file
-      | $company-files[count(company-default-file/*) != count($counted-files/company-default-file/*)]/company-default-file"/>
+      | $uncounted-files/company-default-file[not(contains($copies, '|company-default-file|'))]"/>
   <xsl:variable name="company-judgement-files" select="$counted-files/company-judgement-file
-      | $company-files[count(company-judgement-file/*) != count($counted-files/company-judgement-file/*)]/company-judgement-file"/>
+      | $uncounted-files/company-judgement-file[not(contains($copies, '|company-judgement-file|'))]"/>
   <xsl:variable name="company-notice-files" select="$counted-files/company-public-notice-file
-      | $company-files[count(company-public-notice-file/*) != count($counted-files/company-public-notice-file/*)]/company-public-notice-file"/>
+      | $uncounted-files/company-public-notice-file[not(contains($copies, '|company-public-notice-file|'))]"/>
   <xsl:variable name="company-credit-files" select="$counted-files/company-credit-file
-      | $company-files[count(company-credit-file/*) != count($counted-files/company-credit-file/*)]/company-credit-file"/>
+      | $uncounted-files/company-credit-file[not(contains($copies, '|company-credit-file|'))]"/>
   <xsl:variable name="directors" select="$report[$directed]/director-report"/>
   <xsl:variable name="person" select="$report[not($company)]"/>
 

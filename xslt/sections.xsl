@@ -77,27 +77,72 @@
         <xsl:with-param name="level" select="$level"/>
         <xsl:with-param name="text" select="$title"/>
       </xsl:call-template>
+      <xsl:variable name="all-fields"><xsl:apply-templates select="$records[1]" mode="fields"/></xsl:variable>
+      <xsl:variable name="fields"><xsl:call-template name="occurring">
+        <xsl:with-param name="fields" select="string($all-fields)"/>
+        <xsl:with-param name="records" select="$records"/>
+      </xsl:call-template></xsl:variable>
       <xsl:for-each select="$records">
-        <xsl:variable name="id"><xsl:apply-templates select="." mode="id"/></xsl:variable>
-        <xsl:variable name="name"
-                      select="concat($noun, ' ', $id, substring(position(), 1, 9 * not(string($id))))"/>
-        <xsl:variable name="tag"><xsl:apply-templates select="." mode="tag"/></xsl:variable>
-        <xsl:variable name="facts">
-          <xsl:apply-templates select="." mode="facts"><xsl:with-param name="name" select="$name"/></xsl:apply-templates>
-        </xsl:variable>
-        <article>
-          <xsl:attribute name="class">
-            <xsl:text>record</xsl:text>
-            <xsl:if test="string($tag)"> bad</xsl:if>
-          </xsl:attribute>
-          <xsl:call-template name="heading">
-            <xsl:with-param name="level" select="$level + 1"/>
-            <xsl:with-param name="text"><xsl:value-of select="$name"/><xsl:copy-of select="$tag"/></xsl:with-param>
-          </xsl:call-template>
-          <xsl:copy-of select="$facts"/>
-          <xsl:if test="not(string($facts))"><p class="none">No details given.</p></xsl:if>
-        </article>
+        <xsl:call-template name="record">
+          <xsl:with-param name="fields" select="string($fields)"/>
+          <xsl:with-param name="level" select="$level"/>
+          <xsl:with-param name="noun" select="$noun"/>
+          <xsl:with-param name="place" select="position()"/>
+        </xsl:call-template>
       </xsl:for-each>
+    </xsl:if>
+  </xsl:template>
+
+  <!-- What a template makes for itself is forgotten when it ends: so a record has one of its own. -->
+  <xsl:template name="record">
+    <xsl:param name="fields"/>
+    <xsl:param name="level"/>
+    <xsl:param name="noun"/>
+    <xsl:param name="place"/>
+    <xsl:variable name="id"><xsl:apply-templates select="." mode="id"/></xsl:variable>
+    <xsl:variable name="name"
+                  select="concat($noun, ' ', $id, substring($place, 1, 9 * not(string($id))))"/>
+    <xsl:variable name="tag"><xsl:apply-templates select="." mode="tag"/></xsl:variable>
+    <xsl:variable name="facts">
+      <xsl:apply-templates select="." mode="facts">
+        <xsl:with-param name="name" select="$name"/>
+        <xsl:with-param name="fields" select="$fields"/>
+      </xsl:apply-templates>
+    </xsl:variable>
+    <article>
+      <xsl:attribute name="class">
+        <xsl:text>record</xsl:text>
+        <xsl:if test="string($tag)"> bad</xsl:if>
+      </xsl:attribute>
+      <xsl:call-template name="heading">
+        <xsl:with-param name="level" select="$level + 1"/>
+        <xsl:with-param name="text"><xsl:value-of select="$name"/><xsl:copy-of select="$tag"/></xsl:with-param>
+      </xsl:call-template>
+      <xsl:copy-of select="$facts"/>
+      <xsl:if test="not(string($facts))"><p class="none">No details given.</p></xsl:if>
+    </article>
+  </xsl:template>
+
+  <!-- The list of a record's fields, see fields.xsl, where its facts are not made otherwise. -->
+  <xsl:template match="*" mode="fields"/>
+
+  <!-- The fields that one of the records may have: most of a list are of other layouts. -->
+  <xsl:template name="occurring">
+    <xsl:param name="fields"/>
+    <xsl:param name="records"/>
+    <xsl:variable name="field" select="substring-before($fields, ';')"/>
+    <xsl:if test="$field">
+      <xsl:variable name="path" select="substring-before(concat(substring-after($field, ' = '), ' '), ' ')"/>
+      <xsl:variable name="step" select="substring-before(concat(translate($path, '[@', '/'), '/'), '/')"/>
+      <xsl:choose>
+        <xsl:when test="$step = '.'"><xsl:value-of select="concat($field, ';')"/></xsl:when>
+        <xsl:when test="$records/*[name() = $step]"><xsl:value-of select="concat($field, ';')"/></xsl:when>
+        <xsl:when test="$records/@*[name() = $step]"><xsl:value-of select="concat($field, ';')"/></xsl:when>
+      </xsl:choose>
+      <xsl:call-template name="occurring">
+        <xsl:with-param name="fields" select="substring-after($fields, ';')"/>
+        <xsl:with-param name="records" select="$records"/>
+      </xsl:call-template>
     </xsl:if>
   </xsl:template>
 

@@ -14,7 +14,7 @@ namespace zr {
 using SheetParameters = std::vector<std::pair<std::string, std::string>>;
 
 /// The style sheets that one facade has used. Runs XSLT 1.0 with the EXSLT and msxsl:node-set
-/// functions; a sheet may include files and read its neighbours on disk, but not write, create
+/// functions; a sheet may include and read files in its folder and below, but not write, create
 /// folders or reach the network; its time, tree, text and output are bounded. One thread at a time.
 class StyleSheets {
   public:

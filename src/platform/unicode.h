@@ -46,10 +46,13 @@ char32_t next_code_point(std::string_view value, std::size_t& position);
 /// Appends a code point as UTF-8; U+FFFD for a number that is none.
 void append_code_point(std::string& target, char32_t code_point);
 
+/// True for UTF-7 and HZ under any of their names: markup can look like other text in them.
+bool hides_markup(std::string_view charset);
+
 /// Bytes of the named charset as UTF-8, what is invalid in it as U+FFFD. Throws
 /// PlatformError(kInvalidReply) for a charset that is not known, and for half of a surrogate pair
-/// or any other unit that is no character where all units have several bytes. UTF-7 and HZ, in
-/// which markup can look like other text, count as not known.
+/// or any other unit that is no character where all units have several bytes. One that hides markup
+/// counts as not known.
 std::string decode(std::string_view bytes, const std::string& charset);
 
 /// Orders keys without regard to letter case, for maps keyed by name.

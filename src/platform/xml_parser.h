@@ -21,6 +21,7 @@ struct XmlParseError {
         kHasInternalSubset,
         kTooManyNames,
         kTooManyDistinctNamespaces,
+        kDeclaresEncoding,
     };
 
     int code = 0;             ///< the parser's own code or a Refusal, never 0

@@ -115,6 +115,37 @@ TEST_F(StyleSheetTest, WritesWhatItsOutputAsks) {
     }
 }
 
+// A long page is written down while it grows, if it has a body; that shows nowhere.
+TEST_F(StyleSheetTest, FoldsLongPages) {
+    std::string reply = "<r>";
+    for (int i = 0; i < 4000; ++i) reply += "<q n='" + std::to_string(i) + "'>a&lt;&amp;é</q>";
+    reply += "</r>";
+    const auto page = [&](const std::string& body) {
+        const std::string row =
+            "<xsl:text>t</xsl:text><xsl:value-of select='.'/><br/><!-- none --><xsl:comment>c"
+            "</xsl:comment><xsl:text disable-output-escaping='yes'>&lt;hr></xsl:text>"
+            "<a href='x?a={.}&amp;b'><xsl:attribute name='title'><xsl:value-of select='.'/>"
+            "</xsl:attribute><b/><xsl:copy-of select='exsl:node-set($kept)/i[1]'/></a><script>x "
+            "&lt; y</script>";
+        return write_sheet(
+            "<xsl:output method='html' indent='no'/><xsl:template match='/'>"
+            "<xsl:variable name='kept'><xsl:for-each select='//q'><i><xsl:value-of "
+            "select='@n'/></i>"
+            "</xsl:for-each></xsl:variable><html><head><title>t</title></head><" +
+                body + "><h1/><p><xsl:for-each select='r/q'><u>" + row +
+                "</u></xsl:for-each></p><xsl:for-each select='r/q'>" + row +
+                "</xsl:for-each><p><xsl:value-of select='count(exsl:node-set($kept)/i)'/></p></" +
+                body + "></html></xsl:template>",
+            body + ".xsl");
+    };
+    const std::string folded = transform(reply, page("body"));
+    std::string plain = transform(reply, page("bodx"));
+    for (std::size_t at; (at = plain.find("bodx")) != std::string::npos;) plain[at + 3] = 'y';
+    EXPECT_GT(folded.size(), 1000000U) << folded.substr(0, 300);
+    EXPECT_EQ(folded.substr(0, 200), plain.substr(0, 200));
+    EXPECT_TRUE(folded == plain);
+}
+
 TEST_F(StyleSheetTest, RunsTheFunctionsThatReportsUse) {
     const struct {
         const char* select;
@@ -296,11 +327,17 @@ TEST_F(StyleSheetTest, BoundsWhatASheetUses) {
              "<xsl:for-each select='//q[position() &lt; 30]'><a><xsl:value-of select='$v18'/></a>"
              "</xsl:for-each>",
          "It writes more than 67108864 bytes."},
+        {"<xsl:variable name='long'><xsl:for-each select='//q'><xsl:value-of select='.'/>"
+         "</xsl:for-each></xsl:variable><html><body><xsl:for-each select='//q'><p><b/>"
+         "<xsl:value-of select='$long'/></p></xsl:for-each></body></html>",
+         "It writes more than 67108864 bytes."},
     };
     for (const auto& c : cases) {
         const std::string name = "bound" + std::to_string(&c - cases) + ".xsl";
         const std::string sheet =
-            write_sheet("<xsl:template match='/'>" + c.body + "</xsl:template>", name);
+            write_sheet("<xsl:output method='html' indent='no'/><xsl:template match='/'>" + c.body +
+                            "</xsl:template>",
+                        name);
         const std::string result = transform(reply, sheet);
         EXPECT_EQ(result.find("error: The style sheet could not be run: "), 0U) << c.body;
         EXPECT_NE(result.find(c.expected), std::string::npos) << c.body << result.substr(0, 300);
@@ -344,6 +381,18 @@ TEST_F(StyleSheetTest, ReadsNeighboursOnly) {
         } else {
             EXPECT_EQ(result, c.expected) << c.address;
         }
+    }
+    const std::string part = as_text("<xsl:template match='/'>part</xsl:template>");
+    write_sheet(part, "outside.xsl");
+    write_sheet(part, "in/deep/below.xsl");
+    fs::create_symlink("../outside.xsl", folder_ / "in/link.xsl");
+    for (const std::string element : {"<xsl:include href='", "<xsl:import href='"}) {
+        const auto using_sheet = [&](const std::string& address) {
+            return transform(kReply, write_sheet(element + address + "'/>", "in/whole.xsl"));
+        };
+        EXPECT_EQ(using_sheet("deep/below.xsl"), "part");
+        EXPECT_NE(using_sheet("../outside.xsl").find(refused), std::string::npos);
+        EXPECT_NE(using_sheet("link.xsl").find(refused), std::string::npos);
     }
 }
 

@@ -6,8 +6,9 @@ processor for a small reply, and bounded memory.
 
 import os
 import pathlib
+import re
 
-from kit import EXAMPLES, Folder, side_by_side, translate
+from kit import EXAMPLES, HOST, Folder, ROOT, run, side_by_side, translate
 from servers import Server
 
 REPLY = EXAMPLES / "vedaxml_au_clean.xml"
@@ -95,6 +96,9 @@ NETWORK = {
 }
 WHOLE = {  # whole sheets
     "include of an address": sheet('<xsl:include href="{url}x.xsl"/>'),
+    "include above the sheet": sheet('<xsl:include href="../secret.xsl"/>'),
+    "import of another folder's sheet": HEAD + '<xsl:import href="{up}/secret.xsl"/>' + TAIL,
+    "include through a link": sheet('<xsl:include href="link.xsl"/>'),
     "an entity of a file": '<!DOCTYPE x [<!ENTITY e SYSTEM "file://{up}/secret.txt">]>' +
     sheet(body="&e;"),
     "an entity of an address": '<!DOCTYPE x [<!ENTITY e SYSTEM "{url}e">]>' + sheet(body="&e;"),
@@ -196,6 +200,8 @@ def prepare(folder):
     (inside / "sub").mkdir()
     (folder / "secret.xml").write_text(f"<secret>{MARK}</secret>")
     (folder / "secret.txt").write_text(MARK)
+    (folder / "secret.xsl").write_text(sheet(body=MARK))
+    (inside / "link.xsl").symlink_to(folder / "secret.xsl")
     (inside / "link.xml").symlink_to(folder / "secret.xml")
     (inside / "folder").symlink_to(folder)
     os.mkfifo(inside / "pipe.xml")
@@ -271,6 +277,34 @@ def examine_red_page(tally):
                              "<script" not in html and "<img" not in html, html)
 
 
+# Example, service, sheet, and the record that the reply has many of.
+SHIPPED = [
+    ("vedaxml_au_adverse", "VedaXMLAU", "vedaxml_au", "court-action"),
+    ("b2bay_au", "B2BayAU", "vedaxml_au", "default"),
+    ("vedaxml_nz_person", "VedaXMLNZ", "vedaxml_nz", "credit-enquiry"),
+    ("b2bay_nz_individual", "B2BayNZ", "b2bay_nz", "default"),
+    ("b2bay_nz_v2_individual", "B2BayNZ_V2", "b2bay_nz_v2", "judgement"),
+]
+START_MEGABYTES = 21    # the program, its libraries and a compiled sheet
+
+
+def examine_shipped(tally, example, service, name, record):
+    """Translating and rendering a large reply, which the program and the response hold besides."""
+    small = (EXAMPLES / f"{example}.xml").read_text()
+    one = re.search(rf"<{record}[ >].*?</{record}>\s*", small, re.S)
+    large = small.replace(one[0], one[0] * ((4 << 20) // len(one[0])), 1)
+    with Folder() as folder:
+        (folder / "large.xml").write_text(large)
+        done = run([HOST, "translate", folder / "large.xml", "--service", service, "--date",
+                    "2012-06-15", "--html", folder / "page.html", "--xslt-file-name",
+                    ROOT / "xslt" / f"{name}.xsl", "--output", folder / "report.txt"])
+        made = (folder / "page.html").exists() and "color:red" not in (
+            folder / "page.html").read_text()
+        tally.expect("shipped sheets: at most ten times the memory of the reply", made and
+                     done.megabytes - START_MEGABYTES <= 10 * len(large.encode()) / (1 << 20),
+                     f"{example}, {len(large)} bytes: {done}")
+
+
 KINDS = {"reads": {name: sheet(body=body) for name, body in READS.items()},
          "network": {name: sheet(body=body) for name, body in NETWORK.items()},
          "includes and entities": WHOLE,
@@ -288,5 +322,6 @@ def examine(tally, bounded):
     with Server(lambda peer: peer.request()) as server:
         side_by_side(lambda case: examine_sheet(tally, server, *case), cases)
         tally.expect("no sheet reaches a server", server.connections == 0, server.connections)
+    side_by_side(lambda case: examine_shipped(tally, *case), SHIPPED)
     examine_neighbours(tally)
     examine_red_page(tally)

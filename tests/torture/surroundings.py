@@ -61,8 +61,8 @@ def hostile_home(folder, port):
 
 
 def written(folder):
-    """What stands in the files of a folder; an empty one has nothing."""
-    return {path.name: path.read_bytes() for path in folder.iterdir() if path.stat().st_size}
+    """What stands in the files of a folder."""
+    return {path.name: path.read_bytes() for path in folder.iterdir() if path.is_file()}
 
 
 def examine_environment(tally, name, server, trust, wanted):

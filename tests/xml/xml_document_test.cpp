@@ -174,6 +174,12 @@ TEST(XmlDocument, RefusesDeclarationsAndWhatPassesABound) {
         XmlLimits limits;
         int code;
     } cases[] = {
+        {"<?xml version='1.0' encoding='utf-7'?><a/>", {}, XmlParseError::kDeclaresEncoding},
+        {"\xEF\xBB\xBF<?xml version='1.0' encoding = \"HZ-GB-2312\"?><a/>",
+         {},
+         XmlParseError::kDeclaresEncoding},
+        {"<?xml version='1.0' encoding='UTF-16'?><a encoding='HZ'/>", {}, 0},
+        {"<?xml version='1.0'?><a b=\"encoding='UTF-7'\"/>", {}, 0},
         {"<!DOCTYPE a []><a/>", {}, XmlParseError::kHasInternalSubset},
         {"\xEF\xBB\xBF<?p '?><!--\"--><!DOCTYPE a PUBLIC '-' '\"]>' [<!ELEMENT a ANY>]><a/>",
          {},

@@ -191,6 +191,11 @@ TEST(VedaXmlNzSheet, CountsAsTheStatisticsDo) {
           " André Alba Sampleton 100000021 Possible 4 6 "}) {
         EXPECT_NE(company.find(row), std::string::npos) << row << "\nin\n" << company;
     }
+    // A file that differs in one value from the other is no copy of it.
+    std::string other = sheet::example("nz", "company_directors");
+    const std::string date = "create-date=\"";
+    other.replace(other.find(date, other.rfind("<company-default ")) + date.size(), 4, "1999");
+    EXPECT_NE(text_of_page(other).find(" Defaults 8 "), std::string::npos);
 }
 
 }  // namespace

@@ -58,7 +58,10 @@ constexpr std::pair<CURLoption, long> kFixedOptions[] = {
 };
 
 void initialise_library() {
-    static const CURLcode result = curl_global_init(CURL_GLOBAL_DEFAULT);
+    static const CURLcode result = [] {
+        const HiddenKeyLog hidden;
+        return curl_global_init(CURL_GLOBAL_DEFAULT);
+    }();
     if (result != CURLE_OK)
         throw PlatformError(error_number::kUnexpected, "The HTTP library could not be started");
 }

@@ -52,26 +52,6 @@ T* allocated(T* object) {
                         why.empty() ? std::string(what) + "." : what + (": " + why) + ".");
 }
 
-// The next node in document order.
-xmlNodePtr next_node(xmlNodePtr node) {
-    if (node->type == XML_ELEMENT_NODE && node->children != nullptr) return node->children;
-    while (node != nullptr && node->next == nullptr) node = node->parent;
-    return node == nullptr ? nullptr : node->next;
-}
-
-// White space between elements does not exist for a sheet either, as in every document.
-void drop_blank_text(xmlDocPtr document) {
-    xmlNodePtr node = document->children;
-    while (node != nullptr) {
-        const xmlNodePtr next = next_node(node);
-        if (xmlIsBlankNode(node) == 1 && xmlNodeGetSpacePreserve(node) != 1) {
-            xmlUnlinkNode(node);
-            xmlFreeNode(node);
-        }
-        node = next;
-    }
-}
-
 DocumentPtr parse_input(std::string_view xml) {
     const XmlLimits limits;
     XmlReader reader(xml, XmlReader::Source::kText, limits);
@@ -81,9 +61,7 @@ DocumentPtr parse_input(std::string_view xml) {
         throw PlatformError(error->code, "The XML could not be parsed: " +
                                              std::string(reason.substr(0, reason.find('\r'))));
     }
-    DocumentPtr document(reader.take_document());
-    drop_blank_text(document.get());
-    return document;
+    return DocumentPtr(reader.take_document());
 }
 
 SheetPtr compile(SheetSession& session, const std::string& file_name) {
@@ -132,16 +110,16 @@ struct Output {
     }
 };
 
-std::string serialise(xmlDocPtr result, xsltStylesheetPtr sheet) {
+std::string serialise(xmlDocPtr result, xsltStylesheetPtr sheet, std::size_t folded) {
     Output output;
+    output.text.reserve(folded + folded / 8);
     const OutputPtr buffer(
         allocated(xmlOutputBufferCreateIO(Output::write, nullptr, &output, nullptr)));
     const int written = xsltSaveResultTo(buffer.get(), result, sheet);
     const bool flushed = xmlOutputBufferFlush(buffer.get()) >= 0;
     if (output.memory_ended) throw std::bad_alloc();
     if (output.too_large) {
-        fail("The style sheet could not be run",
-             "It writes more than " + std::to_string(kMostSheetOutput) + " bytes");
+        fail("The style sheet could not be run", too_much_output());
     }
     if (written < 0 || !flushed) fail("The result of the style sheet could not be written", {});
     return std::move(output.text);
@@ -154,9 +132,8 @@ void give_parameters(xsltTransformContextPtr context, const SheetParameters& par
     }
 }
 
-std::string run(SheetSession& session, xsltStylesheetPtr sheet, xmlDocPtr input,
-                std::size_t input_bytes, const SheetParameters& parameters) {
-    SheetBudget budget(input_bytes);
+DocumentPtr run(SheetSession& session, SheetBudget& budget, xsltStylesheetPtr sheet,
+                xmlDocPtr input, const SheetParameters& parameters) {
     const SecurityPtr security = restrictions();
     const ContextPtr context(allocated(xsltNewTransformContext(sheet, input)));
     xsltSetCtxtSecurityPrefs(security.get(), context.get());
@@ -166,11 +143,11 @@ std::string run(SheetSession& session, xsltStylesheetPtr sheet, xmlDocPtr input,
                             chars("urn:schemas-microsoft-com:xslt"), xsltFunctionNodeSet);
     budget.govern(context.get());
     give_parameters(context.get(), parameters);
-    const DocumentPtr result(
+    DocumentPtr result(
         xsltApplyStylesheetUser(sheet, input, nullptr, nullptr, nullptr, context.get()));
     budget.admit();
-    const auto memory_ended = [&] { return budget.memory_ended() || session.memory_ended(); };
-    if (memory_ended()) throw std::bad_alloc();
+    budget.release();
+    if (budget.memory_ended() || session.memory_ended()) throw std::bad_alloc();
     if (!budget.reason().empty()) fail("The style sheet could not be run", budget.reason());
     const std::string complaint = session.discreet_complaint();
     if (context->state == XSLT_STATE_STOPPED && complaint.empty()) {
@@ -179,10 +156,7 @@ std::string run(SheetSession& session, xsltStylesheetPtr sheet, xmlDocPtr input,
     if (context->state != XSLT_STATE_OK || result == nullptr || session.has_strayed()) {
         fail("The style sheet could not be run", complaint);
     }
-    std::string text = serialise(result.get(), sheet);
-    budget.admit();
-    if (memory_ended()) throw std::bad_alloc();
-    return text;
+    return result;
 }
 
 struct CompiledSheet {
@@ -220,10 +194,16 @@ StyleSheets::~StyleSheets() = default;
 
 std::string StyleSheets::transform(std::string_view xml, const std::string& file_name,
                                    const SheetParameters& parameters) {
-    const DocumentPtr input = parse_input(xml);
+    DocumentPtr input = parse_input(xml);
     xsltStylesheetPtr sheet = cache_->get(file_name);
     SheetSession session(file_name);
-    return run(session, sheet, input.get(), xml.size(), parameters);
+    SheetBudget budget(xml.size());
+    const DocumentPtr result = run(session, budget, sheet, input.get(), parameters);
+    input.reset();  // its memory is the text's
+    std::string text = serialise(result.get(), sheet, budget.folded());
+    budget.admit();
+    if (budget.memory_ended() || session.memory_ended()) throw std::bad_alloc();
+    return text;
 }
 
 }  // namespace zr

@@ -13,6 +13,9 @@
 #include <cstring>
 #include <iterator>
 #include <new>
+#include <utility>
+
+#include "platform/posix/style_sheet_fold.h"
 
 namespace zr {
 
@@ -23,7 +26,7 @@ thread_local SheetBudget* current_budget = nullptr;
 constexpr double kLeastSeconds = 2;
 constexpr double kBytesPerSecond = 1 << 20;
 constexpr std::int64_t kLeastNodes = 1 << 20;
-constexpr unsigned long kOperationsPerSecond = 10'000'000;
+constexpr unsigned long kOperationsPerSecond = 20'000'000;
 constexpr unsigned long kInstructionsPerSecond = 20'000'000;
 
 double seconds_on(clockid_t clock) {
@@ -101,6 +104,7 @@ void guarded(xsltTransformContextPtr context, xmlNodePtr node, xmlNodePtr instru
              xsltElemPreCompPtr compiled) {
     SheetBudget& budget = SheetBudget::of(context);
     if (!budget.admit()) return;
+    budget.fold();
     if constexpr (makes == Makes::kCopies) {
         if (!admit_copy(budget, context, node, compiled)) return;
     }
@@ -211,6 +215,10 @@ const NamedFunction kFunctions[] = {
 
 }  // namespace
 
+std::string too_much_output() {
+    return "It writes more than " + std::to_string(kMostSheetOutput) + " bytes";
+}
+
 SheetBudget::SheetBudget(std::size_t input_bytes)
     : seconds_(std::max(kLeastSeconds, static_cast<double>(input_bytes) / kBytesPerSecond)),
       look_again_(seconds_on(CLOCK_MONOTONIC_COARSE) + seconds_),
@@ -252,6 +260,7 @@ void SheetBudget::guard(xsltStylesheetPtr sheet) {
 void SheetBudget::govern(xsltTransformContextPtr context) {
     context_ = context;
     context->_private = this;
+    folds_ = makes_foldable_pages(context->style);
     const auto seconds = static_cast<unsigned long>(seconds_);
     context->opLimit = kInstructionsPerSecond * seconds;
     context->xpathCtxt->opLimit = kOperationsPerSecond * seconds;
@@ -293,8 +302,18 @@ bool SheetBudget::admit_nodes(std::size_t nodes, std::size_t bytes) {
     return admit();
 }
 
-bool SheetBudget::stop(const char* reason) {
-    if (reason_.empty()) reason_ = reason;
+void SheetBudget::fold() {
+    constexpr std::int64_t kPortion = 512;
+    nodes_when_folded_ = std::min(nodes_when_folded_, nodes_);
+    const bool is_page = folds_ && context_->output->type == XML_HTML_DOCUMENT_NODE;
+    if (!is_page || nodes_ - nodes_when_folded_ < kPortion) return;
+    folded_ += fold_finished(context_);
+    nodes_when_folded_ = nodes_;
+    if (folded_ > kMostSheetOutput) stop(too_much_output());
+}
+
+bool SheetBudget::stop(std::string reason) {
+    if (reason_.empty()) reason_ = std::move(reason);
     if (context_ != nullptr) context_->state = XSLT_STATE_STOPPED;
     return false;
 }

@@ -14,6 +14,9 @@ namespace zr {
 /// The most that a sheet may write, and the longest text that it may make.
 inline constexpr std::size_t kMostSheetOutput = std::size_t{64} << 20;
 
+/// What is said of a sheet that writes more.
+std::string too_much_output();
+
 /// While one lives, nodes that this thread makes and frees are counted.
 class SheetBudget {
   public:
@@ -32,6 +35,15 @@ class SheetBudget {
     /// True while the run may go on; it is stopped otherwise.
     bool admit();
 
+    /// Folds the page after every so many nodes; see fold_finished.
+    void fold();
+
+    /// Bytes that were folded, less than what the run has written.
+    std::size_t folded() const { return folded_; }
+
+    /// The run has ended, and its context with it.
+    void release() { context_ = nullptr; }
+
     /// As admit, for so many nodes and bytes of text more.
     bool admit_nodes(std::size_t nodes, std::size_t bytes);
 
@@ -49,7 +61,7 @@ class SheetBudget {
   private:
     static void count_node(xmlNodePtr node);
     static void forget_node(xmlNodePtr node);
-    bool stop(const char* reason);
+    bool stop(std::string reason);
 
     xsltTransformContextPtr context_ = nullptr;
     double seconds_;
@@ -59,6 +71,9 @@ class SheetBudget {
     std::int64_t nodes_ = 0;
     std::size_t most_text_;
     std::size_t text_ = 0;
+    bool folds_ = false;
+    std::int64_t nodes_when_folded_ = 0;
+    std::size_t folded_ = 0;  // bytes
     bool memory_ended_ = false;
     std::string reason_;
     SheetBudget* outer_;

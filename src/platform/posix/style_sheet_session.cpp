@@ -221,7 +221,7 @@ xmlDocPtr SheetSession::load_named(const xmlChar* address, xmlDictPtr dictionary
             what_ = "Only files can be read";
             return nullptr;
         }
-        if (!is_sheet && !is_neighbour(path)) {
+        if (!is_neighbour(path)) {
             what_ = "Only files beside the style sheet can be read";
             has_strayed_ = true;
             return nullptr;

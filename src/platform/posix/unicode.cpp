@@ -123,8 +123,7 @@ class Converter {
     // The name comes from a server: neither a path nor a conversion option may hide in it.
     static bool is_safe_name(const std::string& name) {
         return !name.empty() && name.size() <= kLongestName &&
-               std::all_of(name.begin(), name.end(), is_plain) &&
-               !contains_any(upper(name), {"UTF-7", "UTF7", "HZ"});
+               std::all_of(name.begin(), name.end(), is_plain) && !hides_markup(name);
     }
 
     // As a message may show it: short and without anything that is in no charset's name.
@@ -190,6 +189,10 @@ std::size_t hash_ignoring_case(std::string_view value) {
         hash = (hash ^ next_upper(value, position)) * 0x100000001B3U;
     }
     return static_cast<std::size_t>(hash ^ hash >> 32U);
+}
+
+bool hides_markup(std::string_view charset) {
+    return contains_any(upper(charset), {"UTF-7", "UTF7", "HZ"});
 }
 
 std::string decode(std::string_view bytes, const std::string& charset) {

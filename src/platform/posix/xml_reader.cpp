@@ -52,8 +52,21 @@ std::string refusal_reason(XmlParseError::Refusal refusal, const XmlLimits& limi
         case XmlParseError::kTooManyDistinctNamespaces:
             return "The document has more than " + std::to_string(limits.names) +
                    " different namespaces.";
+        case XmlParseError::kDeclaresEncoding:
+            return "The document declares an encoding in which markup can be hidden.";
     }
     return {};
+}
+
+// What the XML declaration says of the encoding; "" without one.
+std::string_view declared_encoding(std::string_view text) {
+    if (!text.starts_with("<?xml")) return {};
+    text = text.substr(0, text.find("?>"));
+    const std::size_t name = text.find("encoding");
+    const std::size_t open =
+        name == std::string_view::npos ? name : text.find_first_of("\"'", name);
+    if (open == std::string_view::npos) return {};
+    return text.substr(open + 1, text.find(text[open], open + 1) - open - 1);
 }
 
 bool is_continuation(char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80; }
@@ -103,7 +116,7 @@ XmlReader::XmlReader(std::string_view text, Source source, const XmlLimits& limi
     int options = XML_PARSE_NONET | XML_PARSE_NOENT | XML_PARSE_NOCDATA;
     if (source == Source::kText) {
         if (text_.starts_with(kByteOrderMark)) text_.remove_prefix(kByteOrderMark.size());
-        options |= XML_PARSE_HUGE | XML_PARSE_IGNORE_ENC;
+        options |= XML_PARSE_HUGE | XML_PARSE_IGNORE_ENC | XML_PARSE_COMPACT;
         // A known encoding keeps the parser from guessing one by the first bytes.
         context_->encoding = xmlStrdup(reinterpret_cast<const xmlChar*>("UTF-8"));
     }
@@ -144,15 +157,38 @@ void XmlReader::build_document(const std::string& address, xmlDictPtr dictionary
                                  const xmlChar* uri, int namespace_count,
                                  const xmlChar** namespaces, int attribute_count,
                                  int defaulted_count, const xmlChar** attributes) {
+        of(context).drop_blank_text();
         if (!of(context).admit_element(namespace_count, namespaces)) return;
         xmlSAX2StartElementNs(context, name, prefix, uri, namespace_count, namespaces,
                               attribute_count, defaulted_count, attributes);
     };
+    handlers.endElementNs = [](void* context, const xmlChar* name, const xmlChar* prefix,
+                               const xmlChar* uri) {
+        of(context).drop_blank_text();
+        xmlSAX2EndElementNs(context, name, prefix, uri);
+    };
+    handlers.comment = [](void* context, const xmlChar* content) {
+        of(context).drop_blank_text();
+        xmlSAX2Comment(context, content);
+    };
     handlers.processingInstruction = [](void* context, const xmlChar* name,
                                         const xmlChar* content) {
+        of(context).drop_blank_text();
         if (of(context).admit_name()) xmlSAX2ProcessingInstruction(context, name, content);
     };
     set_handlers(handlers);
+}
+
+// White space between elements does not exist for a sheet either, as in every document; it would be
+// a third of the tree. A style sheet itself says which of its white space counts.
+void XmlReader::drop_blank_text() {
+    const xmlNodePtr text = context_->node == nullptr ? nullptr : context_->node->last;
+    if (source_ == Source::kFile || text == nullptr || xmlIsBlankNode(text) != 1 ||
+        xmlNodeGetSpacePreserve(text) == 1) {
+        return;
+    }
+    xmlUnlinkNode(text);
+    xmlFreeNode(text);
 }
 
 std::optional<XmlParseError> XmlReader::parse() {
@@ -187,6 +223,8 @@ bool XmlReader::refuse_unread() {
     } else if (source_ == Source::kText && text_.find('\0') != std::string_view::npos) {
         fail(XML_ERR_INVALID_CHAR, "Char 0x0 out of allowed range");
         locate(*error_, text_, text_.find('\0'));
+    } else if (source_ == Source::kText && text::hides_markup(declared_encoding(text_))) {
+        refuse(XmlParseError::kDeclaresEncoding);
     } else if (has_too_many_attributes(text_, limits_.attributes)) {
         refuse(XmlParseError::kTooManyAttributes);
     }

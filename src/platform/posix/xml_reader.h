@@ -40,7 +40,8 @@ class XmlReader {
     xmlParserCtxtPtr context() const { return context_; }
 
     /// Makes the parser build its own document, with the names of `dictionary` where one is given
-    /// and `address` as the base of what it refers to; see take_document.
+    /// and `address` as the base of what it refers to; see take_document. That of a text has no
+    /// white space between its elements.
     void build_document(const std::string& address, xmlDictPtr dictionary = nullptr);
 
     /// The document that was built, for the caller to free. Once, after a parse without an error.
@@ -97,6 +98,7 @@ class XmlReader {
     static void end_type_declaration(void* context, const xmlChar*, const xmlChar*, const xmlChar*);
 
     bool refuse_unread();
+    void drop_blank_text();
     bool admit_namespaces(int count, const xmlChar** namespaces);
     bool refuse(XmlParseError::Refusal refusal);  // always false
     void fail(int code, std::string_view reason);
