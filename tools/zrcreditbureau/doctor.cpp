@@ -9,10 +9,10 @@
 #include <string>
 
 #include "automation/json_form.h"
-#include "platform/error.h"
 #include "platform/style_sheet.h"
 #include "values/text.h"
 #include "zrcreditbureau/countries.h"
+#include "zrcreditbureau/error.h"
 #include "zrcreditbureau/failure.h"
 #include "zrcreditbureau/guards.h"
 #include "zrcreditbureau/operation.h"
@@ -69,7 +69,7 @@ class Examination {
           service_(bureau_.Services().Item(request_text(job, "ServiceName"))) {}
 
     bool run() {
-        if (automation::find_setting(service_, "RequestURLTest") == nullptr) {
+        if (service_.setting("RequestURLTest") == nullptr) {
             say(true, "settings", "this service sends nothing");
             sheet();
             return good_;
@@ -96,7 +96,7 @@ class Examination {
         std::string missing;
         for (const std::string_view name :
              {"UserId", "UserPassword", "SubscriberId", "SubscriberSecurityCode"}) {
-            if (automation::find_setting(service_, name) != nullptr && setting(name).empty()) {
+            if (service_.setting(name) != nullptr && setting(name).empty()) {
                 missing.append(missing.empty() ? "" : ", ").append(told(name));
             }
         }

@@ -119,7 +119,6 @@ void guard_subject(const Request& request) {
     throw JsonError("Nothing is asked: the request names no person, no company and no file.");
 }
 
-<<<<<<< HEAD
 std::string setting_text(const Service& service, std::string_view name) {
     const Property<Service>* const setting = service.setting(name);
     return setting == nullptr ? std::string() : std::string(text_of(setting->read(service)));
@@ -131,8 +130,6 @@ std::string told(std::string_view setting) {
            ")";
 }
 
-=======
->>>>>>> main
 void guard_time_out(const JsonValue& settings) {
     constexpr std::int32_t kLeast = 30;
     constexpr std::int32_t kMost = 300;
@@ -172,7 +169,7 @@ void guard_settings(const ZRCreditBureau& bureau, const Job& job, const Service&
 }  // namespace
 
 std::string setting_text(const Service& service, std::string_view name) {
-    const Property<Service>* const setting = automation::find_setting(service, name);
+    const Property<Service>* const setting = service.setting(name);
     return setting == nullptr ? std::string() : std::string(text_of(setting->read(service)));
 }
 

@@ -12,11 +12,8 @@
 #include "zrcreditbureau/bureau_pool.h"
 #include "zrcreditbureau/error.h"
 #include "zrcreditbureau/job.h"
-<<<<<<< HEAD
 #include "zrcreditbureau/response.h"
-=======
 #include "zrcreditbureau/telling_transport.h"
->>>>>>> main
 
 namespace zr::cli {
 

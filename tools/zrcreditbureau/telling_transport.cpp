@@ -4,7 +4,7 @@
 #include <iostream>
 #include <string>
 
-#include "platform/error.h"
+#include "zrcreditbureau/error.h"
 #include "zrcreditbureau/report_text.h"
 
 namespace zr::cli {

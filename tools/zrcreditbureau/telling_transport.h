@@ -3,7 +3,7 @@
 
 #include <memory>
 
-#include "platform/http.h"
+#include "zrcreditbureau/http.h"
 
 namespace zr::cli {
 

@@ -3,7 +3,7 @@
 
 #include <curl/curl.h>
 
-#include "platform/http.h"
+#include "zrcreditbureau/http.h"
 
 namespace zr {
 
