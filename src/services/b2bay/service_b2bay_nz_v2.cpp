@@ -5,12 +5,12 @@
 
 namespace zr {
 bool ServiceB2BayNZ_V2::build_catalogue() {
-    b2bay::build_catalogue_of_version_2(products(), code_tables());
+    b2bay::version_2::build_catalogue(products(), code_tables());
     return true;
 }
 
 const Translator& ServiceB2BayNZ_V2::translator() const {
-    static const Translator translator(b2bay::new_zealand_report_of_version_2());
+    static const Translator translator(b2bay::version_2::new_zealand_report());
     return translator;
 }
 
