@@ -35,10 +35,10 @@ struct ThrowingAllocator {
     static void Free(void* block) { std::free(block); }
 };
 
-using Text = rapidjson::UTF8<>;
-using Reader = rapidjson::GenericReader<Text, Text, ThrowingAllocator>;
-using Buffer = rapidjson::GenericStringBuffer<Text, ThrowingAllocator>;
-using Writer = rapidjson::Writer<Buffer, Text, Text, ThrowingAllocator>;
+using Encoding = rapidjson::UTF8<>;
+using Reader = rapidjson::GenericReader<Encoding, Encoding, ThrowingAllocator>;
+using Buffer = rapidjson::GenericStringBuffer<Encoding, ThrowingAllocator>;
+using Writer = rapidjson::Writer<Buffer, Encoding, Encoding, ThrowingAllocator>;
 
 /// Builds values from the reader's events. A handler that answers false ends the reading; `reason`
 /// then says why.

@@ -7,7 +7,7 @@
 namespace zr::automation {
 namespace {
 
-std::string reason_of(const std::string& text) {
+std::string fault_of(const std::string& text) {
     try {
         (void)parse_json(text);
     } catch (const JsonError& error) {
@@ -42,10 +42,10 @@ TEST(Json, RefusesWhatIsNotJsonWithAReason) {
          {std::string(), std::string("{"), std::string("{} x"), std::string("{'a':1}"),
           std::string("01"), std::string("\"\xff\""), std::string("{\"\xc3\":1}"),
           std::string(R"("\ud800")"), std::string(R"("\udc00")"), std::string("\"a\0b\"", 5)}) {
-        EXPECT_NE(reason_of(text), "") << text;
+        EXPECT_NE(fault_of(text), "") << text;
     }
-    EXPECT_EQ(reason_of("[1,]"), "Not valid JSON at byte 4: Invalid value.");
-    EXPECT_EQ(reason_of("[\n1,\n 2,]"), "Not valid JSON at line 3, column 4: Invalid value.");
+    EXPECT_EQ(fault_of("[1,]"), "Not valid JSON at byte 4: Invalid value.");
+    EXPECT_EQ(fault_of("[\n1,\n 2,]"), "Not valid JSON at line 3, column 4: Invalid value.");
 }
 
 TEST(Json, BoundsNesting) {
@@ -53,10 +53,10 @@ TEST(Json, BoundsNesting) {
         const auto size = static_cast<std::size_t>(depth);
         return std::string(size, '[') + std::string(size, ']');
     };
-    EXPECT_EQ(reason_of(nested(kDeepestJson)), "");
-    EXPECT_EQ(reason_of(nested(kDeepestJson + 1)),
+    EXPECT_EQ(fault_of(nested(kDeepestJson)), "");
+    EXPECT_EQ(fault_of(nested(kDeepestJson + 1)),
               "The JSON text cannot be used: it is nested more than 64 deep.");
-    EXPECT_NE(reason_of(std::string(1'000'000, '[')), "");
+    EXPECT_NE(fault_of(std::string(1'000'000, '[')), "");
 }
 
 std::string written(const Value& value) {

@@ -1,4 +1,4 @@
-// One facade and what a B2Bay service of it makes of reports.
+// One facade and what a service of it makes of reports.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -28,20 +28,22 @@ class Import {
   public:
     explicit Import(const ServiceRow& row) : row_(row), bureau_(row.country) {}
 
-    bool translate(const std::string& response) {
+    bool translate(const std::string& response, const DateTime& date = kReportDate) {
         bureau_.ask(row_.product, row_.name);
         return bureau_.facade.BuildResponse(
-            *bureau_.request, kReportDate,
+            *bureau_.request, date,
             "<BCAmessage><BCAservices><BCAservice><BCAservice-data><response>" + response +
                 "</response></BCAservice-data></BCAservice></BCAservices></BCAmessage>");
     }
 
     /// An Australian report's content stands in its primary match, but for what `outside` holds.
-    const Response& report(const std::string& content, const std::string& outside = "") {
+    const Response& report(const std::string& content, const std::string& outside = "",
+                           const DateTime& date = kReportDate) {
         const bool match = std::string_view(row_.country) == "AU";
         EXPECT_TRUE(translate("<enquiry-report>" + std::string(match ? "<primary-match>" : "") +
-                              content + (match ? "</primary-match>" : "") + outside +
-                              "</enquiry-report>"))
+                                  content + (match ? "</primary-match>" : "") + outside +
+                                  "</enquiry-report>",
+                              date))
             << bureau_.facade.ErrorMessage();
         return *bureau_.request->Response();
     }

@@ -2,7 +2,6 @@
 // runs of notices, and lines that depend on a code.
 #include <gtest/gtest.h>
 
-#include <array>
 #include <utility>
 #include <vector>
 
@@ -44,59 +43,6 @@ class NewZealandReply : public testing::Test {
 
     FakeBureau bureau{"NZ"};
 };
-
-TEST_F(NewZealandReply, CountsEachKindByItsOwnDate) {
-    const struct {
-        bool of_company;
-        RecordFamily family;
-        const char* before;
-        const char* after;
-    } kinds[] = {
-        {false, RecordFamily::kBankruptcy,
-         "<insolvency-file><insolvency><insolvency-type code='TYPRM'/><adjudication-date>",
-         "</adjudication-date></insolvency></insolvency-file>"},
-        {false, RecordFamily::kBankruptcy, "<bankruptcy-file><bankruptcy><load-date>",
-         "</load-date></bankruptcy></bankruptcy-file>"},
-        {false, RecordFamily::kDefault,
-         "<default-file><default><default-date>2024-03-01</default-date><load-date>",
-         "</load-date></default></default-file>"},
-        {false, RecordFamily::kCollection, "<default-collection-agency-file><default><load-date>",
-         "</load-date></default></default-collection-agency-file>"},
-        {false, RecordFamily::kEnquiry, "<credit-file><credit-enquiry create-date='",
-         "'/></credit-file>"},
-        {false, RecordFamily::kJudgement, "<judgement-file><judgement><load-date>",
-         "</load-date></judgement></judgement-file>"},
-        {false, RecordFamily::kPublicNotice, "<public-notice-file><public-notice><load-date>",
-         "</load-date></public-notice></public-notice-file>"},
-        {true, RecordFamily::kDefault, "<company-default-file><company-default create-date='",
-         "'/></company-default-file>"},
-        {true, RecordFamily::kEnquiry,
-         "<company-credit-file><company-credit-enquirer enquiry-date='",
-         "'/></company-credit-file>"},
-        {true, RecordFamily::kJudgement,
-         "<company-judgement-file><company-judgement><publication-date>",
-         "</publication-date></company-judgement></company-judgement-file>"},
-        {true, RecordFamily::kPublicNotice,
-         "<company-public-notice-file><company-public-notice create-date='",
-         "'/></company-public-notice-file>"},
-    };
-    const struct {
-        const char* date;
-        std::array<std::int16_t, 4> years;
-    } events[] = {
-        {"2023-03-15", {0, 1, 1, 1}}, {"2023-03-16", {1, 1, 1, 1}}, {"2022-03-15", {0, 0, 1, 1}},
-        {"2021-03-16", {0, 0, 1, 1}}, {"2020-03-15", {0, 0, 0, 0}}, {"", {0, 0, 0, 0}},
-    };
-    for (const auto& kind : kinds) {
-        for (const auto& event : events) {
-            const std::string record = std::string(kind.before).append(event.date) + kind.after;
-            const Response& response = kind.of_company ? company(record) : individual(record);
-            const FamilyStatistics& counted = response.statistics(kind.family);
-            EXPECT_EQ(counted.total, 1) << record;
-            EXPECT_EQ(counted.years, event.years) << record;
-        }
-    }
-}
 
 TEST_F(NewZealandReply, ReadsTheBankruptcyFileOnlyWithoutAnyInsolvency) {
     const std::string bankruptcies =

@@ -1,5 +1,4 @@
-// What is counted of a reply: both edges of every period for every kind of record, what is owed,
-// and the ends of the ranges.
+// What is counted of a reply: what is owed, and the ends of the ranges.
 #include <gtest/gtest.h>
 
 #include "support/fake_bureau.h"
@@ -21,74 +20,6 @@ std::string repeated(const std::string& text, int count) {
         result += text;
     }
     return result;
-}
-
-/// A kind of record: its family, and its text around the date by which it counts.
-const struct Kind {
-    const char* name;
-    RecordFamily family;
-    const char* before;
-    const char* after;
-} kKinds[] = {
-    {"bankruptcy", RecordFamily::kBankruptcy,
-     "<individual-public-data-file><bankruptcy><date-declared>",
-     "</date-declared></bankruptcy></individual-public-data-file>"},
-    {"consumer default", RecordFamily::kDefault,
-     "<individual-consumer-credit-file><default><original-default><date-recorded>",
-     "</date-recorded></original-default><current-default><date-recorded>2012-06-01"
-     "</date-recorded></current-default></default></individual-consumer-credit-file>"},
-    {"commercial default", RecordFamily::kDefault,
-     "<individual-commercial-credit-file><default><original-default><date-recorded>",
-     "</date-recorded></original-default></default></individual-commercial-credit-file>"},
-    {"consumer enquiry", RecordFamily::kEnquiry,
-     "<individual-consumer-credit-file><credit-enquiry enquiry-date='",
-     "'/></individual-consumer-credit-file>"},
-    {"commercial enquiry", RecordFamily::kEnquiry,
-     "<individual-commercial-credit-file><credit-enquiry enquiry-date='",
-     "'/></individual-commercial-credit-file>"},
-    {"judgement", RecordFamily::kJudgement,
-     "<individual-public-data-file><court-action type='default-judgement'><action-date>",
-     "</action-date></court-action></individual-public-data-file>"},
-    {"writ", RecordFamily::kCollection,
-     "<individual-public-data-file><court-action type='Default-Judgement'><action-date>",
-     "</action-date></court-action></individual-public-data-file>"},
-};
-
-TEST(Statistics, CountEventsStrictlyLaterThanTheStartOfAPeriod) {
-    const struct {
-        DateTime response_date;
-        const char* event;
-        std::array<std::int16_t, 4> years;
-    } cases[] = {
-        {DateTime::ymd(2012, 6, 15), "2011-06-15", {0, 1, 1, 1}},
-        {DateTime::ymd(2012, 6, 15), "2011-06-16", {1, 1, 1, 1}},
-        {DateTime::ymd(2012, 6, 15), "2010-06-15", {0, 0, 1, 1}},
-        {DateTime::ymd(2012, 6, 15), "2010-06-16", {0, 1, 1, 1}},
-        {DateTime::ymd(2012, 6, 15), "2009-06-15", {0, 0, 0, 1}},
-        {DateTime::ymd(2012, 6, 15), "2009-06-16", {0, 0, 1, 1}},
-        {DateTime::ymd(2012, 6, 15), "2008-06-15", {0, 0, 0, 0}},
-        {DateTime::ymd(2012, 6, 15), "2008-06-16", {0, 0, 0, 1}},
-        {DateTime::ymd(2012, 6, 15), "2012-06-16", {1, 1, 1, 1}},
-        {DateTime::ymd(2012, 6, 15), "", {0, 0, 0, 0}},
-        {DateTime::ymd(2012, 6, 15), "15/06/2012", {0, 0, 0, 0}},
-        // A leap day counts back to 28 February where there is no other.
-        {DateTime::ymd(2012, 2, 29), "2011-02-28", {0, 1, 1, 1}},
-        {DateTime::ymd(2012, 2, 29), "2011-03-01", {1, 1, 1, 1}},
-        {DateTime::ymd(2012, 2, 29), "2008-02-29", {0, 0, 0, 0}},
-        {DateTime::ymd(2012, 2, 29), "2008-03-01", {0, 0, 0, 1}},
-        {DateTime::ymd(2013, 2, 28), "2012-02-29", {1, 1, 1, 1}},
-    };
-    FakeBureau bureau;
-    for (const Kind& kind : kKinds) {
-        for (const auto& row : cases) {
-            const std::string record =
-                std::string(kind.before).append(row.event).append(kind.after);
-            const FamilyStatistics& counted =
-                bureau.translated(report(record), row.response_date).statistics(kind.family);
-            EXPECT_EQ(counted.total, 1) << kind.name;
-            EXPECT_EQ(counted.years, row.years) << kind.name << " of " << row.event;
-        }
-    }
 }
 
 TEST(Statistics, CountWhatIsOwed) {

@@ -9,7 +9,7 @@ namespace {
 
 using Xml = ZRXMLUtilities;
 
-const DateTime kDay = DateTime::ymd(2012, 2, 29);
+const DateTime kLeapDay = DateTime::ymd(2012, 2, 29);
 const DateTime kDefault = DateTime::ymd(1999, 1, 1);
 
 /// One element <n> under a root, found by a path, or not when there is no such element.
@@ -56,7 +56,7 @@ TEST(XmlUtilities, ReadsValuesOrDefaults) {
         {"<n>40000</n>", "40000", -7, 40000, 400000000, {}},
         {"<n>0.12345</n>", "0.12345", 0, 0.1234, 1234, {}},
         {"<n>abc</n>", "abc", 0, 0, 0, {}},
-        {"<n>2012-02-29</n>", "2012-02-29", 0, 0, 0, kDay},
+        {"<n>2012-02-29</n>", "2012-02-29", 0, 0, 0, kLeapDay},
         {"<n>2013-02-29</n>", "2013-02-29", 0, 0, 0, {}},
         {"<n>one\ntwo<b>\nthree</b></n>", "one\r\ntwo\r\nthree", 0, 0, 0, {}},
         {"<n>1</n><n>2</n>", "1", 1, 1, 10000, {}},
@@ -90,7 +90,7 @@ TEST(XmlUtilities, ReadsAttributesOrDefaults) {
         {"<n/>", "none", kDefault},
         {"<n date=''/>", "", kDefault},
         {"<n date='soon'/>", "soon", kDefault},
-        {"<n date='2012-02-29'/>", "2012-02-29", kDay},
+        {"<n date='2012-02-29'/>", "2012-02-29", kLeapDay},
         {"<n/><n date='2012-02-29'/>", "none", kDefault},
         {"<n date='one&#10;two'/>", "one\ntwo", kDefault},
     };

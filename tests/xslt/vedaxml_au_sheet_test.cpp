@@ -6,7 +6,7 @@
 #include "xslt/page.h"
 #include "xslt/sheet.h"
 
-namespace zr {
+namespace zr::au_sheet {
 namespace {
 
 using sheet::reply_with;
@@ -167,4 +167,4 @@ TEST(VedaXmlAuSheet, CountsAsTheStatisticsDo) {
 }
 
 }  // namespace
-}  // namespace zr
+}  // namespace zr::au_sheet

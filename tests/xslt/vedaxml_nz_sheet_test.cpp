@@ -6,7 +6,7 @@
 #include "xslt/page.h"
 #include "xslt/sheet.h"
 
-namespace zr {
+namespace zr::nz_sheet {
 namespace {
 
 std::string render(const std::string& reply) { return sheet::render("nz", reply); }
@@ -199,4 +199,4 @@ TEST(VedaXmlNzSheet, CountsAsTheStatisticsDo) {
 }
 
 }  // namespace
-}  // namespace zr
+}  // namespace zr::nz_sheet

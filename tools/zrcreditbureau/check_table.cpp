@@ -9,21 +9,21 @@
 namespace zr::cli {
 namespace {
 
-using Kind = Finding::Kind;
+using FindingKind = Finding::Kind;
 
 /// The kinds of findings in the order of the tables.
 constexpr struct {
-    Kind kind;
+    FindingKind kind;
     std::string_view name;
     std::string_view heading;
 } kKinds[] = {
-    {Kind::kNotConverted, "NotConverted", "Read, but not what it is read as"},
-    {Kind::kDisagreeing, "Disagreeing", "Figures that disagree"},
-    {Kind::kEncoding, "Encoding", "Encodings that are not those declared"},
-    {Kind::kNotShown, "NotShown", "Shown by no line, field or count"},
+    {FindingKind::kNotConverted, "NotConverted", "Read, but not what it is read as"},
+    {FindingKind::kDisagreeing, "Disagreeing", "Figures that disagree"},
+    {FindingKind::kEncoding, "Encoding", "Encodings that are not those declared"},
+    {FindingKind::kNotShown, "NotShown", "Shown by no line, field or count"},
 };
 
-std::string_view name_of(Kind kind) {
+std::string_view name_of(FindingKind kind) {
     return std::ranges::find(kKinds, kind, &std::decay_t<decltype(kKinds[0])>::kind)->name;
 }
 
@@ -87,10 +87,10 @@ void CheckTable::add(const std::vector<Finding>& findings, std::string_view sour
 }
 
 std::vector<const std::pair<const CheckTable::Key, CheckTable::Row>*> CheckTable::rows_of(
-    Kind kind) const {
+    FindingKind kind) const {
     std::vector<const std::pair<const Key, Row>*> rows;
     for (const auto& entry : rows_) {
-        if (std::get<Kind>(entry.first) == kind) {
+        if (std::get<FindingKind>(entry.first) == kind) {
             rows.push_back(&entry);
         }
     }

@@ -16,7 +16,7 @@
 namespace zr::cli {
 namespace {
 
-constexpr std::size_t kChunk = std::size_t{256} << 10;
+constexpr std::size_t kWrittenAtOnce = std::size_t{256} << 10;
 
 /// Room for a result: fifty times that of a usual report.
 constexpr off_t kRoom = off_t{4} << 20;
@@ -170,7 +170,7 @@ void Output::fail(int error) const {
 }
 
 void Output::write(std::string_view text) {
-    if (pending_.size() + text.size() < kChunk) {
+    if (pending_.size() + text.size() < kWrittenAtOnce) {
         pending_ += text;
         return;
     }

@@ -6,8 +6,11 @@
 
 namespace zr::b2bay {
 
-/// Each fills a service's catalogue.
+/// Fills a service's catalogue.
 void build_catalogue(Products& products, CodeTableCollection& code_tables);
-void build_catalogue_of_version_2(Products& products, CodeTableCollection& code_tables);
+
+namespace version_2 {
+void build_catalogue(Products& products, CodeTableCollection& code_tables);
+}
 
 }  // namespace zr::b2bay

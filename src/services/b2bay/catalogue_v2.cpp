@@ -6,7 +6,7 @@
 #include "services/catalogue_rows.h"
 #include "services/vedaxml_nz/codes.h"
 
-namespace zr::b2bay {
+namespace zr::b2bay::version_2 {
 namespace {
 
 using namespace new_zealand::codes;
@@ -44,12 +44,6 @@ constexpr OptionRow kDirectorsOptions[] = {
     general_option("Purpose"),
 };
 
-/// The request fields that an individual enquiry uses.
-constexpr std::string_view kIndividualFields =
-    "[Employer][Occupation][PhoneNumber][DriversLicenceNumber][UnitNumber][StreetNumber]"
-    "[StreetName][StreetType][Suburb][City][PrevUnitNumber][PrevStreetNumber][PrevStreetName]"
-    "[PrevStreetType][PrevSuburb][PrevCity]";
-
 constexpr ProductRow kProducts[] = {
     {"enquiry_individual", true, kIndividualFields, kIndividualOptions, kIndividualTables},
     {"enquiry_company", false, "", {}, {}},
@@ -58,9 +52,9 @@ constexpr ProductRow kProducts[] = {
 
 }  // namespace
 
-void build_catalogue_of_version_2(Products& products, CodeTableCollection& code_tables) {
+void build_catalogue(Products& products, CodeTableCollection& code_tables) {
     add_products(products, kProducts);
     add_code_tables(code_tables, kServiceTables);
 }
 
-}  // namespace zr::b2bay
+}  // namespace zr::b2bay::version_2

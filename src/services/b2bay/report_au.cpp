@@ -1,7 +1,7 @@
 #include <utility>
 
 #include "services/b2bay/reports.h"
-#include "services/b2bay/summary.h"
+#include "services/summary_lines.h"
 #include "services/vedaxml_au/report.h"
 
 namespace zr::b2bay {
@@ -36,7 +36,7 @@ const australia::Variation& variation() {
                                                      otherwise(text_at("role"))})
                                       .within(" as ")
                                       .if_value()},
-        .summary = summary_lines(),
+        .summary = summary_lines(layout::Form::kMoneyText),
         .score =
             {
                 text("Type", "score/@type"),

@@ -1,5 +1,5 @@
-#include "services/b2bay/company_nz.h"
 #include "services/b2bay/reports.h"
+#include "services/b2bay/stored_nz.h"
 #include "services/vedaxml_nz/lines.h"
 #include "services/vedaxml_nz/report.h"
 
@@ -273,12 +273,7 @@ Sections company_sections() {
 
 ReportDefinition new_zealand_report() {
     using namespace new_zealand::counted;
-    ReportDefinition report = new_zealand::report();
-    report.message = {};
-    report.sources = {};
-    report.file_age = {};
-    report.extra = nullptr;
-    report.missing_amounts = MissingAmounts::kNoLine;
+    ReportDefinition report = stored_report();
     report.person.fields.insert(report.person.fields.end(),
                                 {{&Response::MaritalStatus, "marital-status/@type"},
                                  {&Response::Employer, "employment[1]/employer"},
@@ -312,7 +307,6 @@ ReportDefinition new_zealand_report() {
                           {RecordFamily::kJudgement, "Judgements", ""},
                           {RecordFamily::kBankruptcy, "Bankruptcy", "Undischarged", true}},
         .sections = person_sections()};
-    find_in_first_report(*report.company);
     // A company's collections and judgements have no amounts.
     report.company->part = {.counted = {kCompanyEnquiries,
                                         kCompanyDefaults,

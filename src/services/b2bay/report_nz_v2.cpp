@@ -1,10 +1,10 @@
-#include "services/b2bay/company_nz.h"
 #include "services/b2bay/reports.h"
-#include "services/b2bay/summary.h"
+#include "services/b2bay/stored_nz.h"
+#include "services/summary_lines.h"
 #include "services/vedaxml_nz/lines.h"
 #include "services/vedaxml_nz/report.h"
 
-namespace zr::b2bay {
+namespace zr::b2bay::version_2 {
 namespace {
 
 using namespace layout;
@@ -69,7 +69,8 @@ Sections person_sections() {
          "lost-stolen-id-file/lost-stolen-id", nz::lost_or_stolen_lines(nz::corrections())},
         {prefixed("Company Officers"), numbered("Company Officer"),
          "company-officer-details/company-officer", nz::company_office_lines()},
-        {prefixed("Summary"), "Summary Data", "summary-data/summary", summary_lines()},
+        {prefixed("Summary"), "Summary Data", "summary-data/summary",
+         summary_lines(Form::kMoneyText)},
         // The applicant's and the directors' alike.
         {plain("Score"), "Score", "score-data[1]", nz::score_lines()},
     };
@@ -126,7 +127,7 @@ Sections company_sections() {
          "mercantile-gazette-file/company-mercantile-gazette", gazette_lines()},
         {plain("Affiliations"), numbered("Affiliation"), "known-affiliation/affiliated-company",
          nz::affiliation_lines()},
-        {plain("Summary"), "Summary Data", "summary-data/summary", summary_lines()},
+        {plain("Summary"), "Summary Data", "summary-data/summary", summary_lines(Form::kMoneyText)},
     };
 }
 
@@ -137,14 +138,9 @@ StatisticsCategory with_runs(StatisticsCategory category, Runs runs) {
 
 }  // namespace
 
-ReportDefinition new_zealand_report_of_version_2() {
+ReportDefinition new_zealand_report() {
     using namespace new_zealand::counted;
-    ReportDefinition report = new_zealand::report();
-    report.message = {};
-    report.sources = {};
-    report.file_age = {};
-    report.extra = nullptr;
-    report.missing_amounts = MissingAmounts::kNoLine;
+    ReportDefinition report = stored_report();
     report.individual.counted = {
         kBankruptcies,
         kDefaults,
@@ -161,7 +157,6 @@ ReportDefinition new_zealand_report_of_version_2() {
          .open = Open::kNever},
         kPublicNotices};
     report.individual.sections = person_sections();
-    find_in_first_report(*report.company);
     report.company->part.counted = {kCompanyDefaults, kCompanyEnquiries, kCompanyJudgements,
                                     with_runs(kCompanyPublicNotices, Runs::kByFilledId)};
     report.company->part.sections = company_sections();
@@ -174,4 +169,4 @@ ReportDefinition new_zealand_report_of_version_2() {
     return report;
 }
 
-}  // namespace zr::b2bay
+}  // namespace zr::b2bay::version_2

@@ -7,6 +7,9 @@ namespace zr::b2bay {
 
 ReportDefinition australian_report();
 ReportDefinition new_zealand_report();
-ReportDefinition new_zealand_report_of_version_2();
+
+namespace version_2 {
+ReportDefinition new_zealand_report();
+}
 
 }  // namespace zr::b2bay

@@ -60,7 +60,7 @@ constinit const ServiceDefinition kAustralia = imports<ServiceB2BayAU, australia
 constinit const ServiceDefinition kNewZealand = imports<ServiceB2BayNZ, new_zealand_report>(
     "NZ", "B2BayNZ", "Baycorp B2Bay (New Zealand)", build_catalogue);
 constinit const ServiceDefinition kNewZealandVersion2 =
-    imports<ServiceB2BayNZ_V2, new_zealand_report_of_version_2>(
-        "NZ", "B2BayNZ_V2", "Baycorp B2Bay Version 2 (New Zealand)", build_catalogue_of_version_2);
+    imports<ServiceB2BayNZ_V2, version_2::new_zealand_report>(
+        "NZ", "B2BayNZ_V2", "Baycorp B2Bay Version 2 (New Zealand)", version_2::build_catalogue);
 
 }  // namespace zr::b2bay

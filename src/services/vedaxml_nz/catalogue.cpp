@@ -114,12 +114,6 @@ constexpr OptionRow kIndividualOptions[] = {
 };
 constexpr OptionRow kDirectorsOptions[] = {kPurpose};
 
-/// The request fields that an individual enquiry uses.
-constexpr std::string_view kIndividualFields =
-    "[Employer][Occupation][PhoneNumber][DriversLicenceNumber][UnitNumber][StreetNumber]"
-    "[StreetName][StreetType][Suburb][City][PrevUnitNumber][PrevStreetNumber][PrevStreetName]"
-    "[PrevStreetType][PrevSuburb][PrevCity]";
-
 constexpr ProductRow kProducts[] = {
     {"enquiry_individual", true, kIndividualFields, kIndividualOptions, kIndividualTables},
     {"enquiry_company", false, "", {}, {}},

@@ -1,4 +1,5 @@
-// Code tables that several services of the New Zealand bureau publish: code, description.
+// What several services of the New Zealand bureau publish alike: code tables (code, description)
+// and request fields.
 #pragma once
 
 #include <array>
@@ -92,5 +93,11 @@ inline constexpr CodeRow kCorrectionStatus[] = {
     {"RJ", "Rejected no statement"},
     {"RS", "Rejected with statement"},
 };
+
+/// The request fields that an individual enquiry uses.
+inline constexpr std::string_view kIndividualFields =
+    "[Employer][Occupation][PhoneNumber][DriversLicenceNumber][UnitNumber][StreetNumber]"
+    "[StreetName][StreetType][Suburb][City][PrevUnitNumber][PrevStreetNumber][PrevStreetName]"
+    "[PrevStreetType][PrevSuburb][PrevCity]";
 
 }  // namespace zr::new_zealand::codes

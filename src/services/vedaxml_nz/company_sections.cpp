@@ -1,3 +1,4 @@
+#include "services/summary_lines.h"
 #include "services/vedaxml_nz/lines.h"
 #include "services/vedaxml_nz/report.h"
 
@@ -56,16 +57,8 @@ Sections company_sections() {
          "company-judgement-file/company-judgement", company_judgement_lines()},
         {plain("Affiliations"), numbered("Affiliation"), "known-affiliation/affiliated-company",
          affiliation_lines()},
-        {plain("Summary"),
-         "Summary Data",
-         "summary-data/summary",
-         {
-             line(text_at("@name"),
-                  choice_at("@type", {{"amount", amount_at(Form::kMoneySymbol, ".")},
-                                      {"months", text_at(".").within("", " months")},
-                                      {"years", text_at(".").within("", " years")},
-                                      otherwise(text_at("."))})),
-         }},
+        {plain("Summary"), "Summary Data", "summary-data/summary",
+         summary_lines(Form::kMoneySymbol)},
     };
 }
 

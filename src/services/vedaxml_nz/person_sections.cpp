@@ -1,3 +1,4 @@
+#include "services/summary_lines.h"
 #include "services/vedaxml_nz/lines.h"
 #include "services/vedaxml_nz/report.h"
 
@@ -70,16 +71,8 @@ Sections person_sections() {
          "lost-stolen-id-file/lost-stolen-id", lost_or_stolen_lines(indented_corrections())},
         {prefixed("Company Officers"), numbered("Company Officer"),
          "company-officer-details/company-officer", company_office_lines()},
-        {prefixed("Summary"),
-         "Summary Data",
-         "summary-data/summary",
-         {
-             line(text_at("@name"),
-                  choice_at("@type", {{"amount", amount_at(Form::kMoneySymbol, ".")},
-                                      {"months", text_at(".").within("", " months")},
-                                      {"years", text_at(".").within("", " years")},
-                                      otherwise(text_at("."))})),
-         }},
+        {prefixed("Summary"), "Summary Data", "summary-data/summary",
+         summary_lines(Form::kMoneySymbol)},
         // The applicant's and the directors' alike.
         {plain("Negative Block"),
          "Characteristic",

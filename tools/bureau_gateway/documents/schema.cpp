@@ -69,7 +69,7 @@ void take_finding(void* owner, xmlError* error) {
          name_of(in_parent ? *element->parent : *element), element});
 }
 
-void say_nothing(void* /*owner*/, xmlError* /*error*/) {}
+void report_nothing(void* /*owner*/, xmlError* /*error*/) {}
 
 struct SchemaFreer {
     void operator()(xmlSchema* schema) const { xmlSchemaFree(schema); }
@@ -84,7 +84,7 @@ class Schema::Compiled {
     explicit Compiled(const std::filesystem::path& file) {
         const std::unique_ptr<xmlSchemaParserCtxt, SchemaFreer> parser(
             xmlSchemaNewParserCtxt(file.c_str()));
-        xmlSchemaSetParserStructuredErrors(parser.get(), say_nothing, nullptr);
+        xmlSchemaSetParserStructuredErrors(parser.get(), report_nothing, nullptr);
         schema_.reset(xmlSchemaParse(parser.get()));
         if (!schema_) {
             throw std::runtime_error("The schema '" + file.string() + "' is not in order.");
