@@ -30,6 +30,21 @@ struct HttpTimeouts {
     std::chrono::milliseconds receive{30'000};
 };
 
+/// What an exchange was like, without anything that it carried; as far as it came.
+struct HttpRecord {
+    std::string peer;                      ///< whom the connection was with, the server or a proxy
+    std::string tls;                       ///< version and cipher; empty without
+    std::string subject;                   ///< whom the certificate is for, likewise
+    std::string issuer;                    ///< the authority
+    std::string expires;                   ///< "Nov 23 06:25:15 2026 GMT"
+    std::string date;                      ///< the reply's Date header
+    std::chrono::microseconds resolved{};  ///< when the name was, from the start on; 0 where never
+    std::chrono::microseconds connected{};
+    std::chrono::microseconds secured{};
+    std::chrono::microseconds answered{};  ///< the reply's first byte
+    std::chrono::microseconds ended{};
+};
+
 struct HttpRequest {
     std::string method = "POST";
     std::string url;           ///< https, or http where the host says so; no other scheme
@@ -60,7 +75,8 @@ class HttpTransport {
     virtual HttpReply exchange(const HttpRequest& request) = 0;
 };
 
-/// The platform's own transport.
-std::unique_ptr<HttpTransport> make_http_transport();
+/// The platform's own transport. Each exchange fills the record, where there is one, also when it
+/// fails.
+std::unique_ptr<HttpTransport> make_http_transport(HttpRecord* record = nullptr);
 
 }  // namespace zr

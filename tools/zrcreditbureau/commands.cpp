@@ -9,6 +9,7 @@
 #include "values/text.h"
 #include "zrcreditbureau/catalogue_text.h"
 #include "zrcreditbureau/completion.h"
+#include "zrcreditbureau/doctor.h"
 #include "zrcreditbureau/explanation_form.h"
 #include "zrcreditbureau/failure.h"
 #include "zrcreditbureau/interruption.h"
@@ -357,6 +358,12 @@ int run_completion(const Invocation& invocation) {
     return kDone;
 }
 
+int run_doctor(const Invocation& invocation) {
+    require_service(invocation);
+    require_country(invocation);
+    return examine(invocation.job, std::cout) ? kDone : kFailed;
+}
+
 int run_schema(const Invocation& invocation) {
     Output output(invocation.output_path);
     write_json(output, [&](automation::JsonWriter& json) {
@@ -388,6 +395,9 @@ constexpr Command kCommands[] = {
     {kVerify, "verify", "Test the connection of a service",
      "zrcreditbureau verify --country AU --settings bureau.json --service VedaXMLAU",
      Operation::kVerify, run_operation},
+    {kDoctor, "doctor", "Try a deployment step by step and say what to mend",
+     "zrcreditbureau doctor --country AU --settings bureau.json --service VedaXMLAU", std::nullopt,
+     run_doctor},
     {kLayout, "layout", "Show how a service's report is laid out and what it counts",
      "zrcreditbureau layout --service VedaXMLAU", std::nullopt, run_layout},
     {kTranslate, "translate", "Report a stored reply, or many",

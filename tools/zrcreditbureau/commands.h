@@ -38,6 +38,7 @@ enum CommandSet : std::uint32_t {
     kSchema = 1U << 9,
     kCheck = 1U << 10,
     kDiff = 1U << 11,
+    kDoctor = 1U << 12,
 };
 constexpr CommandSet operator|(CommandSet one, CommandSet other) {
     return CommandSet(std::uint32_t{one} | std::uint32_t{other});

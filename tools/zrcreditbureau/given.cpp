@@ -203,6 +203,7 @@ Invocation complete(Given& given) {
     if (!given.country.empty()) {
         job.country = given.country;
     }
+    job.verbose = given.verbose;
     if (!invocation.known_path.empty() && invocation.command->id != kCheck &&
         invocation.check_path.empty()) {
         throw MisuseError("--known goes with --check.");

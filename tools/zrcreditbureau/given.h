@@ -16,6 +16,7 @@ struct Given : Invocation {
     bool production = false;
     bool strict = false;
     bool no_guard = false;
+    bool verbose = false;
     std::string date_format;
     std::string currency_format;
     std::string currency_format_symbol;

@@ -13,4 +13,10 @@ namespace zr::cli {
 /// valid names.
 void guard_request(const ZRCreditBureau& bureau, const Job& job, bool searches, Request& request);
 
+/// How the user gives a setting: "UserId (--user-id, ZR_USER_ID)".
+std::string told(std::string_view setting);
+
+/// The text of a setting of a service; "" where it has none.
+std::string setting_text(const Service& service, std::string_view name);
+
 }  // namespace zr::cli

@@ -40,6 +40,8 @@ struct Job {
     std::string operation = "CreditEnquiry";
     std::optional<DateTime> response_date;
     std::optional<std::string> response_xml;
+    /// Exchanges are told on standard error; no member of the document.
+    bool verbose = false;
     /// What is doubtful is a failure; no member of the document.
     bool strict = false;
     /// What is probably a mistake is refused before it is sent; likewise.

@@ -155,7 +155,9 @@ Performer::Performer(Operation operation)
     : operation_(operation),
       transport_([&]() -> std::unique_ptr<HttpTransport> {
           if (operation != Operation::kCompose) {
-              return make_http_transport();
+              auto telling = std::make_unique<TellingTransport>();
+              telling_ = telling.get();
+              return telling;
           }
           auto capture = std::make_unique<CapturingTransport>();
           capture_ = capture.get();
@@ -201,12 +203,20 @@ bool Performer::run_checked(ZRCreditBureau& bureau, Request& request, const Job&
     return true;
 }
 
-Outcome Performer::perform(const Job& job) {
+ZRCreditBureau& Performer::bureau(const Job& job) {
     if (job.country.empty()) {
         throw JsonError("Country is missing.");
     }
     ZRCreditBureau& bureau = bureaus_.bureau(job.country);
     apply_settings(job, bureau);
+    return bureau;
+}
+
+Outcome Performer::perform(const Job& job) {
+    ZRCreditBureau& bureau = this->bureau(job);
+    if (telling_ != nullptr) {
+        telling_->verbose = job.verbose;
+    }
     const std::unique_ptr<Request> request = bureau.CreateRequest();
     for (const JsonValue& properties : job.requests) {
         automation::read_request(properties, *request);

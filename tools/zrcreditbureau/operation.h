@@ -13,6 +13,7 @@
 #include "records/response.h"
 #include "zrcreditbureau/bureau_pool.h"
 #include "zrcreditbureau/job.h"
+#include "zrcreditbureau/telling_transport.h"
 
 namespace zr::cli {
 
@@ -57,6 +58,12 @@ class Performer {
 
     Operation operation() const { return operation_; }
 
+    /// The facade of the job's country with the job's settings, until the next call. Throws as
+    /// `perform` does.
+    ZRCreditBureau& bureau(const Job& job);
+    /// What the last exchange was like; null where nothing is ever sent.
+    const HttpRecord* record() const { return telling_ == nullptr ? nullptr : &telling_->record; }
+
   private:
     class CapturingTransport;
 
@@ -67,6 +74,7 @@ class Performer {
 
     Operation operation_;
     CapturingTransport* capture_ = nullptr;  // the transport of compose
+    TellingTransport* telling_ = nullptr;    // that of the others
     std::unique_ptr<HttpTransport> transport_;
     BureauPool bureaus_;
     std::map<std::string, std::unique_ptr<ReplyCheck>> checks_;  // by service

@@ -21,6 +21,7 @@ constexpr CommandSet kSending = kEnquire | kList;
 constexpr CommandSet kRequesting = kCompose | kSending;
 constexpr CommandSet kStored = kTranslate | kCheck;
 constexpr CommandSet kOperations = kRequesting | kVerify | kStored;
+constexpr CommandSet kConnecting = kOperations | kDoctor;
 constexpr CommandSet kShowing = kCatalogue | kLayout;
 
 const std::vector<Option>& own_options() {
@@ -35,9 +36,9 @@ const std::vector<Option>& own_options() {
         {kGeneral, kCompletion, "SHELL", "SHELL", "The shell", &Given::subject, "bash|zsh|fish"},
         {kGeneral, kSchema, "DOCUMENT", "DOCUMENT", "What is described", &Given::subject,
          "job|result"},
-        {kGeneral, kCatalogue | kOperations, "--country", "CODE", "Country of the credit bureau",
-         &Given::country, "AU|NZ"},
-        {kGeneral, kOperations, "--production", "",
+        {kGeneral, kCatalogue | kDoctor | kOperations, "--country", "CODE",
+         "Country of the credit bureau", &Given::country, "AU|NZ"},
+        {kGeneral, kOperations | kDoctor, "--production", "",
          "Address the bureau's production system instead of its test system", &Given::production},
         {kGeneral, kEnquire | kTranslate, "--strict", "",
          "A reply without a matched file is a failure", &Given::strict},
@@ -49,6 +50,10 @@ const std::vector<Option>& own_options() {
          "Send also what is probably a mistake: unknown options and descriptions, an enquiry about "
          "nobody, an address that is not set",
          &Given::no_guard},
+        {kGeneral, kSending | kVerify, "--verbose", "",
+         "Tell of each exchange: address, proxy, TLS, certificate, times, status and sizes; no "
+         "secrets and nothing of the applicant's",
+         &Given::verbose},
         {kGeneral, kOperations, "--date-format", "PATTERN", "Pattern of dates in the report",
          &Given::date_format, "", "\"medium date\""},
         {kGeneral, kOperations, "--currency-format", "PATTERN", "Pattern of amounts in the report",
@@ -132,7 +137,7 @@ constexpr struct {
     CommandSet more_commands;
 } kRequestOptions[] = {
     {"Country", "--address-country", kNoCommand},
-    {"ServiceName", "--service,--service-name", kVerify | kLayout | kStored},
+    {"ServiceName", "--service,--service-name", kVerify | kDoctor | kLayout | kStored},
     {"ProductId", "--product,--product-id", kStored},
 };
 
@@ -200,8 +205,8 @@ void add_settings_options(std::vector<Option>& all) {
             taken = option.names == "--" + name ? taken | option.commands : taken;
         }
         const std::pair<const char*, CommandSet> rows[] = {
-            {"--", CommandSet(kOperations & ~taken)},
-            {"--setting-", CommandSet(kOperations & taken)}};
+            {"--", CommandSet(kConnecting & ~taken)},
+            {"--setting-", CommandSet(kConnecting & taken)}};
         for (const auto& [prefix, commands] : rows) {
             if (commands != kNoCommand) {
                 all.push_back(member_option(kSettings, commands, prefix + name, &Given::settings,
@@ -210,7 +215,7 @@ void add_settings_options(std::vector<Option>& all) {
             }
         }
     }
-    all.push_back({kSettings, kOperations, "--settings", "FILE",
+    all.push_back({kSettings, kConnecting, "--settings", "FILE",
                    "JSON file of settings by service: {\"VedaXMLAU\":{\"UserId\":\"...\"}}; else "
                    "~/.config/zrcreditbureau/settings.json where that is there",
                    &Given::settings_file, "", "", "ZR_SETTINGS"});
@@ -268,7 +273,7 @@ std::vector<const Option*> options_of(const Command& command) {
 
 std::span<const Note> notes() {
     static constexpr Note kNotes[] = {
-        {kOperations,
+        {kConnecting,
          "Other users of this machine can see a command line: give passwords in a --settings file "
          "or in the environment. An option wins over the environment, which wins over the file."},
         {kTranslate,

@@ -17,6 +17,7 @@
 #include "platform/posix/http_address.h"
 #include "platform/posix/http_errors.h"
 #include "platform/posix/http_phases.h"
+#include "platform/posix/http_record.h"
 #include "platform/posix/http_secrecy.h"
 #include "platform/unicode.h"
 
@@ -124,15 +125,25 @@ const char* environment(const char* name) {
     return value != nullptr && *value != '\0' ? value : nullptr;
 }
 
+/// Fills the record when the exchange is over, however it ends.
+struct Recording {
+    CURL* easy;
+    HttpRecord* record;
+    ~Recording() {
+        if (record != nullptr) record_exchange(easy, *record);
+    }
+};
+
 /// One exchange on a handle of its own. `sessions` holds the TLS sessions of the exchanges before.
 class Exchange {
   public:
-    Exchange(CURLM* multi, CURLSH* sessions, const HttpRequest& request)
+    Exchange(CURLM* multi, CURLSH* sessions, const HttpRequest& request, HttpRecord* record)
         : multi_(multi),
           sessions_(sessions),
           easy_owner_(curl_easy_init()),
           easy_(easy_owner_.get()),
           request_(request),
+          record_(record),
           clock_(request.timeouts, Clock::now()) {
         if (easy_ == nullptr) throw std::bad_alloc();
     }
@@ -141,6 +152,7 @@ class Exchange {
     Exchange& operator=(const Exchange&) = delete;
 
     HttpReply run() {
+        const Recording recording{easy_, record_};
         set_up();
         check(curl_multi_add_handle(multi_, easy_));
         return finish(perform());
@@ -176,6 +188,7 @@ class Exchange {
     Easy easy_owner_;
     CURL* easy_;
     const HttpRequest& request_;
+    HttpRecord* record_;  // none where nobody asks
     HttpPhaseClock clock_;
     Headers headers_;
     std::array<char, CURL_ERROR_SIZE> detail_{};
@@ -205,6 +218,7 @@ void Exchange::set_up() {
     set_credentials();
     set_proxy();
     set_authorities();
+    if (record_ != nullptr) set(easy_, CURLOPT_CERTINFO, 1L);
 }
 
 void Exchange::set_callbacks() {
@@ -357,6 +371,7 @@ bool Exchange::would_send_again() {
 
 /// False when nothing more is to be read.
 bool Exchange::take_header(std::string_view line) {
+    if (!is_heard_ && record_ != nullptr) record_tls(easy_, *record_);
     is_heard_ = true;
     heads_.take(line);
     // The library asks for a tunnel again and again without a word to anyone.
@@ -422,7 +437,7 @@ int Exchange::on_connected(void* self, char*, char*, int, int) {
 
 class CurlTransport : public HttpTransport {
   public:
-    CurlTransport() {
+    explicit CurlTransport(HttpRecord* record) : record_(record) {
         initialise_library();
         multi_.reset(curl_multi_init());
         sessions_.reset(curl_share_init());
@@ -434,16 +449,19 @@ class CurlTransport : public HttpTransport {
 
     HttpReply exchange(const HttpRequest& request) override {
         check_no_control_characters(request);
-        return Exchange(multi_.get(), sessions_.get(), request).run();
+        return Exchange(multi_.get(), sessions_.get(), request, record_).run();
     }
 
   private:
+    HttpRecord* record_;
     Multi multi_;     // keeps the authorities that were read
     Share sessions_;  // keeps the TLS sessions, which a new connection may resume
 };
 
 }  // namespace
 
-std::unique_ptr<HttpTransport> make_http_transport() { return std::make_unique<CurlTransport>(); }
+std::unique_ptr<HttpTransport> make_http_transport(HttpRecord* record) {
+    return std::make_unique<CurlTransport>(record);
+}
 
 }  // namespace zr
