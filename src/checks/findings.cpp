@@ -13,6 +13,9 @@ namespace zr {
 namespace {
 
 constexpr std::size_t kLongestExample = 40;
+// More of a reply nobody reads; a reply made to be costly has millions.
+constexpr std::size_t kMostFindings = 10'000;
+constexpr std::size_t kMostTotals = 256;
 /// The type by which the bureau marks its own totals.
 constexpr std::string_view kTotal = "count";
 
@@ -67,6 +70,9 @@ void ReplyCheck::Watch::find_unread(const SourceMap& source) {
     std::vector<std::uint32_t> like(source.size());  // the first element with the same path
     std::map<std::pair<std::uint32_t, std::string_view>, std::uint32_t> first;
     const auto add = [&](std::uint32_t index, std::string_view attribute) {
+        if (findings.size() == kMostFindings) {
+            return;
+        }
         const auto [entry, is_new] = met.try_emplace({like[index], attribute}, findings.size());
         if (is_new) {
             findings.push_back({Finding::Kind::kNotShown,
@@ -192,6 +198,7 @@ std::optional<std::size_t> ReplyCheck::Watch::own_total(std::string_view label) 
 }
 
 void ReplyCheck::Watch::find_other_totals(const SourceMap& source) {
+    std::size_t totals = 0;
     for (const Line& line : lines_) {
         const auto marked = [&](const ReadValue& value) {
             return value.attribute != 0 && text_of(value) == kTotal;
@@ -200,6 +207,9 @@ void ReplyCheck::Watch::find_other_totals(const SourceMap& source) {
         const auto end = reads_.begin() + static_cast<std::ptrdiff_t>(line.reads_end);
         if (std::none_of(begin, end, marked) || !is_of_subject(line)) {
             continue;
+        }
+        if (totals++ == kMostTotals) {
+            return;
         }
         const ResponseElement& element =
             response_->ResponseElements().Item(static_cast<std::int32_t>(line.number) + 1);

@@ -75,7 +75,8 @@ class ReplyCheck {
         ReplyService& service_;
     };
 
-    /// Takes what there is to say of the reply that was translated last: every path and fault once.
+    /// Takes what there is to say of the reply that was translated last: every path and fault once,
+    /// the first ten thousand of them.
     /// Nothing for one that could not be translated.
     std::vector<Finding> take_findings();
     Explanation take_explanation();

@@ -136,9 +136,6 @@ void ReplyCheck::Watch::begin(const layout::Piece& piece, XmlNode record) {
         const bool goes_on = !lines_.empty() && lines_.back().line == place.line &&
                              lines_.back().record == record && lines_.back().number == number;
         if (place.of_value && !goes_on) {
-            if (!lines_.empty() && lines_.back().number == number) {
-                lines_.pop_back();  // had no value
-            }
             lines_.push_back({number, place.section, place.line, record, reads_.size()});
         }
         // A constant says whatever let it be written.
