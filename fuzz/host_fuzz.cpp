@@ -128,7 +128,8 @@ class Host {
             case 10:
                 held_.clear();
                 held_.emplace_back(request_->Response(), zr::fuzz::read_all(*request_->Response()));
-                return;
+                // One that stays attached is the next enquiry's to fill.
+                return request_->Response(nullptr);
             case 11:
                 request_->Response(nullptr);
                 return;

@@ -4,7 +4,7 @@ packages_build="g++ cmake ninja-build pkg-config git libxml2-dev libxslt1-dev li
   libutf8proc-dev rapidjson-dev libcli11-dev libboost-dev libssl-dev libsqlite3-dev ca-certificates"
 packages_test="libgtest-dev python3"
 packages_bench="libbenchmark-dev python3 python3-lxml valgrind xsltproc"
-packages_torture="valgrind strace openssl tinyproxy squid"
+packages_torture="valgrind strace openssl time tinyproxy squid"
 packages_pages="chromium poppler-utils fonts-dejavu-core python3"
 packages_check="ccache clang-14 clang-tidy-14 clang-format-14 libclang-rt-14-dev
   mandoc zsh fish python3-jsonschema"

@@ -12,9 +12,16 @@ PROGRAM = BIN / "failing_allocator"
 LINE = re.compile(r"^(\S+)\s+tried\s+(\d+)\s+right\s+(\d+)\s+clean\s+(\d+)(.*)", re.M)
 
 
+# Each task's points and, of those of a page, one in so many: there are two hundred thousand.
+TASKS = ["translate", "compose", "initialise-au", "initialise-nz", "json"]
+PAGES = ["html-au", "html-nz"]
+
+
 def examine_points(tally, bounded):
-    for how in ([], ["--from"]):
-        done = run([PROGRAM, ROOT, *how, *(["--step", "25"] if bounded else [])], limit=1800)
+    for names, step, how in ((names, step, how) for names, step in
+                             ((TASKS, 25 if bounded else 1), (PAGES, 2000 if bounded else 30))
+                             for how in ([], ["--from"])):
+        done = run([PROGRAM, ROOT, *names, "--step", str(step), *how], limit=1800)
         rows = LINE.findall(done.out.decode())
         tally.expect("the program tries its tasks", rows and not done.died, done)
         for task, tried, right, clean, rest in rows:
