@@ -8,9 +8,9 @@
 #include <string_view>
 
 #include "automation/json.h"
-#include "zrcreditbureau/ndjson.h"
-#include "zrcreditbureau/operation.h"
-#include "zrcreditbureau/result_form.h"
+#include "cli/ndjson.h"
+#include "cli/operation.h"
+#include "cli/result_form.h"
 
 namespace {
 

@@ -101,7 +101,7 @@ constexpr TrackedProperty kTracked[] = {
     tracked<&Request::PhoneNumber>("PhoneNumber", "telephone number"),
 };
 
-constexpr auto kProperties = [] {
+constexpr auto kRequestProperties = [] {
     std::array<Property<Request>, std::size(kTracked) + 2> rows{};
     std::ranges::transform(kTracked, rows.begin(), &TrackedProperty::row);
     rows[std::size(kTracked)] = property<&Request::Dirty>(
@@ -229,6 +229,6 @@ void Request::Clear(FlagArg clear_all) {
     OptionsClear();
 }
 
-std::span<const Property<Request>> request_properties() { return kProperties; }
+std::span<const Property<Request>> request_properties() { return kRequestProperties; }
 
 }  // namespace zr

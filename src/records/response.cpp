@@ -15,7 +15,7 @@ std::string Response::Name() const {
 
 namespace {
 
-constexpr Property<Response> kProperties[] = {
+constexpr Property<Response> kResponseProperties[] = {
     property<&Response::RequestId>("RequestId", "the bureau's identifier of the enquiry"),
     property<&Response::ResponseDate>("ResponseDate",
                                       "when the reply was received; null while there is none"),
@@ -115,6 +115,6 @@ constexpr Property<Response> kProperties[] = {
 
 }  // namespace
 
-std::span<const Property<Response>> response_properties() { return kProperties; }
+std::span<const Property<Response>> response_properties() { return kResponseProperties; }
 
 }  // namespace zr

@@ -1,0 +1,96 @@
+#include "cli/countries.h"
+
+#include <algorithm>
+#include <memory>
+#include <set>
+
+#include "zrcreditbureau/zr_credit_bureau.h"
+
+namespace zr::cli {
+namespace {
+
+class NoTransport final : public HttpTransport {
+  public:
+    HttpReply exchange(const HttpRequest& /*request*/) override { return {}; }
+};
+
+/// Calls `visit` with each country and its registry.
+template <class Visit>
+void for_each_country(Visit visit) {
+    for (const std::string_view country : kCountries) {
+        ZRCreditBureau bureau(
+            [] { return std::make_unique<Runtime>(std::make_unique<NoTransport>()); });
+        (void)bureau.Initialise(country);
+        visit(country, bureau.Services());
+    }
+}
+
+}  // namespace
+
+void for_each_service(const std::function<void(const Service&)>& visit) {
+    for_each_country([&](std::string_view /*country*/, const Services& services) {
+        for (std::int32_t position = 1; position <= services.Count(); ++position) {
+            visit(services.Item(position));
+        }
+    });
+}
+
+std::vector<KnownSetting> known_settings() {
+    std::vector<KnownSetting> known;
+    for_each_service([&](const Service& service) {
+        for (const Property<Service>& setting : service.settings()) {
+            const bool listed =
+                std::ranges::find(known, setting.name, &KnownSetting::name) != known.end();
+            if (setting.write != nullptr && !listed) {
+                known.push_back({setting.name, setting.type, setting.meaning});
+            }
+        }
+    });
+    return known;
+}
+
+std::string known_values(std::string_view property) {
+    std::set<std::string> values;
+    for_each_service([&](const Service& service) {
+        if (property == "ServiceName") {
+            values.insert(std::string(service.ServiceName()));
+        }
+        for (const Product& product : service.Products()) {
+            if (property == "ProductId") {
+                values.insert(product.ProductId());
+            }
+            for (const ProductOption& option : product.ProductOptions()) {
+                if (property == "Options") {
+                    values.insert(option.OptionId());
+                }
+            }
+        }
+    });
+    std::string joined;
+    for (const std::string& value : values) {
+        joined.append(joined.empty() ? "" : "|").append(value);
+    }
+    return joined;
+}
+
+std::string_view country_of_service(std::string_view name) {
+    std::string_view found;
+    for_each_country([&](std::string_view country, const Services& services) {
+        if (services.Exists(name)) {
+            found = country;
+        }
+    });
+    return found;
+}
+
+std::string first_product(std::string_view service) {
+    std::string found;
+    for_each_country([&](std::string_view /*country*/, const Services& services) {
+        if (services.Exists(service) && services.Item(service).Products().Count() > 0) {
+            found = services.Item(service).Products().Item(1).ProductId();
+        }
+    });
+    return found;
+}
+
+}  // namespace zr::cli
