@@ -58,11 +58,14 @@ function readBoth(xml) {
   const reply = new DOMParser().parseFromString(xml, 'text/xml');
   const adverse = ['default', 'court-action', 'bankruptcy', 'judgement', 'insolvency', 'collection',
     'company-default', 'company-judgement', 'company-collection'];
-  // A New Zealand company's file that the reply has twice, under the report as well, is one file.
+  // A New Zealand company's file that the reply has twice, under the report as well, is one file if
+  // the one has every value of the other.
+  const values = file => [...file.querySelectorAll('*')].map(each => each.tagName + ' ' +
+    [...each.attributes].map(one => `${one.name}=${one.value}`) + (each.children.length ? '' : each.textContent.trim())).join('|');
   const again = record => {
     const file = record.parentNode, holder = file.parentNode;
     return holder.tagName.startsWith('company') && [...holder.parentNode.children].some(
-      other => other.tagName === file.tagName && other.children.length === file.children.length);
+      other => other.tagName === file.tagName && values(other) === values(file));
   };
   const records = adverse.flatMap(tag => [...reply.getElementsByTagName(tag)])
     .filter(record => !again(record));
