@@ -11,16 +11,19 @@
 namespace zr {
 namespace {
 
+/// Of no service: its catalogue is empty.
+constexpr ServiceDefinition kNothing;
+
 /// The catalogue that all services of a definition share: nobody writes in it.
-const Catalogue& shared_catalogue(const ServiceDefinition& definition) {
+std::shared_ptr<const Catalogue> shared_catalogue(const ServiceDefinition& definition) {
     static std::mutex mutex;
-    static std::map<const ServiceDefinition*, std::unique_ptr<const Catalogue>> made;
+    static std::map<const ServiceDefinition*, std::shared_ptr<const Catalogue>> made;
     const std::lock_guard lock(mutex);
-    std::unique_ptr<const Catalogue>& catalogue = made[&definition];
+    std::shared_ptr<const Catalogue>& catalogue = made[&definition];
     if (catalogue == nullptr) {
-        catalogue = std::make_unique<const Catalogue>(definition);
+        catalogue = std::make_shared<const Catalogue>(definition);
     }
-    return *catalogue;
+    return catalogue;
 }
 
 }  // namespace
@@ -58,9 +61,8 @@ const Property<Service>* Service::setting(TextArg name) const {
 }
 
 void Service::Dispose() {
-    static constexpr ServiceDefinition kNothing;
     engine_->context_ = nullptr;
-    engine_->catalogue_ = &shared_catalogue(kNothing);
+    engine_->catalogue_ = engine_->nothing_;
 }
 
 Catalogue::Catalogue(const ServiceDefinition& definition) {
@@ -74,12 +76,13 @@ ServiceEngine::ServiceEngine(const Service& face, const ServiceDefinition& defin
     : face_(face),
       definition_(definition),
       context_(&context),
-      catalogue_(&shared_catalogue(definition)) {}
+      catalogue_(shared_catalogue(definition)),
+      nothing_(shared_catalogue(kNothing)) {}
 
 const Catalogue& ServiceEngine::own_catalogue() {
     if (context_ != nullptr && own_ == nullptr) {
-        own_ = std::make_unique<const Catalogue>(definition_);
-        catalogue_ = own_.get();
+        own_ = std::make_shared<const Catalogue>(definition_);
+        catalogue_ = own_;
     }
     return *catalogue_;
 }

@@ -106,8 +106,10 @@ class ServiceEngine {
     const Service& face_;
     const ServiceDefinition& definition_;
     ServiceContext* context_;
-    const Catalogue* catalogue_;
-    std::unique_ptr<const Catalogue> own_;
+    // Held, for a facade may outlive what the process shares.
+    std::shared_ptr<const Catalogue> catalogue_;
+    std::shared_ptr<const Catalogue> nothing_;  ///< what is there after Dispose
+    std::shared_ptr<const Catalogue> own_;
     const Translator* reader_ = nullptr;
 };
 

@@ -6,6 +6,7 @@
 #include "records/component.h"
 #include "support/fake_bureau.h"
 #include "values/text.h"
+#include "zrcreditbureau/vedaxml_services.h"
 
 namespace zr::test {
 namespace {
@@ -109,6 +110,47 @@ TEST(Facade, TranslatesAgainFromTheResponseItself) {
         bureau.facade.BuildResponse(*bureau.request, first.ResponseDate(), first.ResponseXML()));
     EXPECT_EQ(bureau.request->Response()->ResponseDate(), kClock.date_only());
     EXPECT_EQ(bureau.request->Response()->RequestId(), "1");
+}
+
+TEST(Facade, LeavesToTheHostWhatItHolds) {
+    std::shared_ptr<ServiceVedaXMLAU> service;
+    std::shared_ptr<const Response> response;
+    const Product* product = nullptr;
+    {
+        FakeBureau bureau;
+        service = bureau.facade.Service<ServiceVedaXMLAU>();
+        EXPECT_EQ(service, bureau.facade.Service("vedaxmlau"));
+        EXPECT_EQ(bureau.facade.Service<ServiceVedaXMLNZ>(), nullptr);
+        product = &service->Products().Item(1);
+        bureau.translated("<BCAmessage service-request-id='1'/>");
+        response = bureau.request->Response();
+        bureau.translated("<BCAmessage service-request-id='2'/>");
+        EXPECT_EQ(service->Application(), &bureau.facade);
+        bureau.facade.Initialise("AU");
+        EXPECT_NE(service, bureau.facade.Service("VedaXMLAU"));
+    }
+    EXPECT_EQ(response->RequestId(), "1");
+    EXPECT_EQ(response->ResponseElements().Item(2).ResponseDescription(), "1");
+    EXPECT_EQ(product->ProductId(), "consumer-enquiry");
+    EXPECT_EQ(service->Application(), nullptr);
+    EXPECT_EQ(service->Products().Count(), 0);
+    service->UserId("still a setting");
+    EXPECT_EQ(service->UserId(), "still a setting");
+}
+
+TEST(Facade, HasCodesOfItsOwnToWrite) {
+    const auto sent = [](FakeBureau& bureau) {
+        bureau.ask("consumer-enquiry");
+        bureau.request->StreetType("Avenue");
+        bureau.facade.ExecuteCreditEnquiry(*bureau.request);
+        return bureau.request->RequestXML().find("mine") != std::string::npos;
+    };
+    FakeBureau writer;
+    FakeBureau other;
+    const CodeTableItems& types = writer.service().CodeTables().Item("StreetTypes");
+    types.Item(types.GetCodeFromDescription("Avenue")).Code("mine");
+    EXPECT_TRUE(sent(writer));
+    EXPECT_FALSE(sent(other));
 }
 
 TEST(Facade, TranslatesAsOfADateOnly) {

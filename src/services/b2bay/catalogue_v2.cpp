@@ -9,25 +9,25 @@
 namespace zr::b2bay::version_2 {
 namespace {
 
-using namespace new_zealand::codes;
+namespace codes = new_zealand::codes;
 
-constexpr auto kAccountTypes = account_types("Consumer Enquiry");
+constexpr auto kAccountTypes = codes::account_types("Consumer Enquiry");
 
 /// The service's code tables in their order.
 constexpr CodeTableRow kServiceTables[] = {
-    {"MaritalStatus", kMaritalStatus},
+    {"MaritalStatus", codes::kMaritalStatus},
     {"StreetTypes", kStreetTypesOfVersion2},
-    {"NotesTypeCodes", kNotesTypes},
-    {"ConsumerDefaultRelationshipTypeCodes", kConsumerDefaultRelationships},
-    {"CorrectionStatus", kCorrectionStatus},
+    {"NotesTypeCodes", codes::kNotesTypes},
+    {"ConsumerDefaultRelationshipTypeCodes", codes::kConsumerDefaultRelationships},
+    {"CorrectionStatus", codes::kCorrectionStatus},
 };
 
 constexpr CodeTableRow kIndividualTables[] = {
-    {"Purposes", kPurposes},
+    {"Purposes", codes::kPurposes},
     {"AccountTypes", kAccountTypes},
 };
 constexpr CodeTableRow kDirectorsTables[] = {
-    {"Purposes", kPurposes},
+    {"Purposes", codes::kPurposes},
 };
 
 constexpr OptionRow kIndividualOptions[] = {
@@ -45,7 +45,7 @@ constexpr OptionRow kDirectorsOptions[] = {
 };
 
 constexpr ProductRow kProducts[] = {
-    {"enquiry_individual", true, kIndividualFields, kIndividualOptions, kIndividualTables},
+    {"enquiry_individual", true, codes::kIndividualFields, kIndividualOptions, kIndividualTables},
     {"enquiry_company", false, "", {}, {}},
     {"enquiry_company_with_directors", false, "", kDirectorsOptions, kDirectorsTables},
 };
