@@ -103,9 +103,8 @@ void write_catalogue(JsonWriter& json, const ZRCreditBureau& bureau) {
     json.text(bureau.Country());
     json.name("Services");
     json.begin_array();
-    const Services& services = bureau.Services();
-    for (std::int32_t position = 1; position <= services.Count(); ++position) {
-        write_service(json, services.Item(position));
+    for (const Service& service : bureau.Services()) {
+        write_service(json, service);
     }
     json.end_array();
     json.end_object();

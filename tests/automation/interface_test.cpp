@@ -136,8 +136,7 @@ TEST(Interface, DescribesEveryRegisteredService) {
         ZRCreditBureau bureau;
         ASSERT_TRUE(bureau.Initialise(country));
         const Services& services = bureau.Services();
-        for (std::int32_t position = 1; position <= services.Count(); ++position) {
-            const Service& service = services.Item(position);
+        for (const Service& service : services) {
             const std::string name = "Service" + std::string(service.ServiceName());
             ASSERT_NE(library().find(name), nullptr) << name;
             for (const Property<Service>& setting : service.settings()) {

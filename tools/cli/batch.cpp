@@ -11,6 +11,7 @@
 #include <thread>
 #include <utility>
 
+#include "cli/countries.h"
 #include "cli/database.h"
 #include "cli/failure.h"
 #include "cli/files.h"
@@ -258,14 +259,11 @@ int Run::go(Interruption& interruption) {
     return signal;
 }
 
-bool is_secret(std::string_view setting) {
-    for (const std::string_view name :
-         {"UserPassword", "SubscriberSecurityCode", "ProxyPassword"}) {
-        if (text::equal_ignoring_case(name, setting)) {
-            return true;
-        }
-    }
-    return false;
+bool is_secret(std::string_view name) {
+    static const std::vector<Property<Service>> kSettings = known_settings();
+    return std::ranges::any_of(kSettings, [name](const Property<Service>& setting) {
+        return setting.secret && text::equal_ignoring_case(setting.name, name);
+    });
 }
 
 void add_value(Fingerprint& fingerprint, const automation::JsonValue& value) {

@@ -29,8 +29,7 @@ struct StartValue {
 
 std::vector<StartValue> start_values(const Services& services) {
     std::vector<StartValue> values;
-    for (std::int32_t position = 1; position <= services.Count(); ++position) {
-        Service& service = services.Item(position);
+    for (Service& service : services) {
         for (const Property<Service>& setting : service.settings()) {
             if (setting.write != nullptr) {
                 Value value = setting.read(service);

@@ -62,8 +62,7 @@ void append_product(std::string& text, const Product& product) {
 std::string catalogue_text(const ZRCreditBureau& bureau) {
     std::string text = "Country " + bureau.Country() + "\n";
     const Services& services = bureau.Services();
-    for (std::int32_t position = 1; position <= services.Count(); ++position) {
-        const Service& service = services.Item(position);
+    for (const Service& service : services) {
         text.append("\n").append(service.ServiceName()).append(": ");
         text.append(service.ServiceNameFriendly());
         text += service.Obsolete() ? " (obsolete)\n" : "\n";

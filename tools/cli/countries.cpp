@@ -29,20 +29,20 @@ void for_each_country(Visit visit) {
 
 void for_each_service(const std::function<void(const Service&)>& visit) {
     for_each_country([&](std::string_view /*country*/, const Services& services) {
-        for (std::int32_t position = 1; position <= services.Count(); ++position) {
-            visit(services.Item(position));
+        for (const Service& service : services) {
+            visit(service);
         }
     });
 }
 
-std::vector<KnownSetting> known_settings() {
-    std::vector<KnownSetting> known;
+std::vector<Property<Service>> known_settings() {
+    std::vector<Property<Service>> known;
     for_each_service([&](const Service& service) {
         for (const Property<Service>& setting : service.settings()) {
             const bool listed =
-                std::ranges::find(known, setting.name, &KnownSetting::name) != known.end();
+                std::ranges::find(known, setting.name, &Property<Service>::name) != known.end();
             if (setting.write != nullptr && !listed) {
-                known.push_back({setting.name, setting.type, setting.meaning});
+                known.push_back(setting);
             }
         }
     });

@@ -15,18 +15,11 @@ namespace zr::cli {
 
 inline constexpr std::array<std::string_view, 2> kCountries = {"AU", "NZ"};
 
-/// A setting that hosts write, of one service or more.
-struct KnownSetting {
-    std::string_view name;
-    ValueType type;
-    std::string_view meaning;
-};
-
 /// Calls `visit` with each service of each country.
 void for_each_service(const std::function<void(const Service&)>& visit);
 
 /// Every writable setting of any country's services, each name once.
-std::vector<KnownSetting> known_settings();
+std::vector<Property<Service>> known_settings();
 
 /// What the registries have for "ServiceName" or "ProductId", and the product options for
 /// "Options"; "" for others; joined by "|".

@@ -92,8 +92,7 @@ void apply_to_named(const SettingsLayer& layer, const Services& services) {
 }
 
 void apply_to_every(const JsonValue& settings, const Services& services) {
-    for (std::int32_t position = 1; position <= services.Count(); ++position) {
-        Service& service = services.Item(position);
+    for (Service& service : services) {
         for (const JsonValue::Member& setting : settings.members()) {
             if (service.setting(setting.first) != nullptr) {
                 JsonValue one = JsonValue::object();

@@ -198,7 +198,7 @@ void add_request_options(std::vector<Option>& all) {
 
 /// A setting that is called as a request property is stands behind "setting" where both are.
 void add_settings_options(std::vector<Option>& all) {
-    for (const KnownSetting& setting : known_settings()) {
+    for (const Property<Service>& setting : known_settings()) {
         const std::string name = option_name(setting.name);
         CommandSet taken = kNoCommand;
         for (const Option& option : all) {
