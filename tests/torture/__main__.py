@@ -2,6 +2,7 @@
 
 import argparse
 import importlib
+import signal
 import sys
 import time
 
@@ -37,6 +38,7 @@ def about(name):
 
 def main():
     given = arguments()
+    signal.signal(signal.SIGHUP, signal.SIG_DFL)  # what ignores it, as nohup does, is inherited
     names = given.group or (GROUPS if not given.fuzz_runs else ["fuzzing"])
     folder = BUILD / "torture"
     folder.mkdir(parents=True, exist_ok=True)
