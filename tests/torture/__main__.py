@@ -38,7 +38,9 @@ def about(name):
 
 def main():
     given = arguments()
-    signal.signal(signal.SIGHUP, signal.SIG_DFL)  # what ignores it, as nohup does, is inherited
+    # Where they are ignored, as by nohup and behind "&", what is started here would ignore them too.
+    signal.signal(signal.SIGHUP, signal.SIG_DFL)
+    signal.signal(signal.SIGINT, signal.default_int_handler)
     names = given.group or (GROUPS if not given.fuzz_runs else ["fuzzing"])
     folder = BUILD / "torture"
     folder.mkdir(parents=True, exist_ok=True)
