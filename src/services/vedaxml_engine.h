@@ -54,6 +54,18 @@ class VedaXmlEngine : public ServiceEngine {
     const VedaXmlService& settings_;
 };
 
+/// What reads a service's replies, compiled once against one table of names.
+template <ReportDefinition (*report)(), class SearchPaths>
+struct VedaXmlReading {
+    Translator translator{report()};
+    SearchPaths search{translator.names()};
+
+    static const VedaXmlReading& only() {
+        static VedaXmlReading reading;
+        return reading;
+    }
+};
+
 /// Rows of the settings that every VedaXML service has, then those of its own.
 std::vector<Property<Service>> vedaxml_settings(std::span<const Property<Service>> own);
 

@@ -119,17 +119,6 @@ void guard_subject(const Request& request) {
     throw JsonError("Nothing is asked: the request names no person, no company and no file.");
 }
 
-std::string setting_text(const Service& service, std::string_view name) {
-    const Property<Service>* const setting = service.setting(name);
-    return setting == nullptr ? std::string() : std::string(text_of(setting->read(service)));
-}
-
-/// How the user gives a setting.
-std::string told(std::string_view setting) {
-    return std::string(setting) + " (--" + option_name(setting) + ", " + environment_name(setting) +
-           ")";
-}
-
 void guard_time_out(const JsonValue& settings) {
     constexpr std::int32_t kLeast = 30;
     constexpr std::int32_t kMost = 300;

@@ -13,16 +13,7 @@ ServiceVedaXMLAU::ServiceVedaXMLAU() : VedaXmlService(ZR_VEDAXML_AU_URL, ZR_VEDA
 namespace australia {
 namespace {
 
-/// What reads this service's replies, compiled against one table of names.
-struct Reading {
-    Translator translator{report()};
-    SearchPaths search{translator.names()};
-};
-
-const Reading& reading() {
-    static Reading reading;
-    return reading;
-}
+using Reading = VedaXmlReading<report, SearchPaths>;
 
 class Engine final : public VedaXmlEngine {
   public:
@@ -57,7 +48,7 @@ class Engine final : public VedaXmlEngine {
     }
 
     void add_company_selections(CompanySelections& selections, XmlNode root) const override {
-        australia::add_company_selections(reading().search, selections, root);
+        australia::add_company_selections(Reading::only().search, selections, root);
     }
 
   private:
@@ -88,7 +79,7 @@ constinit const ServiceDefinition kVedaXml = {
     .name = "VedaXMLAU",
     .friendly_name = "Veda Advantage VedaXML (Australia)",
     .build_catalogue = build_australian_catalogue,
-    .translator = []() -> const Translator& { return reading().translator; },
+    .translator = []() -> const Translator& { return Reading::only().translator; },
     .settings = settings,
     .make = ServiceEngine::make<ServiceVedaXMLAU, Engine>,
 };

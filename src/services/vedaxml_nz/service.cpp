@@ -13,16 +13,7 @@ ServiceVedaXMLNZ::ServiceVedaXMLNZ() : VedaXmlService(ZR_VEDAXML_NZ_URL, ZR_VEDA
 namespace new_zealand {
 namespace {
 
-/// What reads this service's replies, compiled against one table of names.
-struct Reading {
-    Translator translator{report()};
-    SearchPaths search{translator.names()};
-};
-
-const Reading& reading() {
-    static Reading reading;
-    return reading;
-}
+using Reading = VedaXmlReading<report, SearchPaths>;
 
 class Engine final : public VedaXmlEngine {
   public:
@@ -80,7 +71,7 @@ class Engine final : public VedaXmlEngine {
     }
 
     void add_company_selections(CompanySelections& selections, XmlNode root) const override {
-        new_zealand::add_company_selections(reading().search, selections, root);
+        new_zealand::add_company_selections(Reading::only().search, selections, root);
     }
 
   private:
@@ -123,7 +114,7 @@ constinit const ServiceDefinition kVedaXml = {
     .name = "VedaXMLNZ",
     .friendly_name = "Veda Advantage VedaXML (New Zealand)",
     .build_catalogue = build_new_zealand_catalogue,
-    .translator = []() -> const Translator& { return reading().translator; },
+    .translator = []() -> const Translator& { return Reading::only().translator; },
     .settings = settings,
     .make = ServiceEngine::make<ServiceVedaXMLNZ, Engine>,
 };
