@@ -1,8 +1,8 @@
 /* The component for hosts of any language: the classes of its interface by name or number, as
  * handles, values and calls in C. One shared library, libzrcreditbureau5.so.5.
  *
- * What there is to call (classes, members with their numbers, arguments, what they mean) zr_describe
- * tells; docs/reference.md is made from the same description.
+ * What there is to call (classes, members with their numbers, arguments, what they mean)
+ * zr_describe tells; docs/reference.md is made from the same description.
  *
  * Nothing here throws, and no argument makes the library crash but a pointer that does not point to
  * what it says: a handle that was released, or never was one, a wrong number, type or count is a
@@ -30,15 +30,15 @@ typedef uint64_t zr_handle;
 
 typedef enum zr_status {
     ZR_OK = 0,
-    ZR_END = 1,          /* zr_next: there are no more items */
-    ZR_BAD_HANDLE = 2,   /* no object has this handle, or it is of the wrong kind for the function */
-    ZR_UNKNOWN = 3,      /* no class or member of this name or number */
-    ZR_NOT_ALLOWED = 4,  /* the property cannot be written, or not be read */
-    ZR_BAD_COUNT = 5,    /* too few or too many arguments, or one that is named twice */
-    ZR_BAD_TYPE = 6,     /* an argument of another type, or out of the type's range */
-    ZR_BAD_POINTER = 7,  /* a null pointer where something is needed */
+    ZR_END = 1,         /* zr_next: there are no more items */
+    ZR_BAD_HANDLE = 2,  /* no object has this handle, or it is of the wrong kind for the function */
+    ZR_UNKNOWN = 3,     /* no class or member of this name or number */
+    ZR_NOT_ALLOWED = 4, /* the property cannot be written, or not be read */
+    ZR_BAD_COUNT = 5,   /* too few or too many arguments, or one that is named twice */
+    ZR_BAD_TYPE = 6,    /* an argument of another type, or out of the type's range */
+    ZR_BAD_POINTER = 7, /* a null pointer where something is needed */
     ZR_NO_MEMORY = 8,
-    ZR_RAISED = 9        /* the component raised an error: zr_last_error has its number */
+    ZR_RAISED = 9 /* the component raised an error: zr_last_error has its number */
 } zr_status;
 
 typedef enum zr_type {
@@ -54,8 +54,9 @@ typedef enum zr_type {
     ZR_OBJECT = 9    /* as.object; 0 for none */
 } zr_type;
 
-/* A text. One that a function gives is valid until the thread calls another function of this
- * header; one that is passed in may hold zeros and needs none behind it. */
+/* A text. One that a function gives is valid until the next function of this header that the thread
+ * calls returns: it may be an argument of that one. One that is passed in may hold zeros and needs
+ * none behind it. */
 typedef struct zr_text {
     const char* data;
     size_t size;
