@@ -122,6 +122,10 @@ ZR_EXPORT zr_status zr_release(zr_handle object);
 /* The class of an object, "ServiceVedaXMLAU". */
 ZR_EXPORT zr_status zr_class_name(zr_handle object, zr_text* name);
 
+/* A number that the handles of one object share, and no other object of its class has while it is
+ * held: whether two handles are of the same object, and what to hash one by. */
+ZR_EXPORT zr_status zr_identity(zr_handle object, uint64_t* identity);
+
 /* The number of a member of the object's class, by its name in any letter case. */
 ZR_EXPORT zr_status zr_member_id(zr_handle object, const char* name, int32_t* id);
 

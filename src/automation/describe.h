@@ -66,7 +66,11 @@ Member member_of(const Property<Record>& property, std::int32_t id) {
                 return from_property(listed.read(self.as<Record>()), listed.type);
             },
         .write = nullptr,
-        .property = &property};
+        .property = &property,
+        .peek =
+            [](const void* record, const void* row) {
+                return static_cast<const Row*>(row)->read(*static_cast<const Record*>(record));
+            }};
     if (property.write != nullptr) {
         member.write = [](const Object& self, const void* row, std::span<Variant> values) {
             static_cast<const Row*>(row)->write(self.as<Record>(), to_property(values[0]));
@@ -142,6 +146,18 @@ inline Member raising(std::int32_t number, Member row) {
     return row;
 }
 
+/// The short way to items that live and die with their collection; services do not.
+template <class Collection>
+constexpr ItemAt item_at() {
+    if constexpr (std::is_same_v<Collection, Services>) {
+        return nullptr;
+    } else {
+        return [](const Object& self, std::int32_t position) -> const void* {
+            return &self.as<const Collection>().Item(position);
+        };
+    }
+}
+
 /// The default member of a collection: its item at a position or, where items have keys, under one.
 template <class Collection>
 Member item_row() {
@@ -164,6 +180,7 @@ Member item_row() {
                 }
                 return object_of(items.Item(std::get<std::int32_t>(values[0])), self);
             },
+            .item_at = item_at<Collection>(),
             .raises = error_number::kItemNotFound};
 }
 

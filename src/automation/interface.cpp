@@ -43,12 +43,6 @@ constexpr char folded(char letter) {
     return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
 }
 
-template <class Found>
-auto value_or_null(const Found& index, const typename Found::key_type& key) {
-    const auto found = index.find(key);
-    return found == index.end() ? nullptr : found->second;
-}
-
 }  // namespace
 
 std::string_view type_kind_name(TypeKind kind) {
@@ -73,10 +67,29 @@ bool SameName::operator()(std::string_view left, std::string_view right) const {
 }
 
 const Member* Class::find(std::string_view member_name) const {
-    return value_or_null(by_name_, member_name);
+    const auto found = by_name_.find(member_name);
+    return found == by_name_.end() ? nullptr : found->second;
 }
 
-const Member* Class::find(std::int32_t id) const { return value_or_null(by_id_, id); }
+const Member* Class::find(std::int32_t id) const {
+    const bool listed = id >= kFirstPropertyId;
+    const std::vector<const Member*>& members_by_id = listed ? properties_by_id_ : by_id_;
+    const auto place =
+        static_cast<std::size_t>(std::int64_t{id} - (listed ? kFirstPropertyId : kNewEnumId));
+    return place < members_by_id.size() ? members_by_id[place] : nullptr;
+}
+
+void Class::index() {
+    for (const Member& member : members) {
+        const bool listed = member.dispatch_id >= kFirstPropertyId;
+        std::vector<const Member*>& members_by_id = listed ? properties_by_id_ : by_id_;
+        const auto place =
+            static_cast<std::size_t>(member.dispatch_id - (listed ? kFirstPropertyId : kNewEnumId));
+        members_by_id.resize(std::max(members_by_id.size(), place + 1));
+        members_by_id[place] = &member;
+        by_name_.emplace(member.name, &member);
+    }
+}
 
 Library::Library()
     : enumerations{{"zreProductType", "what a product is for", kProductTypes},
@@ -88,10 +101,10 @@ Library::Library()
     describe_xml(classes);
     describe_services(classes);
     for (Class& described : classes) {
-        for (const Member& member : described.members) {
-            described.by_name_.emplace(member.name, &member);
-            described.by_id_.emplace(member.dispatch_id, &member);
+        for (Member& member : described.members) {
+            member.item_class = member.item_at != nullptr ? find(member.type.name) : nullptr;
         }
+        described.index();
     }
 }
 

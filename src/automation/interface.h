@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "automation/object.h"
+#include "zrcreditbureau/property.h"
 
 namespace zr::automation {
 
@@ -71,9 +72,17 @@ inline constexpr std::int32_t kFirstPropertyId = 1000;
 /// No member takes more arguments, the value that is written included.
 inline constexpr std::size_t kMostArguments = 4;
 
+/// How a listed property is read, of a record that is at hand.
+using Peek = Value (*)(const void* record, const void* property);
+
+/// Where a collection has the item at a 1-based position; raises the not-found error outside.
+using ItemAt = const void* (*)(const Object& collection, std::int32_t position);
+
 /// How a member is reached, with its arguments complete and of their types; `property` is the row
 /// of a listed one.
 using Thunk = Variant (*)(const Object& self, const void* property, std::span<Variant> arguments);
+
+struct Class;
 
 struct Member {
     std::string_view name;
@@ -85,7 +94,10 @@ struct Member {
     std::string_view meaning;
     Thunk read = nullptr;   ///< reads the property or runs the operation; null: only written
     Thunk write = nullptr;  ///< takes the value behind the arguments; null: not written
-    const void* property = nullptr;
+    const void* property = nullptr;     ///< the row of a listed one
+    Peek peek = nullptr;                ///< the short way to a listed property
+    ItemAt item_at = nullptr;           ///< the short way to a collection's items
+    const Class* item_class = nullptr;  ///< which are of this class
     /// The number of the error that it raises; 0 for none.
     std::int32_t raises = 0;
 
@@ -113,8 +125,11 @@ struct Class {
 
   private:
     friend struct Library;
+    void index();
+
     std::unordered_map<std::string_view, const Member*, NameHash, SameName> by_name_;
-    std::unordered_map<std::int32_t, const Member*> by_id_;
+    std::vector<const Member*> by_id_;             ///< from kNewEnumId
+    std::vector<const Member*> properties_by_id_;  ///< from kFirstPropertyId
 };
 
 struct EnumerationValue {

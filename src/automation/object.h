@@ -43,6 +43,16 @@ class Object {
     std::shared_ptr<T> shared() const {
         return {instance_, &as<T>()};
     }
+    /// Where the instance is: the same for two objects of one class that are the same.
+    const void* address() const { return instance_.get(); }
+
+    /// A part of it, which keeps it alive.
+    Object part(const Class& type, const void* at) const {
+        Object made;
+        made.type_ = &type;
+        made.instance_ = std::shared_ptr<void>(instance_, const_cast<void*>(at));
+        return made;
+    }
 
     bool operator==(const Object& other) const { return instance_ == other.instance_; }
 

@@ -144,13 +144,32 @@ const Member& by_key(const Object& object, const char* name) {
     return automation::member_of(object, std::string_view(name));
 }
 
+/// The short way to a listed property: most of what hosts read.
+void peek(const Object& object, const Member& member, zr_value* result) {
+    Value value = member.peek(object.address(), member.property);
+    if (std::string* const own = std::get_if<std::string>(&value)) {
+        give(std::move(*own), result);
+    } else if (result != nullptr) {
+        *result = to_c(value, member.type.kind);
+    }
+}
+
 template <class Key>
-zr_status get(zr_handle handle, Key member, const zr_value* arguments, std::size_t count,
+zr_status get(zr_handle handle, Key key, const zr_value* arguments, std::size_t count,
               zr_value* result) noexcept {
     return with_object(handle, [&](const Object& object) {
+        const Member& member = by_key(object, key);
+        if (member.peek != nullptr && count == 0) {
+            peek(object, member, result);
+            return ZR_OK;
+        }
         check_values(arguments, count);
-        give(automation::read(object, by_key(object, member), Given({arguments, count})),
-             result);
+        if (member.item_at != nullptr && count == 1 && arguments->type == ZR_INT32) {
+            give(object.part(*member.item_class, member.item_at(object, arguments->as.int32)),
+                 result);
+            return ZR_OK;
+        }
+        give(automation::read(object, member, Given({arguments, count})), result);
         return ZR_OK;
     });
 }
@@ -226,6 +245,14 @@ zr_status zr_class_name(zr_handle object, zr_text* name) {
     return with_object(object, [&](const Object& of) {
         need(name);
         *name = c_text(of.type().name);
+        return ZR_OK;
+    });
+}
+
+zr_status zr_identity(zr_handle object, uint64_t* identity) {
+    return with_object(object, [&](const Object& of) {
+        need(identity);
+        *identity = reinterpret_cast<std::uintptr_t>(of.address());
         return ZR_OK;
     });
 }

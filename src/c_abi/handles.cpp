@@ -40,7 +40,34 @@ Handles::Slot* Handles::slot(Handle handle) const {
     return block == nullptr ? nullptr : &block[index % kBlockSlots];
 }
 
+struct Handles::Spare {
+    std::array<std::uint32_t, 32> numbers;
+    std::size_t count = 0;
+    bool ended = false;
+
+    /// What the thread leaves serves the others; what it gives up after this goes to them at once.
+    ~Spare() {
+        ended = true;
+        while (count > 0) {
+            all().give_up(numbers[--count]);
+        }
+    }
+};
+thread_local Handles::Spare Handles::spare_;
+
+void Handles::give_up(std::uint32_t number) {
+    if (!spare_.ended && spare_.count < spare_.numbers.size()) {
+        spare_.numbers[spare_.count++] = number;
+        return;
+    }
+    const std::lock_guard lock(mutex_);
+    slot(number)->next_free = std::exchange(first_free_, number);
+}
+
 std::uint32_t Handles::free_slot() {
+    if (!spare_.ended && spare_.count > 0) {
+        return spare_.numbers[--spare_.count];
+    }
     const std::lock_guard lock(mutex_);
     if (first_free_ != 0) {
         const std::uint32_t number = first_free_;
@@ -100,8 +127,7 @@ bool Handles::release(Handle handle) {
         const automation::Object last = std::exchange(found->object, {});
         const std::uint64_t next = (generation_of(handle) + 1) & kCount;
         found->state.store(joined(next == 0 ? 1 : next, 0), std::memory_order_release);
-        const std::lock_guard lock(mutex_);
-        found->next_free = std::exchange(first_free_, number_of(handle));
+        give_up(number_of(handle));
     }
     return true;
 }

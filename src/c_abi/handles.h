@@ -13,7 +13,7 @@ namespace zr::c_abi {
 
 /// The objects that hosts hold, each in a slot with a count and a generation. A handle is the
 /// slot's number and its generation: once the count is 0 the generation moves on, and the handle
-/// stands for nothing. Slots are found, counted and given up without a lock.
+/// stands for nothing. Slots are found and counted without a lock.
 class Handles {
   public:
     using Handle = std::uint64_t;
@@ -60,8 +60,13 @@ class Handles {
     Handles() = default;
     Slot* slot(Handle handle) const;
     const automation::Object* retained(Handle handle);
-    /// A slot that nobody uses, by its number from 1.
+    /// A slot that nobody uses, by its number from 1; and one that nobody uses any more.
     std::uint32_t free_slot();
+    void give_up(std::uint32_t number);
+
+    /// Slots that a thread gave up and takes again, so that it needs no lock.
+    struct Spare;
+    static thread_local Spare spare_;
 
     std::array<std::atomic<Slot*>, kBlocks> blocks_{};
     std::mutex mutex_;  // of what follows

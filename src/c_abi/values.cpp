@@ -116,6 +116,15 @@ zr_value to_c(Variant& value) {
     return made;
 }
 
+zr_value to_c(const Value& value, automation::TypeKind kind) {
+    zr_value made = {};
+    std::visit(ToC{made}, value);
+    if (kind == automation::TypeKind::kCount) {
+        ToC{made}(static_cast<std::int16_t>(made.as.int32));
+    }
+    return made;
+}
+
 Given::Given(std::span<const zr_value> values) : size_(values.size()) {
     if (size_ > values_.size()) {
         throw InvocationError(Misuse::kWrongCount, "No member takes so many values.");

@@ -9,6 +9,9 @@
 
 namespace zr::c_abi {
 
+/// A listed property's value for a host, a 16-bit number where it is a count.
+zr_value to_c(const Value& value, automation::TypeKind kind);
+
 /// The value for a host: an object becomes a handle that counts, a text a view of `value`.
 zr_value to_c(automation::Variant& value);
 
