@@ -64,8 +64,8 @@ int left_by(Act act) {
 
 TEST(Secrets, ThatAreLeftInMemoryAreFound) {
     for (const std::string_view beginning : kBeginnings) {
-        EXPECT_EQ(left_by([&] { const std::vector<char> block(beginning.begin(), beginning.end()); }),
-                  1);
+        EXPECT_EQ(
+            left_by([&] { const std::vector<char> block(beginning.begin(), beginning.end()); }), 1);
     }
 }
 
@@ -143,9 +143,9 @@ TEST(Secrets, AreWipedWhereverTheyStood) {
     const std::string long_document = block + std::string(20'000, 'x') + block;
     for (const Exchange& exchange : kExchanges) {
         for (const char* country : {"AU", "NZ"}) {
-            for (const std::string_view secret : {std::string_view("Canary-<&>"),
-                                                  std::string_view(block),
-                                                  std::string_view(long_document)}) {
+            for (const std::string_view secret :
+                 {std::string_view("Canary-<&>"), std::string_view(block),
+                  std::string_view(long_document)}) {
                 SCOPED_TRACE(std::string(exchange.name) + ", " + country);
                 LoopbackServer server(LoopbackServer::answering(exchange.answer));
                 EXPECT_EQ(left_by([&] { enquire(country, server, exchange.proxied, secret); }), 0);
