@@ -34,12 +34,19 @@ constexpr struct {
                    {"NZ", "B2BayNZ", "B2BayNZ.txt"},
                    {"NZ", "B2BayNZ_V2", "B2BayNZ_V2.txt"}};
 
+constexpr std::size_t kWidth = 100;  ///< of the lines that a table's rows are written in
+
 void append_table(std::string& text, const std::string& indent, const std::string& name,
                   const CodeTableItems& table) {
-    text += indent + "table " + name + "\n";
+    text += indent + "table " + name + (table.AllowDuplicateCodes() ? ", codes twice" : "");
+    std::size_t column = kWidth;
     for (const CodeTableItem& item : table) {
-        text += indent + "  " + item.Code() + ": " + item.Description() + "\n";
+        const std::string row = item.Code() + ": " + item.Description();
+        const bool fits = column + row.size() < kWidth;
+        column = (fits ? column : indent.size()) + row.size() + 2;
+        text += (fits ? "; " : "\n  " + indent) + row;
     }
+    text += '\n';
 }
 
 void append_tables(std::string& text, const std::string& indent,
@@ -73,9 +80,9 @@ std::string shown_catalogue(const Service& service) {
 TEST(Catalogue, IsTheOneOnRecord) {
     for (const auto& row : kCatalogues) {
         const FakeBureau bureau(row.country);
-        EXPECT_EQ(
-            shown_catalogue(bureau.service(row.service)),
-            read_file(std::filesystem::path(ZR_TEST_DATA) / "services/catalogues" / row.record));
+        const auto record =
+            std::filesystem::path(ZR_TEST_DATA) / "services/catalogues" / row.record;
+        EXPECT_EQ(shown_catalogue(bureau.service(row.service)), read_file(record));
     }
 }
 
