@@ -75,6 +75,8 @@ Object read_table(const Object& collection, std::span<const std::int32_t> ids, z
     const auto rows = static_cast<std::size_t>(std::get<std::int32_t>(count));
     auto read = std::make_shared<Table>();
     read->offsets.reserve(rows * columns.size() + 1);
+    constexpr std::size_t kUsualText = 16;
+    read->bytes.reserve(rows * columns.size() * kUsualText);
     for (std::size_t row = 1; row <= rows; ++row) {
         const void* const record = item.item_at(collection, static_cast<std::int32_t>(row));
         for (const Member* const column : columns) {

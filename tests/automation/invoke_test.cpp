@@ -145,7 +145,8 @@ TEST(Invoke, ReachesEverythingByItsRows) {
         const Object bureau = bureau_of(country);
         crawl.visit(bureau);
         if (country == std::string("AU")) {
-            crawl.visit(translated(bureau, "VedaXMLAU", "consumer-enquiry", "vedaxml_au_adverse.xml"));
+            crawl.visit(
+                translated(bureau, "VedaXMLAU", "consumer-enquiry", "vedaxml_au_adverse.xml"));
             const auto found = std::shared_ptr<Request>(Component::make_request());
             Component::add(Component::selections(Component::new_response(*found)), "A company");
             crawl.visit(object_of(found));
