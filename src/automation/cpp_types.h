@@ -128,7 +128,7 @@ Variant given(T&& result, const Object& self) {
     if constexpr (std::is_same_v<Plain, DateTime>) {
         return result.is_date() ? Variant(result) : Variant(Null{});
     } else if constexpr (std::is_same_v<Plain, std::string> && !std::is_reference_v<T>) {
-        return std::move(result);
+        return std::forward<T>(result);
     } else if constexpr (std::is_convertible_v<Plain, std::string_view>) {
         return std::string_view(result);
     } else if constexpr (std::is_enum_v<Plain>) {
@@ -136,12 +136,12 @@ Variant given(T&& result, const Object& self) {
     } else if constexpr (std::is_pointer_v<Plain>) {
         return result == nullptr ? Object() : object_of(*result, self);
     } else if constexpr (MaybeNone<Plain>) {
-        return result ? given(*std::move(result), self) : Variant(Object());
+        return result ? given(*std::forward<T>(result), self) : Variant(Object());
     } else if constexpr (OwningPointer<Plain>) {
         if (result == nullptr) {
             throw std::bad_alloc();  // the one reason why there is none
         }
-        return object_of(std::shared_ptr<typename Plain::element_type>(std::move(result)));
+        return object_of(std::shared_ptr<typename Plain::element_type>(std::forward<T>(result)));
     } else if constexpr (std::is_constructible_v<Variant, Plain>) {
         return result;
     } else {

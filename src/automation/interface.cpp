@@ -150,7 +150,7 @@ const Class& class_of_service(const Service& service) {
 }
 
 const Object& needed_object(const Variant& value) {
-    const Object& object = std::get<Object>(value);
+    const auto& object = std::get<Object>(value);
     if (!object) {
         throw InvocationError(Misuse::kWrongType, "An object is needed.");
     }
