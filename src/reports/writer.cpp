@@ -10,14 +10,6 @@
 
 namespace zr::layout {
 
-namespace {
-
-XmlPath path_of(std::string_view expression, XmlNames& names) {
-    return expression.empty() ? XmlPath() : XmlPath(expression, names);
-}
-
-}  // namespace
-
 /// Compiles pieces for a layout, whose tables it collects.
 class CompiledLayout::Compiler {
   public:
@@ -136,8 +128,8 @@ CompiledLayout::CompiledLayout(std::span<const Section> sections, XmlNames& name
     for (const Section& section : sections) {
         CompiledSection compiled{&section,
                                  XmlPath(section.records, names),
-                                 path_of(section.sub_group.id, names),
-                                 path_of(section.without, names),
+                                 path_or_none(section.sub_group.id, names),
+                                 path_or_none(section.without, names),
                                  {}};
         for (const Line& line : section.lines) {
             compiled.lines.push_back(
