@@ -33,9 +33,6 @@ const ResponseElement* ReportLines::AddElement(std::string_view group, std::stri
 
 const ResponseElement* ReportLines::add_kept(std::string_view group, std::string_view sub_group,
                                              std::string_view name, std::string_view description) {
-    if (description.empty()) {
-        return nullptr;
-    }
     if (group != last_group_) {
         if (group_number_ < std::numeric_limits<std::int16_t>::max()) {
             ++group_number_;

@@ -17,7 +17,8 @@ class ReportLines final : public ResponseElements {
     const ResponseElement* AddElement(std::string_view group, std::string_view sub_group,
                                       std::string_view name, std::string_view description);
 
-    /// As AddElement for texts that outlive the collection: constants, or what keep() returned.
+    /// As AddElement for a description that is not empty and texts that outlive the collection:
+    /// constants, or what keep() returned.
     const ResponseElement* add_kept(std::string_view group, std::string_view sub_group,
                                     std::string_view name, std::string_view description);
 

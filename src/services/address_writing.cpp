@@ -1,7 +1,6 @@
 #include "services/address_writing.h"
 
 #include "services/message_writing.h"
-#include "values/text.h"
 
 namespace zr {
 
@@ -10,21 +9,20 @@ void write_address(ZRXMLBuilder& builder, const Request& request, RequestAddress
                    const CodeTableItems& street_types) {
     const XmlElement address(builder, "address");
     builder.WriteAttribute("type", type);
-    for (const AddressField& field : fields) {
-        if (field.compose != nullptr) {
-            builder.WriteTagWithText(field.element, field.compose(request, which),
-                                     field.omitted_when_blank);
+    for (const AddressField& row : fields) {
+        if (row.compose != nullptr) {
+            builder.WriteTagWithText(row.field.name, row.compose(request, which),
+                                     row.omitted_when_blank);
             continue;
         }
         const TextProperty property =
-            which == RequestAddress::kCurrent ? field.current : field.previous;
+            which == RequestAddress::kCurrent ? row.current : row.previous;
         const std::string& value = (request.*property)();
-        if (field.width == 0) {
-            write_attribute_element(builder, field.element, "code",
+        if (row.field.name == kStreetType.name) {
+            write_attribute_element(builder, row.field.name, "code",
                                     street_types.GetCodeFromDescription(value));
         } else {
-            builder.WriteTagWithText(field.element, text::cut(value, field.width),
-                                     field.omitted_when_blank);
+            write_field(builder, row.field, value, row.omitted_when_blank);
         }
     }
 }

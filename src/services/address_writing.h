@@ -1,12 +1,12 @@
 // The addresses of request documents.
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
 
+#include "services/field_widths.h"
 #include "zrcreditbureau/code_tables.h"
 #include "zrcreditbureau/request.h"
 #include "zrcreditbureau/zr_xml_builder.h"
@@ -18,13 +18,15 @@ enum class RequestAddress : std::uint8_t { kCurrent, kPrevious };
 
 using TextProperty = Writable<kind::Text> Request::*;
 
-/// An element of an address: where the current and the previous address have the value, the
-/// bureau's field width, and whether a blank value is left out.
+/// A street type, which is sent as its code.
+inline constexpr FieldWidth kStreetType{"street-type", 0};
+
+/// An element of an address: where the current and the previous address have the value, and whether
+/// a blank value is left out.
 struct AddressField {
-    std::string_view element;
+    FieldWidth field;
     TextProperty current;
     TextProperty previous;
-    std::size_t width;  ///< 0: a street type, sent as its code
     bool omitted_when_blank;
     /// Makes the text of an element that no single property holds; null for all others.
     std::string (*compose)(const Request& request, RequestAddress which) = nullptr;

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "services/field_widths.h"
 #include "zrcreditbureau/currency.h"
 #include "zrcreditbureau/zr_xml_builder.h"
 
@@ -35,8 +36,12 @@ class XmlElement {
 void write_attribute_element(ZRXMLBuilder& builder, std::string_view name,
                              std::string_view attribute, std::string_view value);
 
-/// The first word of the text, which is trimmed before, cut to `width` characters.
-std::string_view first_word(std::string_view text, std::size_t width);
+/// An element whose text is cut to the field's width.
+void write_field(ZRXMLBuilder& builder, const FieldWidth& field, std::string_view text,
+                 bool omitted_when_blank = false);
+
+/// The first word of the text.
+std::string_view first_word(std::string_view text);
 
 /// An amount rounded down to a whole number, as plain decimal digits.
 std::string whole_amount(Currency amount);

@@ -6,6 +6,7 @@
 
 #include "platform/secret.h"
 #include "records/property_rows.h"
+#include "services/field_widths.h"
 #include "services/shared_procedures.h"
 #include "values/text.h"
 
@@ -98,8 +99,7 @@ struct Forgetting {
 }  // namespace
 
 std::string_view kind::Reference::kept(TextArg text) {
-    constexpr std::size_t kLength = 16;
-    return text::cut(text, kLength);
+    return text::cut(text, kClientReference.width);
 }
 
 std::int16_t kind::Seconds::kept(NumberArg seconds) {

@@ -12,7 +12,7 @@
 #include <thread>
 
 #include "platform/http_cases.h"
-#include "platform/posix/http_phases.h"
+#include "platform/libraries/http_phases.h"
 #include "support/scoped_environment.h"
 
 namespace {

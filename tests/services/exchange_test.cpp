@@ -4,9 +4,11 @@
 
 #include <fstream>
 
+#include "services/service_engine.h"
 #include "support/fake_bureau.h"
 #include "values/text.h"
 #include "xml/xml_document.h"
+#include "zrcreditbureau/b2bay_services.h"
 #include "zrcreditbureau/vedaxml_services.h"
 
 namespace zr::test {
@@ -143,6 +145,20 @@ TEST(Exchange, CutsTheClientReference) {
     EXPECT_EQ(australian(bureau).ClientReference(), "ABCDEFGHIJKLMNOP");
     australian(bureau).ClientReference("ABCDEFGHIJKLM    QRS");
     EXPECT_EQ(australian(bureau).ClientReference(), "ABCDEFGHIJKLM");
+}
+
+TEST(Exchange, OfAStoredReportIsNone) {
+    for (const auto& [country, name] :
+         {std::pair{"AU", "B2BayAU"}, std::pair{"NZ", "B2BayNZ"}, std::pair{"NZ", "B2BayNZ_V2"}}) {
+        FakeBureau bureau(country);
+        const auto& service = dynamic_cast<B2BayService&>(bureau.service(name));
+        ServiceEngine& engine = ServiceEngine::of(bureau.service(name));
+        EXPECT_TRUE(engine.CreditEnquiry(*bureau.request) && engine.GetList(*bureau.request) &&
+                    engine.VerifyConnection());
+        EXPECT_TRUE(bureau.script().requests.empty());
+        EXPECT_TRUE(service.Obsolete());
+        EXPECT_FALSE(service.CompanyAddDirectorsStatistics());
+    }
 }
 
 TEST(Exchange, KeepsTheReplyOfAFailedEnquiryAndTheRequestDirty) {

@@ -14,7 +14,7 @@ using layout::text;  // rather than the namespace
 class Disqualification final : public ReportExtra {
   public:
     explicit Disqualification(XmlNames& names)
-        : until_("individual-public-data-file/disqualified-directorship/date-disqualified-until",
+        : until_("individual-public-data-file/disqualified-directorship/date-disqualified-until[1]",
                  names) {}
 
     void fill(Response& response, XmlNode /*root*/, XmlNode person) const override {

@@ -5,6 +5,7 @@
 
 #include "services/address_writing.h"
 #include "services/message_writing.h"
+#include "services/vedaxml_au/field_widths.h"
 #include "values/text.h"
 #include "zrcreditbureau/error.h"
 #include "zrcreditbureau/zr_xml_builder.h"
@@ -12,12 +13,7 @@
 namespace zr {
 namespace {
 
-constexpr std::size_t kBureauReferenceLength = 10;
-constexpr std::size_t kEnquiryReferenceLength = 15;
-constexpr std::size_t kMiddleNameLength = 15;
-constexpr std::size_t kOrganisationNameLength = 72;
-constexpr std::size_t kAcnLength = 9;
-constexpr std::size_t kAbnLength = 11;
+using australia::field;
 
 /// What the product and its checked options make of the enquiry: the bureau's name for it and the
 /// service code. The first row that fits counts; an option that the product does not offer fits
@@ -58,21 +54,21 @@ bool is_commercial(std::string_view product_id) {
 
 /// The elements of an address in their order.
 constexpr AddressField kAddressFields[] = {
-    {"unit-number", &Request::UnitNumber, &Request::PrevUnitNumber, 5, true},
-    {"street-number", &Request::StreetNumber, &Request::PrevStreetNumber, 8, false},
-    {"property", &Request::PropertyName, &Request::PrevPropertyName, 15, true},
-    {"street-name", &Request::StreetName, &Request::PrevStreetName, 25, false},
-    {"street-type", &Request::StreetType, &Request::PrevStreetType, 0, false},
-    {"suburb", &Request::Suburb, &Request::PrevSuburb, 22, true},
-    {"city", &Request::City, &Request::PrevCity, 20, true},
-    {"state", &Request::State, &Request::PrevState, 3, true},
-    {"postcode", &Request::Postcode, &Request::PrevPostCode, 4, true},
-    {"country", &Request::Country, &Request::PrevCountry, 2, true},
+    {field("unit-number"), &Request::UnitNumber, &Request::PrevUnitNumber, true},
+    {field("street-number"), &Request::StreetNumber, &Request::PrevStreetNumber, false},
+    {field("property"), &Request::PropertyName, &Request::PrevPropertyName, true},
+    {field("street-name"), &Request::StreetName, &Request::PrevStreetName, false},
+    {kStreetType, &Request::StreetType, &Request::PrevStreetType, false},
+    {field("suburb"), &Request::Suburb, &Request::PrevSuburb, true},
+    {field("city"), &Request::City, &Request::PrevCity, true},
+    {field("state"), &Request::State, &Request::PrevState, true},
+    {field("postcode"), &Request::Postcode, &Request::PrevPostCode, true},
+    {field("country"), &Request::Country, &Request::PrevCountry, true},
 };
 
 constexpr BcaEnvelope kEnvelope{
     .client_reference = BcaEnvelope::ClientReference::kBeforeServiceCode,
-    .transaction_reference_length = 13,
+    .transaction_reference_length = field("transaction-reference").width,
     .time_stamp = "yyyymmddhhnn"};
 
 void write_subscriber(ZRXMLBuilder& builder, const AustralianSender& sender) {
@@ -83,10 +79,9 @@ void write_subscriber(ZRXMLBuilder& builder, const AustralianSender& sender) {
 
 void write_name(ZRXMLBuilder& builder, const Request& request) {
     const XmlElement name(builder, "individual-name");
-    builder.WriteTagWithText("family-name", text::cut(request.LastName(), 25));
-    builder.WriteTagWithText("first-given-name", text::cut(request.FirstName(), 15));
-    builder.WriteTagWithText("other-given-name",
-                             first_word(request.MiddleNames(), kMiddleNameLength));
+    write_field(builder, field("family-name"), request.LastName());
+    write_field(builder, field("first-given-name"), request.FirstName());
+    write_field(builder, field("other-given-name"), first_word(request.MiddleNames()));
 }
 
 void write_employment(ZRXMLBuilder& builder, const Request& request) {
@@ -94,9 +89,9 @@ void write_employment(ZRXMLBuilder& builder, const Request& request) {
         return;
     }
     const XmlElement employment(builder, "employment");
-    builder.WriteTagWithText("employer", text::cut(request.Employer(), 35));
+    write_field(builder, field("employer"), request.Employer());
     if (!request.Occupation().empty()) {
-        builder.WriteTagWithText("occupation", text::cut(request.Occupation(), 22));
+        write_field(builder, field("occupation"), request.Occupation());
     }
 }
 
@@ -112,8 +107,7 @@ void write_individual(ZRXMLBuilder& builder, const Request& request,
         write_address(builder, request, RequestAddress::kPrevious, "residential-previous",
                       kAddressFields, street_types);
     }
-    builder.WriteTagWithText("drivers-licence-number", text::cut(request.DriverLicenceNumber(), 9),
-                             true);
+    write_field(builder, field("drivers-licence-number"), request.DriverLicenceNumber(), true);
     write_attribute_element(builder, "gender", "type", text::lower(request.Gender()));
     builder.WriteTagWithDate("date-of-birth", request.DateOfBirth(), true);
 }
@@ -126,8 +120,7 @@ void write_enquiry(ZRXMLBuilder& builder, const Request& request, const Product&
         builder, "account-type", "code",
         product.CodeTables().Item("AccountTypes").GetCodeFromDescription(request.AccountType()));
     builder.WriteTagWithText("enquiry-amount", whole_amount(request.EnquiryAmount()));
-    builder.WriteTagWithText("client-reference",
-                             text::cut(request.EnquiryReference(), kEnquiryReferenceLength));
+    write_field(builder, field("client-reference"), request.EnquiryReference());
 }
 
 void write_product(ZRXMLBuilder& builder, std::string_view name, bool summary) {
@@ -143,17 +136,16 @@ void write_organisation(ZRXMLBuilder& builder, const Request& request) {
     const std::string& number = request.CompanyNumber();
     switch (text::length(number)) {
         case 0:
-            builder.WriteTagWithText("org-name",
-                                     text::cut(request.CompanyName(), kOrganisationNameLength));
+            write_field(builder, field("org-name"), request.CompanyName());
             return;
-        case kAcnLength:
+        case field("organisation-number").width:
             builder.WriteTagWithText("organisation-number", number);
             return;
-        case kAbnLength:
+        case field("australian-business-number").width:
             builder.WriteTagWithText("australian-business-number", number);
             return;
         default:
-            builder.WriteTagWithText("bureau-reference", text::cut(number, kBureauReferenceLength));
+            write_field(builder, field("bureau-reference"), number);
     }
 }
 
@@ -172,8 +164,7 @@ std::string australian_credit_enquiry(const AustralianSender& sender, const Requ
         if (request.BureauFileId().empty()) {
             write_individual(builder, request, street_types);
         } else {
-            builder.WriteTagWithText("bureau-reference",
-                                     text::cut(request.BureauFileId(), kBureauReferenceLength));
+            write_field(builder, field("bureau-reference"), request.BureauFileId());
         }
         write_enquiry(builder, request, product);
     });

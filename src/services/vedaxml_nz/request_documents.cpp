@@ -2,6 +2,7 @@
 
 #include "services/address_writing.h"
 #include "services/message_writing.h"
+#include "services/vedaxml_nz/field_widths.h"
 #include "values/convert.h"
 #include "values/digits.h"
 #include "values/text.h"
@@ -9,17 +10,14 @@
 namespace zr {
 namespace {
 
-constexpr std::string_view kIndividual = "enquiry_individual";
-constexpr std::size_t kGivenNameLength = 13;
-constexpr std::size_t kStreetNumberLength = 8;
-constexpr std::size_t kEmploymentLength = 30;
-constexpr std::size_t kEnquiryReferenceLength = 16;
-constexpr std::size_t kRegistrationNumberLength = 7;
-constexpr std::size_t kCompanyNameLength = 125;
+using new_zealand::field;
 
-constexpr BcaEnvelope kEnvelope{.client_reference = BcaEnvelope::ClientReference::kAfterVersion,
-                                .transaction_reference_length = 20,
-                                .time_stamp = "yyyy-mm-ddThh:nn:ss"};
+constexpr std::string_view kIndividual = "enquiry_individual";
+
+constexpr BcaEnvelope kEnvelope{
+    .client_reference = BcaEnvelope::ClientReference::kAfterVersion,
+    .transaction_reference_length = field("transaction-reference").width,
+    .time_stamp = "yyyy-mm-ddThh:nn:ss"};
 
 bool asks_for_licence(const Request& request) {
     return request.OptionChecked("driver-licence") || request.OptionChecked("licencecheck");
@@ -67,8 +65,9 @@ std::string joined_street_number(const std::string& unit, const std::string& num
             .append(digits::is_digit(unit.front()) ? "/" : separator)
             .append(text::trim(unit));
     }
-    const bool fits = !unit.empty() && text::length(joined) <= kStreetNumberLength;
-    return fits ? joined : std::string(text::cut(number, kStreetNumberLength));
+    constexpr std::size_t kWidth = field("street-number").width;
+    const bool fits = !unit.empty() && text::length(joined) <= kWidth;
+    return fits ? joined : std::string(text::cut(number, kWidth));
 }
 
 std::string street_number(const Request& request, RequestAddress which) {
@@ -79,19 +78,18 @@ std::string street_number(const Request& request, RequestAddress which) {
 
 /// The elements of an address in their order.
 constexpr AddressField kAddressFields[] = {
-    {"street-number", nullptr, nullptr, 0, false, street_number},
-    {"street-name", &Request::StreetName, &Request::PrevStreetName, 20, false},
-    {"street-type", &Request::StreetType, &Request::PrevStreetType, 0, false},
-    {"suburb", &Request::Suburb, &Request::PrevSuburb, 20, true},
-    {"city", &Request::City, &Request::PrevCity, 20, true},
+    {field("street-number"), nullptr, nullptr, false, street_number},
+    {field("street-name"), &Request::StreetName, &Request::PrevStreetName, false},
+    {kStreetType, &Request::StreetType, &Request::PrevStreetType, false},
+    {field("suburb"), &Request::Suburb, &Request::PrevSuburb, true},
+    {field("city"), &Request::City, &Request::PrevCity, true},
 };
 
 void write_name(ZRXMLBuilder& builder, const Request& request) {
     const XmlElement name(builder, "individual-name");
-    builder.WriteTagWithText("family-name", text::cut(request.LastName(), 25));
-    builder.WriteTagWithText("first-given-name", first_word(request.FirstName(), kGivenNameLength));
-    builder.WriteTagWithText("other-given-name",
-                             first_word(request.MiddleNames(), kGivenNameLength));
+    write_field(builder, field("family-name"), request.LastName());
+    write_field(builder, field("first-given-name"), first_word(request.FirstName()));
+    write_field(builder, field("other-given-name"), first_word(request.MiddleNames()));
 }
 
 void write_employment(ZRXMLBuilder& builder, const Request& request) {
@@ -99,8 +97,8 @@ void write_employment(ZRXMLBuilder& builder, const Request& request) {
         return;
     }
     const XmlElement employment(builder, "employment");
-    builder.WriteTagWithText("employer", text::cut(request.Employer(), kEmploymentLength));
-    builder.WriteTagWithText("occupation", text::cut(request.Occupation(), kEmploymentLength));
+    write_field(builder, field("employer"), request.Employer());
+    write_field(builder, field("occupation"), request.Occupation());
 }
 
 /// The text at a fixed width: filled with zeros from the left, or its last characters.
@@ -114,9 +112,11 @@ void write_phone(ZRXMLBuilder& builder, const Request& request) {
         return;
     }
     const XmlElement details(builder, "phone-details");
-    builder.WriteTagWithText("phone-area-code", zero_filled(request.PhoneAreaCode(), 4));
+    builder.WriteTagWithText("phone-area-code",
+                             zero_filled(request.PhoneAreaCode(), field("phone-area-code").width));
     builder.WriteTagWithText("phone-number",
-                             zero_filled(text::replace_all(request.PhoneNumber(), " ", ""), 8));
+                             zero_filled(text::replace_all(request.PhoneNumber(), " ", ""),
+                                         field("phone-number").width));
 }
 
 /// The licence field holds the number and, behind a blank, perhaps its version.
@@ -157,8 +157,7 @@ void write_enquiry(ZRXMLBuilder& builder, const Request& request, const Product&
         builder, "account-type", "code",
         product.CodeTables().Item("AccountTypes").GetCodeFromDescription(request.AccountType()));
     builder.WriteTagWithText("enquiry-amount", whole_amount(request.EnquiryAmount()));
-    builder.WriteTagWithText("client-reference",
-                             text::cut(request.EnquiryReference(), kEnquiryReferenceLength));
+    write_field(builder, field("client-reference"), request.EnquiryReference());
 }
 
 void write_individual_body(ZRXMLBuilder& builder, const Request& request, const Product& product,
@@ -182,8 +181,7 @@ void write_company_body(ZRXMLBuilder& builder, const Request& request, std::stri
         builder.WriteAttribute("consent", consent ? "yes" : "", true);
         builder.WriteAttribute("summary", "yes");
     }
-    builder.WriteTagWithText("registration-number",
-                             text::cut(request.CompanyNumber(), kRegistrationNumberLength));
+    write_field(builder, field("registration-number"), request.CompanyNumber());
 }
 
 void write_request_head(ZRXMLBuilder& builder, const NewZealandSender& sender,
@@ -240,11 +238,9 @@ std::string new_zealand_company_search(const NewZealandSender& sender, const Req
     return message(sender, request, product, [&](ZRXMLBuilder& builder) {
         write_attribute_element(builder, "product", "name", "company-selection-list");
         if (request.CompanyNumber().empty()) {
-            builder.WriteTagWithText("company-name",
-                                     text::cut(request.CompanyName(), kCompanyNameLength));
+            write_field(builder, field("company-name"), request.CompanyName());
         } else {
-            builder.WriteTagWithText("registration-number",
-                                     text::cut(request.CompanyNumber(), kRegistrationNumberLength));
+            write_field(builder, field("registration-number"), request.CompanyNumber());
         }
     });
 }

@@ -7,10 +7,7 @@
 
 namespace zr {
 
-/// The connection's TLS version and cipher, while there is a connection.
-void record_tls(CURL* easy, HttpRecord& record);
-
-/// Everything else, when the exchange is over. Where memory ends the rest stays empty.
+/// Everything but its TLS, when the exchange is over. Where memory ends the rest stays empty.
 void record_exchange(CURL* easy, HttpRecord& record) noexcept;
 
 }  // namespace zr

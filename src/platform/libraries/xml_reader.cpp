@@ -1,4 +1,4 @@
-#include "platform/posix/xml_reader.h"
+#include "platform/libraries/xml_reader.h"
 
 #include <libxml/SAX2.h>
 #include <libxml/hash.h>

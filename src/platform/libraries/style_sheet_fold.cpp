@@ -1,4 +1,4 @@
-#include "platform/posix/style_sheet_fold.h"
+#include "platform/libraries/style_sheet_fold.h"
 
 #include <libxml/HTMLtree.h>
 #include <libxml/parserInternals.h>

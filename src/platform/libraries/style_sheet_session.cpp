@@ -1,4 +1,4 @@
-#include "platform/posix/style_sheet_session.h"
+#include "platform/libraries/style_sheet_session.h"
 
 #include <libexslt/exslt.h>
 #include <libxml/uri.h>
@@ -17,7 +17,8 @@
 #include <string_view>
 #include <system_error>
 
-#include "platform/posix/xml_reader.h"
+#include "platform/file_name.h"
+#include "platform/libraries/xml_reader.h"
 #include "platform/unicode.h"
 
 namespace zr {
@@ -84,21 +85,21 @@ void restore_hooks() {
 }
 
 [[noreturn]] void fail_to_open(const std::string& path, const std::string& reason) {
-    throw PlatformError(error_number::kUnexpected,
-                        "The style sheet could not be opened: " +
-                            std::filesystem::path(path).filename().string() + ": " + reason + ".");
+    throw PlatformError(error_number::kUnexpected, "The style sheet could not be opened: " +
+                                                       to_name(to_path(path).filename()) + ": " +
+                                                       reason + ".");
 }
 
 std::string read_file(const SheetFile& file, std::size_t limit) {
     std::error_code error;
-    const auto status = std::filesystem::status(file.path, error);
+    const auto status = std::filesystem::status(to_path(file.path), error);
     if (!std::filesystem::exists(status)) {
         fail_to_open(file.path,
                      std::make_error_code(std::errc::no_such_file_or_directory).message());
     }
     if (!std::filesystem::is_regular_file(status)) fail_to_open(file.path, "Not a file");
     if (file.size > limit) fail_to_open(file.path, "Too large");
-    std::ifstream stream(file.path, std::ios::binary);
+    std::ifstream stream(to_path(file.path), std::ios::binary);
     std::string content(static_cast<std::size_t>(file.size), '\0');
     if (!stream || !stream.read(content.data(), static_cast<std::streamsize>(content.size()))) {
         fail_to_open(file.path, "It cannot be read");
@@ -108,7 +109,8 @@ std::string read_file(const SheetFile& file, std::size_t limit) {
 
 bool has_scheme(std::string_view address) {
     const std::size_t mark = address.find_first_of(":/?#");
-    return mark != std::string_view::npos && address[mark] == ':';
+    const bool is_drive = kHasDrives && mark == 1;
+    return mark != std::string_view::npos && address[mark] == ':' && !is_drive;
 }
 
 // The file that an address names; empty when it is none.
@@ -129,8 +131,8 @@ std::string local_path(std::string_view address) {
     std::string path(plain);
     xmlFree(plain);
     std::error_code error;
-    const bool as_written =
-        std::filesystem::exists(escaped, error) && !std::filesystem::exists(path, error);
+    const bool as_written = std::filesystem::exists(to_path(escaped), error) &&
+                            !std::filesystem::exists(to_path(path), error);
     return as_written ? escaped : path;
 }
 
@@ -161,15 +163,15 @@ std::string place(std::string_view text) {
 SheetFile look_at(const std::string& path) {
     SheetFile file{path, {}, 0};
     std::error_code error;
-    file.changed = std::filesystem::last_write_time(path, error);
+    file.changed = std::filesystem::last_write_time(to_path(path), error);
     if (error) file.changed = {};
-    file.size = std::filesystem::file_size(path, error);
+    file.size = std::filesystem::file_size(to_path(path), error);
     if (error) file.size = 0;
     return file;
 }
 
 SheetSession::SheetSession(const std::string& sheet)
-    : folder_(std::filesystem::path(sheet).parent_path()), outer_(current_session) {
+    : folder_(to_path(sheet).parent_path()), outer_(current_session) {
     set_hooks();
     outer_report_ = xmlStructuredError;
     outer_report_context_ = xmlStructuredErrorContext;
@@ -191,7 +193,7 @@ SheetSession::~SheetSession() {
 bool SheetSession::is_neighbour(const std::string& path) const {
     const std::filesystem::path folder =
         std::filesystem::canonical(folder_.empty() ? "." : folder_);
-    const std::filesystem::path file = std::filesystem::weakly_canonical(path);
+    const std::filesystem::path file = std::filesystem::weakly_canonical(to_path(path));
     return std::mismatch(folder.begin(), folder.end(), file.begin(), file.end()).first ==
            folder.end();
 }
@@ -207,7 +209,7 @@ xmlDocPtr SheetSession::load(const std::string& path, xmlDictPtr dictionary) {
             reader.error_line() > 0 ? ", line " + std::to_string(reader.error_line()) : "";
         throw PlatformError(
             error->code, "The style sheet is not well-formed: " + one_line(error->reason) + " (" +
-                             std::filesystem::path(path).filename().string() + line + ").");
+                             to_name(to_path(path).filename()) + line + ").");
     }
     return reader.take_document();
 }

@@ -1,4 +1,4 @@
-#include "platform/posix/style_sheet_budget.h"
+#include "platform/libraries/style_sheet_budget.h"
 
 #include <libexslt/exslt.h>
 #include <libxml/xpath.h>
@@ -6,7 +6,6 @@
 #include <libxslt/extensions.h>
 #include <libxslt/imports.h>
 #include <libxslt/transform.h>
-#include <time.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -15,7 +14,8 @@
 #include <new>
 #include <utility>
 
-#include "platform/posix/style_sheet_fold.h"
+#include "platform/clock.h"
+#include "platform/libraries/style_sheet_fold.h"
 
 namespace zr {
 
@@ -28,12 +28,6 @@ constexpr double kBytesPerSecond = 1 << 20;
 constexpr std::int64_t kLeastNodes = 1 << 20;
 constexpr unsigned long kOperationsPerSecond = 20'000'000;
 constexpr unsigned long kInstructionsPerSecond = 20'000'000;
-
-double seconds_on(clockid_t clock) {
-    timespec time{};
-    clock_gettime(clock, &time);
-    return static_cast<double>(time.tv_sec) + 1e-9 * static_cast<double>(time.tv_nsec);
-}
 
 // The node after one in document order, within the tree below `top`; null at its end.
 xmlNodePtr next_within(xmlNodePtr top, xmlNodePtr node) {
@@ -221,8 +215,8 @@ std::string too_much_output() {
 
 SheetBudget::SheetBudget(std::size_t input_bytes)
     : seconds_(std::max(kLeastSeconds, static_cast<double>(input_bytes) / kBytesPerSecond)),
-      look_again_(seconds_on(CLOCK_MONOTONIC_COARSE) + seconds_),
-      started_(seconds_on(CLOCK_THREAD_CPUTIME_ID)),
+      look_again_(coarse_seconds() + seconds_),
+      started_(thread_seconds()),
       most_nodes_(kLeastNodes + static_cast<std::int64_t>(input_bytes)),
       most_text_(4 * kMostSheetOutput + 16 * input_bytes),
       outer_(current_budget) {
@@ -284,9 +278,9 @@ bool SheetBudget::admit() {
         return stop("Not enough memory");
     }
     if (nodes_ > most_nodes_) return stop("It makes a larger tree than it may");
-    const double now = seconds_on(CLOCK_MONOTONIC_COARSE);
+    const double now = coarse_seconds();
     if (now >= look_again_) {
-        const double left = seconds_ - (seconds_on(CLOCK_THREAD_CPUTIME_ID) - started_);
+        const double left = seconds_ - (thread_seconds() - started_);
         if (left <= 0) return stop("It takes longer than it may");
         look_again_ = now + left;
     }

@@ -1,4 +1,4 @@
-#include "platform/posix/http_errors.h"
+#include "platform/libraries/http_errors.h"
 
 #include <curl/curl.h>
 

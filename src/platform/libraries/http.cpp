@@ -4,20 +4,17 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
 #include <exception>
 #include <new>
 #include <string_view>
-#include <type_traits>
 #include <utility>
 
 #include "platform/http_common.h"
 #include "platform/http_head.h"
-#include "platform/posix/http_address.h"
-#include "platform/posix/http_errors.h"
-#include "platform/posix/http_phases.h"
-#include "platform/posix/http_record.h"
-#include "platform/posix/http_secrecy.h"
+#include "platform/libraries/http_address.h"
+#include "platform/libraries/http_phases.h"
+#include "platform/libraries/http_record.h"
+#include "platform/libraries/http_system.h"
 #include "platform/unicode.h"
 #include "zrcreditbureau/error.h"
 
@@ -44,8 +41,6 @@ constexpr std::pair<CURLoption, long> kFixedOptions[] = {
     {CURLOPT_NETRC, CURL_NETRC_IGNORED},
     {CURLOPT_DISALLOW_USERNAME_IN_URL, 1},
     {CURLOPT_SSLVERSION, CURL_SSLVERSION_TLSv1_2},
-    {CURLOPT_SSL_VERIFYPEER, 1},
-    {CURLOPT_SSL_VERIFYHOST, 2},
     {CURLOPT_PROXY_SSLVERSION, CURL_SSLVERSION_TLSv1_2},
     {CURLOPT_PROXY_SSL_VERIFYPEER, 1},
     {CURLOPT_PROXY_SSL_VERIFYHOST, 2},
@@ -59,10 +54,7 @@ constexpr std::pair<CURLoption, long> kFixedOptions[] = {
 };
 
 void initialise_library() {
-    static const CURLcode result = [] {
-        const HiddenKeyLog hidden;
-        return curl_global_init(CURL_GLOBAL_DEFAULT);
-    }();
+    static const CURLcode result = http_system::start();
     if (result != CURLE_OK)
         throw PlatformError(error_number::kUnexpected, "The HTTP library could not be started");
 }
@@ -85,19 +77,6 @@ using Share = std::unique_ptr<CURLSH, ShareCleanup>;
 using Headers = std::unique_ptr<curl_slist, HeadersCleanup>;
 
 template <typename Value>
-void set(CURL* easy, CURLoption option, Value value) {
-    static_assert(std::is_same_v<Value, long> || std::is_same_v<Value, curl_off_t> ||
-                  std::is_pointer_v<Value>);
-    const CURLcode code = curl_easy_setopt(easy, option, value);
-    if (code == CURLE_OUT_OF_MEMORY) throw std::bad_alloc();
-    if (code != CURLE_OK) throw http_error(code, 0, {});
-}
-
-void set(CURL* easy, CURLoption option, const std::string& value) {
-    set(easy, option, value.c_str());
-}
-
-template <typename Value>
 Value info(CURL* easy, CURLINFO what) {
     Value value{};
     curl_easy_getinfo(easy, what, &value);
@@ -117,12 +96,6 @@ bool is_memory_left() {
     void* const memory = ::operator new(kEnough, std::nothrow);
     ::operator delete(memory);
     return memory != nullptr;
-}
-
-/// Null when the variable is unset or empty.
-const char* environment(const char* name) {
-    const char* value = std::getenv(name);
-    return value != nullptr && *value != '\0' ? value : nullptr;
 }
 
 /// Fills the record when the exchange is over, however it ends.
@@ -164,7 +137,6 @@ class Exchange {
     void set_request();
     void set_credentials();
     void set_proxy();
-    void set_authorities();
 
     CURLcode perform();
     const CURLMsg* finished();
@@ -205,36 +177,35 @@ class Exchange {
 };
 
 void Exchange::set_up() {
-    for (const auto& [option, value] : kFixedOptions) set(easy_, option, value);
-    set(easy_, CURLOPT_SHARE, sessions_);
-    set(easy_, CURLOPT_ERRORBUFFER, detail_.data());
-    set(easy_, CURLOPT_PROTOCOLS_STR, "http,https");
+    for (const auto& [option, value] : kFixedOptions) set_option(easy_, option, value);
+    set_option(easy_, CURLOPT_SHARE, sessions_);
+    set_option(easy_, CURLOPT_ERRORBUFFER, detail_.data());
+    set_option(easy_, CURLOPT_PROTOCOLS_STR, "http,https");
     // Backstops. An address that does not answer gets half of this when others are left to try.
     const milliseconds connect = request_.timeouts.connect;
     const milliseconds longest = std::max(2 * connect, connect + request_.timeouts.resolve);
-    set(easy_, CURLOPT_CONNECTTIMEOUT_MS, static_cast<long>(longest.count()));
+    set_option(easy_, CURLOPT_CONNECTTIMEOUT_MS, static_cast<long>(longest.count()));
     set_callbacks();
     set_request();
     set_credentials();
     set_proxy();
-    set_authorities();
-    if (record_ != nullptr) set(easy_, CURLOPT_CERTINFO, 1L);
+    http_system::set_security(easy_);
+    if (record_ != nullptr) set_option(easy_, CURLOPT_CERTINFO, 1L);
 }
 
 void Exchange::set_callbacks() {
-    set(easy_, CURLOPT_HEADERFUNCTION, &Exchange::on_header);
-    set(easy_, CURLOPT_HEADERDATA, this);
-    set(easy_, CURLOPT_WRITEFUNCTION, &Exchange::on_body);
-    set(easy_, CURLOPT_WRITEDATA, this);
-    set(easy_, CURLOPT_OPENSOCKETFUNCTION, &Exchange::on_open_socket);
-    set(easy_, CURLOPT_OPENSOCKETDATA, this);
-    set(easy_, CURLOPT_PREREQFUNCTION, &Exchange::on_connected);
-    set(easy_, CURLOPT_PREREQDATA, this);
-    set(easy_, CURLOPT_SSL_CTX_FUNCTION, &log_no_keys);
+    set_option(easy_, CURLOPT_HEADERFUNCTION, &Exchange::on_header);
+    set_option(easy_, CURLOPT_HEADERDATA, this);
+    set_option(easy_, CURLOPT_WRITEFUNCTION, &Exchange::on_body);
+    set_option(easy_, CURLOPT_WRITEDATA, this);
+    set_option(easy_, CURLOPT_OPENSOCKETFUNCTION, &Exchange::on_open_socket);
+    set_option(easy_, CURLOPT_OPENSOCKETDATA, this);
+    set_option(easy_, CURLOPT_PREREQFUNCTION, &Exchange::on_connected);
+    set_option(easy_, CURLOPT_PREREQDATA, this);
 }
 
 void Exchange::set_request() {
-    set(easy_, CURLOPT_URL, checked_address(request_.url));
+    set_option(easy_, CURLOPT_URL, checked_address(request_.url));
     // An empty value takes a header away that the library would send of its own accord.
     for (const std::string& line :
          {std::string("Expect:"), request_.content_type.empty()
@@ -245,13 +216,14 @@ void Exchange::set_request() {
         static_cast<void>(headers_.release());
         headers_.reset(longer);
     }
-    set(easy_, CURLOPT_HTTPHEADER, headers_.get());
+    set_option(easy_, CURLOPT_HTTPHEADER, headers_.get());
     if (request_.method == "GET") {
-        set(easy_, CURLOPT_HTTPGET, 1L);
+        set_option(easy_, CURLOPT_HTTPGET, 1L);
     } else if (request_.method == "POST") {
-        set(easy_, CURLOPT_POST, 1L);
-        set(easy_, CURLOPT_POSTFIELDSIZE_LARGE, static_cast<curl_off_t>(request_.body.size()));
-        set(easy_, CURLOPT_POSTFIELDS, request_.body.data());
+        set_option(easy_, CURLOPT_POST, 1L);
+        set_option(easy_, CURLOPT_POSTFIELDSIZE_LARGE,
+                   static_cast<curl_off_t>(request_.body.size()));
+        set_option(easy_, CURLOPT_POSTFIELDS, request_.body.data());
     } else {
         throw PlatformError(error_number::kUnexpected, "The request is neither POST nor GET");
     }
@@ -259,42 +231,29 @@ void Exchange::set_request() {
 
 void Exchange::set_credentials() {
     if (request_.user.empty()) return;
-    set(easy_, CURLOPT_HTTPAUTH, kChallenges);
-    set(easy_, CURLOPT_USERNAME, request_.user);
-    set(easy_, CURLOPT_PASSWORD, request_.password);
+    set_option(easy_, CURLOPT_HTTPAUTH, kChallenges);
+    set_option(easy_, CURLOPT_USERNAME, request_.user);
+    set_option(easy_, CURLOPT_PASSWORD, request_.password);
 }
 
 void Exchange::set_proxy() {
     const HttpProxy& proxy = request_.proxy;
     switch (proxy.mode) {
         case HttpProxy::Mode::kDirect:
-            set(easy_, CURLOPT_PROXY, "");  // takes no notice of the environment
+            set_option(easy_, CURLOPT_PROXY, "");  // takes no notice of the environment
             return;
         case HttpProxy::Mode::kPreconfigured:
+            http_system::set_machine_proxy(easy_, request_.url);
             break;
         case HttpProxy::Mode::kNamed:
-            set(easy_, CURLOPT_PROXY, checked_proxy(proxy.server));
-            set(easy_, CURLOPT_NOPROXY, "");  // nor of its exceptions
+            set_option(easy_, CURLOPT_PROXY, checked_proxy(proxy.server));
+            set_option(easy_, CURLOPT_NOPROXY, "");  // nor of its exceptions
             break;
     }
     if (proxy.user.empty()) return;
-    set(easy_, CURLOPT_PROXYAUTH, kChallenges);
-    set(easy_, CURLOPT_PROXYUSERNAME, proxy.user);
-    set(easy_, CURLOPT_PROXYPASSWORD, proxy.password);
-}
-
-void Exchange::set_authorities() {
-    const char* file = environment("SSL_CERT_FILE");
-    const char* folder = environment("SSL_CERT_DIR");
-    // The system's bundle alone: the library reads one again for every connection when a folder is
-    // named beside it, which takes longer than all else.
-    if (file == nullptr && folder == nullptr) file = curl_version_info(CURLVERSION_NOW)->cainfo;
-    if (file == nullptr && folder == nullptr) return;
-    // Both are set even when one is null: those that are named replace the system's.
-    set(easy_, CURLOPT_CAINFO, file);
-    set(easy_, CURLOPT_CAPATH, folder);
-    set(easy_, CURLOPT_PROXY_CAINFO, file);
-    set(easy_, CURLOPT_PROXY_CAPATH, folder);
+    set_option(easy_, CURLOPT_PROXYAUTH, kChallenges);
+    set_option(easy_, CURLOPT_PROXYUSERNAME, proxy.user);
+    set_option(easy_, CURLOPT_PROXYPASSWORD, proxy.password);
 }
 
 CURLcode Exchange::perform() {
@@ -371,7 +330,7 @@ bool Exchange::would_send_again() {
 
 /// False when nothing more is to be read.
 bool Exchange::take_header(std::string_view line) {
-    if (!is_heard_ && record_ != nullptr) record_tls(easy_, *record_);
+    if (!is_heard_ && record_ != nullptr) http_system::record_tls(easy_, *record_);
     is_heard_ = true;
     heads_.take(line);
     // The library asks for a tunnel again and again without a word to anyone.
@@ -419,7 +378,7 @@ curl_socket_t Exchange::on_open_socket(void* self, curlsocktype /*purpose*/,
     auto& exchange = *static_cast<Exchange*>(self);
     if (exchange.would_send_again()) return CURL_SOCKET_BAD;
     exchange.clock_.enter(HttpPhase::kConnect, Clock::now());
-    return ::socket(address->family, address->socktype | SOCK_CLOEXEC, address->protocol);
+    return http_system::open_socket(*address);
 }
 
 /// Connected, tunnel and TLS included; the request goes out next.
@@ -428,6 +387,12 @@ int Exchange::on_connected(void* self, char*, char*, int, int) {
     if (exchange.would_send_again()) return CURL_PREREQFUNC_ABORT;
     exchange.is_given_up_ = exchange.heads_.is_refused();
     if (exchange.is_given_up_) return CURL_PREREQFUNC_ABORT;
+    try {
+        http_system::check_connection(exchange.easy_, exchange.request_.url);
+    } catch (...) {
+        exchange.failure_ = std::current_exception();
+        return CURL_PREREQFUNC_ABORT;
+    }
     exchange.is_sent_ = true;
     exchange.is_heard_ = false;
     exchange.request_bytes_before_ = info<long>(exchange.easy_, CURLINFO_REQUEST_SIZE);

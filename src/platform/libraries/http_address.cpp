@@ -1,4 +1,4 @@
-#include "platform/posix/http_address.h"
+#include "platform/libraries/http_address.h"
 
 #include <curl/curl.h>
 

@@ -6,7 +6,7 @@
 #include <cstddef>
 #include <new>
 
-#include "platform/posix/xml_reader.h"
+#include "platform/libraries/xml_reader.h"
 
 namespace zr {
 

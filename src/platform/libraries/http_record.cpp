@@ -1,6 +1,4 @@
-#include "platform/posix/http_record.h"
-
-#include <openssl/ssl.h>
+#include "platform/libraries/http_record.h"
 
 #include <new>
 #include <string_view>
@@ -34,16 +32,6 @@ void record_certificate(CURL* easy, HttpRecord& record) {
 }
 
 }  // namespace
-
-void record_tls(CURL* easy, HttpRecord& record) {
-    curl_tlssessioninfo* session = nullptr;
-    if (curl_easy_getinfo(easy, CURLINFO_TLS_SSL_PTR, &session) != CURLE_OK || session == nullptr ||
-        session->backend != CURLSSLBACKEND_OPENSSL || session->internals == nullptr) {
-        return;
-    }
-    const auto* const tls = static_cast<const SSL*>(session->internals);
-    record.tls = std::string(SSL_get_version(tls)) + " " + SSL_get_cipher_name(tls);
-}
 
 void record_exchange(CURL* easy, HttpRecord& record) noexcept {
     try {

@@ -15,9 +15,9 @@
 #include <utility>
 #include <vector>
 
-#include "platform/posix/style_sheet_budget.h"
-#include "platform/posix/style_sheet_session.h"
-#include "platform/posix/xml_reader.h"
+#include "platform/libraries/style_sheet_budget.h"
+#include "platform/libraries/style_sheet_session.h"
+#include "platform/libraries/xml_reader.h"
 
 namespace zr {
 
