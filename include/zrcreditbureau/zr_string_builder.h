@@ -10,10 +10,14 @@
 namespace zr {
 
 /// Accumulates text in a buffer that grows in large steps: by the appended text plus the present
-/// size, at most 32768 at once unless the text itself is longer.
+/// size, at most 32768 at once unless the text itself is longer. What it held is overwritten in
+/// memory before the room is given back: a document has passwords in it.
 class ZRStringBuilder {
   public:
     ZRStringBuilder() { Initialise(4096); }
+    ZRStringBuilder(const ZRStringBuilder&) = default;
+    ZRStringBuilder& operator=(const ZRStringBuilder&) = default;
+    ~ZRStringBuilder();
 
     /// Sets the buffer size that Clear restores and empties the builder. A size that there is no
     /// memory for is no failure: the buffer then grows from nothing.

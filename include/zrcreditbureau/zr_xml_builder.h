@@ -84,13 +84,12 @@ class ZRXMLBuilder {
 
   private:
     void close_start_tag();
-    void write_element(std::string_view name, std::string_view text);
+    void append_text(std::string_view value);
+    void append_tag(std::string_view start, std::string_view name);
     using DateForm = std::string (*)(const DateTime&);
     void write_dated_element(std::string_view name, const DateOrNull& value,
                              bool dont_write_if_blank, DateForm form);
-    std::string dated_text(const DateOrNull& value, DateForm form) const;
-    std::string escaped_text(std::string_view text) const;
-    std::string encoded(std::string text) const;
+    void append_dated(const DateOrNull& value, DateForm form);
     bool has(EncodeFlags flag) const {
         return (static_cast<std::int32_t>(options_) & static_cast<std::int32_t>(flag)) != 0;
     }

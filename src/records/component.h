@@ -49,7 +49,10 @@ struct Component {
     }
 
     static void Dirty(Request& request, bool dirty);
-    static void RequestXML(Request& request, std::string_view xml) { set(request.RequestXML, xml); }
+    /// Takes the document, which has passwords, without leaving a copy.
+    static void RequestXML(Request& request, std::string&& xml) {
+        set(request.RequestXML, std::move(xml));
+    }
     /// Attaches a new response, as it is before the reply is read: Individual, its ResponseDate
     /// now, its DateOfBirth an empty text. What the host holds of the one before stays.
     static Response& new_response(Request& request);

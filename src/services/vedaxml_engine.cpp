@@ -86,7 +86,7 @@ void fill(HttpProxy& proxy, const VedaXmlService& service) {
     }
 }
 
-/// Wipes the secrets of a request that was made; its document has them too.
+/// Wipes the secrets of a request at its end; its document has them too.
 struct Forgetting {
     HttpRequest& request;
     ~Forgetting() {
@@ -122,9 +122,8 @@ std::string VedaXmlEngine::address() const {
                                     : settings_.DefaultRequestURL());
 }
 
-HttpRequest VedaXmlEngine::http_request(const Request& request) const {
+void VedaXmlEngine::fill_http(HttpRequest& http, const Request& request) const {
     const std::chrono::milliseconds limit = std::chrono::seconds(settings_.TimeOutSeconds());
-    HttpRequest http;
     http.method = "POST";
     http.url = address();
     http.user = settings_.UserId();
@@ -133,7 +132,6 @@ HttpRequest VedaXmlEngine::http_request(const Request& request) const {
     http.body = request.RequestXML();
     fill(http.proxy, settings_);
     http.timeouts = {limit, limit, limit, limit};
-    return http;
 }
 
 std::optional<XmlDocument> VedaXmlEngine::ExecuteRequest(Request& request) {
@@ -146,8 +144,9 @@ std::optional<XmlDocument> VedaXmlEngine::ExecuteRequest(Request& request) {
         return std::nullopt;
     }
     Response& response = Component::new_response(request);
-    HttpRequest http = http_request(request);
+    HttpRequest http;
     const Forgetting at_the_end{http};
+    fill_http(http, request);
     try {
         HttpReply reply = context().transport().exchange(http);
         Component::set(response.ResponseXML, std::move(reply.body));

@@ -49,7 +49,7 @@ class VedaXmlEngine : public ServiceEngine {
 
   private:
     std::string address() const;
-    HttpRequest http_request(const Request& request) const;
+    void fill_http(HttpRequest& http, const Request& request) const;
 
     const VedaXmlService& settings_;
 };

@@ -4,9 +4,12 @@
 #include <limits>
 #include <new>
 
+#include "platform/secret.h"
 #include "values/text.h"
 
 namespace zr {
+
+ZRStringBuilder::~ZRStringBuilder() { wipe(buffer_); }
 
 void ZRStringBuilder::Initialise(std::int32_t capacity) {
     capacity_ = std::max(capacity, 0);
@@ -15,6 +18,7 @@ void ZRStringBuilder::Initialise(std::int32_t capacity) {
 
 void ZRStringBuilder::Clear() {
     length_ = 0;
+    wipe(buffer_);
     std::string().swap(buffer_);
     try {
         buffer_size_ = static_cast<std::size_t>(capacity_);
@@ -41,6 +45,7 @@ void ZRStringBuilder::Append(TextArg text) {
         grown.reserve(size);
         grown.append(buffer_).append(text);
         buffer_.swap(grown);
+        wipe(grown);
         buffer_size_ = size;
     }
     length_ += static_cast<std::int32_t>(length);

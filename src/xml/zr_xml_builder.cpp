@@ -1,7 +1,9 @@
 #include "zrcreditbureau/zr_xml_builder.h"
 
 #include <cstdio>
-#include <utility>
+#include <string>
+#include <string_view>
+#include <variant>
 
 #include "values/convert.h"
 #include "values/text.h"
@@ -10,31 +12,67 @@
 namespace zr {
 namespace {
 
-constexpr std::string_view kNonBreakingSpace = "\xC2\xA0";
+/// What of a text is written otherwise than it stands.
+struct Encoding {
+    bool markup = false;
+    bool quotes = false;
+    bool non_breaking_spaces = false;
+    bool non_ascii = false;
+    bool line_feeds = false;
+};
 
-void append_escaped(std::string& target, std::string_view value, bool attribute) {
-    target.reserve(target.size() + value.size());
-    for (const char character : value) {
-        switch (character) {
-            case '&':
-                target += "&amp;";
-                break;
-            case '<':
-                target += "&lt;";
-                break;
-            case '>':
-                target += "&gt;";
-                break;
-            case '\'':
-                target += attribute ? "&apos;" : "'";
-                break;
-            case '"':
-                target += attribute ? "&quot;" : "\"";
-                break;
-            default:
-                target += character;
+/// What is written for the character at `position`, which moves behind it; "" for the character.
+std::string reference(std::string_view value, std::size_t& position, const Encoding& encoding) {
+    constexpr std::string_view kNonBreakingSpace = "\xC2\xA0";
+    const char character = value[position];
+    if (static_cast<unsigned char>(character) >= 128) {
+        if (encoding.non_breaking_spaces && value.substr(position).starts_with(kNonBreakingSpace)) {
+            position += kNonBreakingSpace.size();
+            return "&#160;";
+        }
+        if (encoding.non_ascii) {
+            const unsigned char code =
+                text::to_windows_1252(text::next_code_point(value, position));
+            return code < 128 ? std::string(1, static_cast<char>(code))
+                              : "&#" + std::to_string(code) + ";";
         }
     }
+    ++position;
+    switch (character) {
+        case '&':
+            return encoding.markup ? "&amp;" : "";
+        case '<':
+            return encoding.markup ? "&lt;" : "";
+        case '>':
+            return encoding.markup ? "&gt;" : "";
+        case '\'':
+            return encoding.quotes ? "&apos;" : "";
+        case '"':
+            return encoding.quotes ? "&quot;" : "";
+        case '\r':
+            position += encoding.line_feeds && value.substr(position).starts_with('\n') ? 1 : 0;
+            [[fallthrough]];
+        case '\n':
+            return encoding.line_feeds ? "&#10;" : "";
+        default:
+            return "";
+    }
+}
+
+/// Appends the text without a copy of it in between: it may be a password, and builders wipe what
+/// they hold.
+void append_encoded(ZRStringBuilder& target, std::string_view value, const Encoding& encoding) {
+    std::size_t plain = 0;  // from here to `position` the characters stand for themselves
+    for (std::size_t position = 0; position < value.size();) {
+        const std::size_t start = position;
+        const std::string written = reference(value, position, encoding);
+        if (!written.empty()) {
+            target.Append(value.substr(plain, start - plain));
+            target.Append(written);
+            plain = position;
+        }
+    }
+    target.Append(value.substr(plain));
 }
 
 std::string date_text(const DateTime& date) { return date.date_only().to_iso(); }
@@ -50,20 +88,6 @@ std::string date_time_text(const DateTime& date) {
 }
 
 std::string utc_text(const DateTime& date) { return date_time_text(date) + "Z"; }
-
-std::string with_non_ascii_references(std::string_view value) {
-    std::string result;
-    result.reserve(value.size());
-    for (std::size_t position = 0; position < value.size();) {
-        const unsigned char code = text::to_windows_1252(text::next_code_point(value, position));
-        if (code < 128) {
-            result += static_cast<char>(code);
-        } else {
-            result += "&#" + std::to_string(code) + ";";
-        }
-    }
-    return result;
-}
 
 }  // namespace
 
@@ -96,39 +120,24 @@ void ZRXMLBuilder::WriteAttribute(TextArg name, TextArg value, FlagArg dont_writ
     if (value.empty() && dont_write_if_blank) {
         return;
     }
-    std::string attribute = " ";
-    attribute += name;
-    attribute += "=\"";
-    append_escaped(attribute, value, true);
-    attribute += '"';
-    buffer_.Append(attribute);
+    buffer_.Append(" ");
+    buffer_.Append(name);
+    buffer_.Append("=\"");
+    append_encoded(buffer_, value, {.markup = true, .quotes = true});
+    buffer_.Append("\"");
 }
 
-std::string ZRXMLBuilder::encoded(std::string value) const {
-    if (has(EncodeFlags::zreXMLBuilderEncodeOptionsNonASCII)) {
-        value = with_non_ascii_references(value);
-    }
-    if (has(EncodeFlags::zreXMLBuilderEncodeOptionsLineFeeds)) {
-        constexpr std::string_view kReference = "&#10;";
-        value = text::replace_all(value, text::kCrLf, kReference);
-        value = text::replace_all(value, "\r", kReference);
-        value = text::replace_all(value, "\n", kReference);
-    }
-    return value;
-}
-
-std::string ZRXMLBuilder::escaped_text(std::string_view value) const {
-    std::string escaped;
-    append_escaped(escaped, value, false);
-    if (escaped.find(kNonBreakingSpace) != std::string::npos) {
-        escaped = text::replace_all(escaped, kNonBreakingSpace, "&#160;");
-    }
-    return encoded(std::move(escaped));
+void ZRXMLBuilder::append_text(std::string_view value) {
+    append_encoded(buffer_, value,
+                   {.markup = true,
+                    .non_breaking_spaces = true,
+                    .non_ascii = has(EncodeFlags::zreXMLBuilderEncodeOptionsNonASCII),
+                    .line_feeds = has(EncodeFlags::zreXMLBuilderEncodeOptionsLineFeeds)});
 }
 
 void ZRXMLBuilder::WriteText(TextArg text) {
     close_start_tag();
-    buffer_.Append(escaped_text(text));
+    append_text(text);
 }
 
 void ZRXMLBuilder::WriteRaw(TextArg text) {
@@ -138,44 +147,50 @@ void ZRXMLBuilder::WriteRaw(TextArg text) {
 
 void ZRXMLBuilder::WriteBoolean(FlagArg value) { WriteRaw(value ? "true" : "false"); }
 
-std::string ZRXMLBuilder::dated_text(const DateOrNull& value, DateForm form) const {
+void ZRXMLBuilder::append_dated(const DateOrNull& value, DateForm form) {
     if (const auto date = convert::read_date(value)) {
-        return form(*date);
+        buffer_.Append(form(*date));
+    } else if (const std::string* text = std::get_if<std::string>(&value)) {
+        append_text(*text);
     }
-    const std::string* text = std::get_if<std::string>(&value);
-    return text != nullptr ? escaped_text(*text) : std::string();
 }
 
-void ZRXMLBuilder::WriteDate(const DateArg& value) { WriteRaw(dated_text(value, date_text)); }
+void ZRXMLBuilder::WriteDate(const DateArg& value) {
+    close_start_tag();
+    append_dated(value, date_text);
+}
 
 void ZRXMLBuilder::WriteDateTime(const DateArg& value) {
-    WriteRaw(dated_text(value, date_time_text));
+    close_start_tag();
+    append_dated(value, date_time_text);
 }
 
-void ZRXMLBuilder::write_element(std::string_view name, std::string_view text) {
-    for (const std::string_view part : {std::string_view("<"), name, std::string_view(">"), text,
-                                        std::string_view("</"), name, std::string_view(">")}) {
-        buffer_.Append(part);
-    }
+void ZRXMLBuilder::append_tag(std::string_view start, std::string_view name) {
+    buffer_.Append(start);
+    buffer_.Append(name);
+    buffer_.Append(">");
 }
 
 void ZRXMLBuilder::WriteTagWithText(TextArg name, TextArg value, FlagArg dont_write_if_blank) {
     close_start_tag();
     if (!value.empty() || !dont_write_if_blank) {
-        write_element(name, escaped_text(value));
+        append_tag("<", name);
+        append_text(value);
+        append_tag("</", name);
     }
 }
 
 void ZRXMLBuilder::WriteTagWithBoolean(TextArg name, FlagArg value) {
-    close_start_tag();
-    write_element(name, value ? "true" : "false");
+    WriteTagWithText(name, value ? "true" : "false");
 }
 
 void ZRXMLBuilder::write_dated_element(std::string_view name, const DateOrNull& value,
                                        bool dont_write_if_blank, DateForm form) {
     close_start_tag();
     if (!dont_write_if_blank || !is_null(value)) {  // only null counts as blank
-        write_element(name, dated_text(value, form));
+        append_tag("<", name);
+        append_dated(value, form);
+        append_tag("</", name);
     }
 }
 
@@ -206,7 +221,14 @@ std::string ZRXMLBuilder::XML(FlagArg include_header, EncodeFlags options) {
     close_start_tag();
     std::string text = include_header ? XMLHeader() : std::string();
     text += buffer_.view();
-    return options == EncodeFlags::zreXMLBuilderEncodeOptionsNone ? text : encoded(std::move(text));
+    if (options == EncodeFlags::zreXMLBuilderEncodeOptionsNone) {
+        return text;
+    }
+    ZRStringBuilder encoded;
+    append_encoded(encoded, text,
+                   {.non_ascii = has(EncodeFlags::zreXMLBuilderEncodeOptionsNonASCII),
+                    .line_feeds = has(EncodeFlags::zreXMLBuilderEncodeOptionsLineFeeds)});
+    return encoded.ToString();
 }
 
 void ZRXMLBuilder::Clear() {
