@@ -148,7 +148,7 @@ TEST(Invoke, ReachesEverythingByItsRows) {
             crawl.visit(
                 translated(bureau, "VedaXMLAU", "consumer-enquiry", "vedaxml_au_adverse.xml"));
             const auto found = std::shared_ptr<Request>(Component::make_request());
-            Component::add(Component::selections(Component::new_response(*found)), "A company");
+            Component::add(Component::selections(Component::new_response(*found)));
             crawl.visit(object_of(found));
         }
     }
