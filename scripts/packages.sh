@@ -5,6 +5,8 @@ packages_build="g++ cmake ninja-build pkg-config git libxml2-dev libxslt1-dev li
 packages_test="libgtest-dev python3"
 packages_bench="libbenchmark-dev python3 python3-lxml valgrind xsltproc"
 packages_torture="valgrind strace openssl time tinyproxy squid"
+packages_windows="g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools wine wine64
+  dpkg-dev xz-utils patch cmake ninja-build rapidjson-dev"
 packages_pages="chromium poppler-utils fonts-dejavu-core python3"
 packages_check="ccache clang-14 clang-tidy-14 clang-format-14 libclang-rt-14-dev
   mandoc zsh fish python3-jsonschema"

@@ -62,6 +62,15 @@ std::string checked_address(const std::string& url) {
     return part(address, CURLUPART_URL);
 }
 
+bool is_secure(const std::string& url) { return part(parse(url), CURLUPART_SCHEME) == "https"; }
+
+std::string host_of(const std::string& url) {
+    std::string host = part(parse(url), CURLUPART_HOST, CURLU_PUNYCODE);
+    if (host.ends_with('.')) host.pop_back();
+    if (host.starts_with('[')) host = host.substr(1, host.find(']') - 1);
+    return host;
+}
+
 std::string checked_proxy(const std::string& server) {
     const bool has_scheme = server.find("://") != std::string::npos;
     const Url proxy = parse(has_scheme ? server : "http://" + server);

@@ -10,6 +10,12 @@ namespace zr {
 /// and an address is shown in messages.
 std::string checked_address(const std::string& url);
 
+/// True for an https address.
+bool is_secure(const std::string& url);
+
+/// The host of a checked address as certificates name it: in ASCII, without brackets.
+std::string host_of(const std::string& url);
+
 /// A proxy named "host:port" or "scheme://host:port" (http or https) with its scheme and port; port
 /// 80 when an http proxy names none, 443 when an https proxy does. Anything else throws
 /// PlatformError(kInvalidAddress).

@@ -103,6 +103,22 @@ PlatformError http_error(int code, long verify_result, std::string_view detail) 
     return {kUnexpected, "The exchange with the server failed (" + std::to_string(code) + ")"};
 }
 
+PlatformError certificate_error(CertificateFault fault) {
+    switch (fault) {
+        case CertificateFault::kUnknownAuthority:
+            return {kUnknownAuthority, kUnknownIssuer};
+        case CertificateFault::kExpired:
+            return {kCertificateExpired, kExpired};
+        case CertificateFault::kOtherHost:
+            return {kCertificateOtherHost, kOtherHost};
+        case CertificateFault::kNoAuthorities:
+            return {kSecurityFailure, kNoAuthorities};
+        case CertificateFault::kInvalid:
+            break;
+    }
+    return {kSecurityFailure, kBadCertificate};
+}
+
 PlatformError http_timeout() { return {kTimeout, kTimedOut}; }
 
 PlatformError http_connection_lost() { return {kConnectionLost, kLost}; }

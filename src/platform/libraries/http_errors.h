@@ -12,6 +12,10 @@ namespace zr {
 /// apart and is not shown.
 PlatformError http_error(int code, long verify_result, std::string_view detail);
 
+/// What is wrong with a server's certificate.
+enum class CertificateFault { kUnknownAuthority, kExpired, kOtherHost, kInvalid, kNoAuthorities };
+PlatformError certificate_error(CertificateFault fault);
+
 PlatformError http_timeout();
 PlatformError http_connection_lost();
 

@@ -203,7 +203,9 @@ xmlDocPtr SheetSession::load(const std::string& path, xmlDictPtr dictionary) {
     const XmlLimits limits;
     const std::string content = read_file(files_.back(), limits.bytes);
     XmlReader reader(content, XmlReader::Source::kFile, limits);
-    reader.build_document(path, dictionary);
+    std::string address = path;
+    if (kHasDrives) std::replace(address.begin(), address.end(), '\\', '/');
+    reader.build_document(address, dictionary);
     if (const auto error = reader.parse()) {
         const std::string line =
             reader.error_line() > 0 ? ", line " + std::to_string(reader.error_line()) : "";
