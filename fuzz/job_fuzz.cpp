@@ -8,7 +8,7 @@
 #include <string_view>
 
 #include "automation/json.h"
-#include "cli/ndjson.h"
+#include "cli/answer.h"
 #include "cli/operation.h"
 #include "cli/result_form.h"
 
@@ -17,7 +17,7 @@ namespace {
 using zr::cli::Operation;
 
 void answer(zr::cli::Performer& performer, std::string_view line) {
-    const zr::cli::Outcome outcome = zr::cli::answer(performer, {}, line, false);
+    const zr::cli::Outcome outcome = zr::cli::answer_line(performer, {}, line, false);
     if (!outcome.result && outcome.error_message.empty()) {
         std::abort();  // a failure has its reason
     }

@@ -1,6 +1,7 @@
 // JSON as the component reads and writes it: numbers keep their digits, so that money stays exact.
 #pragma once
 
+#include <concepts>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -92,6 +93,13 @@ class JsonWriter {
     void text(std::string_view value);
     /// Money as a number with four decimals, a date as text in the ISO form, and so on.
     void value(const Value& value);
+
+    /// A member and its value.
+    void boolean(std::string_view its_name, bool value) { name(its_name), boolean(value); }
+    void number(std::string_view its_name, std::integral auto value) {
+        name(its_name), number(static_cast<std::int64_t>(value));
+    }
+    void text(std::string_view its_name, std::string_view value) { name(its_name), text(value); }
 
     /// The text written, anything in it that is not valid UTF-8 as U+FFFD, until the next change.
     std::string_view view();

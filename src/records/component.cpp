@@ -7,12 +7,6 @@ void Component::raise_duplicate_key() {
                         "This key is already associated with an element of this collection.");
 }
 
-CompanySelection& Component::add(CompanySelections& selections, std::string_view company_name) {
-    CompanySelection& selection = selections.items_.emplace_back();
-    set(selection.CompanyName, company_name);
-    return selection;
-}
-
 const CodeTableItem& Component::add(CodeTableItems& table, CodeRow row) {
     const bool is_new = table.index_.add(row.code, table.items_.size());
     if (!is_new && !table.AllowDuplicateCodes()) {

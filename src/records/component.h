@@ -68,8 +68,10 @@ struct Component {
         return static_cast<ReportLines&>(*response.elements_);
     }
     static CompanySelections& selections(Response& response) { return *response.selections_; }
-    /// Appends a candidate whose other properties are empty.
-    static CompanySelection& add(CompanySelections& selections, std::string_view company_name);
+    /// Appends a candidate that is empty.
+    static CompanySelection& add(CompanySelections& selections) {
+        return selections.items_.emplace_back();
+    }
 
     /// Appends an item under a key; raises the duplicate-key error, adding nothing, when the key is
     /// taken.

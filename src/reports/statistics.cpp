@@ -20,10 +20,6 @@ void increment(std::int16_t& count) {
     }
 }
 
-XmlPath compile(std::string_view path, XmlNames& names) {
-    return path.empty() ? XmlPath() : XmlPath(path, names);
-}
-
 bool is_one_of(std::span<const std::string_view> values, std::string_view value) {
     return !value.empty() && std::find(values.begin(), values.end(), value) != values.end();
 }
@@ -59,15 +55,15 @@ StatisticsTable::StatisticsTable(std::span<const StatisticsCategory> categories,
     rows_.reserve(categories.size());
     for (const StatisticsCategory& category : categories) {
         rows_.push_back({.category = &category,
-                         .records = compile(category.records, names),
-                         .instead_of = compile(category.instead_of, names),
-                         .only = compile(category.only_path, names),
-                         .run_id = compile(category.run_id, names),
-                         .event_date = compile(category.event_date, names),
-                         .loaded = compile(category.loaded, names),
-                         .outstanding = compile(category.outstanding, names),
-                         .settled = compile(category.settled_path, names),
-                         .status = compile(category.status_path, names)});
+                         .records = path_or_none(category.records, names),
+                         .instead_of = path_or_none(category.instead_of, names),
+                         .only = path_or_none(category.only_path, names),
+                         .run_id = path_or_none(category.run_id, names),
+                         .event_date = path_or_none(category.event_date, names),
+                         .loaded = path_or_none(category.loaded, names),
+                         .outstanding = path_or_none(category.outstanding, names),
+                         .settled = path_or_none(category.settled_path, names),
+                         .status = path_or_none(category.status_path, names)});
     }
 }
 

@@ -10,14 +10,6 @@
 
 namespace zr::layout {
 
-namespace {
-
-XmlPath path_of(std::string_view expression, XmlNames& names) {
-    return expression.empty() ? XmlPath() : XmlPath(expression, names);
-}
-
-}  // namespace
-
 /// Compiles pieces for a layout, whose tables it collects.
 class CompiledLayout::Compiler {
   public:
@@ -107,8 +99,6 @@ CompiledLayout::Append CompiledLayout::writer_of(const Piece& piece) {
                     return &ReportWriter::append_date;
                 case Form::kPersonName:
                     return &ReportWriter::append_name;
-                case Form::kId:
-                    return &ReportWriter::append_id;
                 default:
                     return &ReportWriter::append_amount;
             }
@@ -136,8 +126,8 @@ CompiledLayout::CompiledLayout(std::span<const Section> sections, XmlNames& name
     for (const Section& section : sections) {
         CompiledSection compiled{&section,
                                  XmlPath(section.records, names),
-                                 path_of(section.sub_group.id, names),
-                                 path_of(section.without, names),
+                                 path_or_none(section.sub_group.id, names),
+                                 path_or_none(section.without, names),
                                  {}};
         for (const Line& line : section.lines) {
             compiled.lines.push_back(
@@ -377,10 +367,6 @@ void ReportWriter::append_name(std::string& target, const CompiledPiece& compile
             target.resize(end);  // no such name
         }
     }
-}
-
-void ReportWriter::append_id(std::string& target, const CompiledPiece& compiled, XmlNode record) {
-    target += unique_id(record, compiled.path);
 }
 
 void ReportWriter::append_position(std::string& target, const CompiledPiece& /*compiled*/,

@@ -3,6 +3,7 @@
 #include "services/message_writing.h"
 
 namespace zr {
+namespace {
 
 void write_address(ZRXMLBuilder& builder, const Request& request, RequestAddress which,
                    std::string_view type, std::span<const AddressField> fields,
@@ -24,6 +25,18 @@ void write_address(ZRXMLBuilder& builder, const Request& request, RequestAddress
         } else {
             write_field(builder, row.field, value, row.omitted_when_blank);
         }
+    }
+}
+
+}  // namespace
+
+void write_addresses(ZRXMLBuilder& builder, const Request& request, std::string_view current_type,
+                     std::string_view previous_type, std::span<const AddressField> fields,
+                     const CodeTableItems& street_types) {
+    write_address(builder, request, RequestAddress::kCurrent, current_type, fields, street_types);
+    if (!request.PrevStreetName().empty()) {
+        write_address(builder, request, RequestAddress::kPrevious, previous_type, fields,
+                      street_types);
     }
 }
 

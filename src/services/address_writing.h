@@ -32,9 +32,10 @@ struct AddressField {
     std::string (*compose)(const Request& request, RequestAddress which) = nullptr;
 };
 
-/// Writes one of the request's addresses under a type, with these fields in this order.
-void write_address(ZRXMLBuilder& builder, const Request& request, RequestAddress which,
-                   std::string_view type, std::span<const AddressField> fields,
-                   const CodeTableItems& street_types);
+/// Writes the request's current address, and its previous one where that has a street, under their
+/// types, with these fields in this order.
+void write_addresses(ZRXMLBuilder& builder, const Request& request, std::string_view current_type,
+                     std::string_view previous_type, std::span<const AddressField> fields,
+                     const CodeTableItems& street_types);
 
 }  // namespace zr

@@ -40,11 +40,13 @@ struct ProductRow {
     std::string_view warning{};
 };
 
-void add_products(Products& products, std::span<const ProductRow> rows);
+/// What a service offers as data: its products, and the code tables that are not a product's own.
+struct CatalogueRows {
+    std::span<const ProductRow> products;
+    std::span<const CodeTableRow> code_tables;
+};
 
-void add_options(Product& product, std::span<const OptionRow> options);
-
-void add_code_tables(CodeTableCollection& tables, std::span<const CodeTableRow> rows);
+void fill_catalogue(const CatalogueRows& rows, Products& products, CodeTableCollection& tables);
 
 /// A service's table by name, or else the product's; null where neither has it. There may be no
 /// product.

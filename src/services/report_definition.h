@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "reports/layout.h"
-#include "reports/response_fields.h"
+#include "reports/record_fields.h"
 #include "reports/statistics.h"
 #include "reports/writer.h"
 #include "services/reply_checks.h"
@@ -40,10 +40,10 @@ struct FileFields {
 /// Who the person is, under the report on the person.
 struct PersonFields {
     std::string_view node = "individual";
-    std::vector<ResponseFieldRow> fields;
-    std::string_view current_address;              ///< under the node
-    std::vector<ResponseFieldRow> address_fields;  ///< under the address
-    bool unit_in_street_number = false;            ///< "7/12" is unit 7 of number 12
+    std::vector<FieldRow<Response>> fields;
+    std::string_view current_address;                ///< under the node
+    std::vector<FieldRow<Response>> address_fields;  ///< under the address
+    bool unit_in_street_number = false;              ///< "7/12" is unit 7 of number 12
 };
 
 /// A report on a company, alone or together with its directors.
@@ -55,7 +55,7 @@ struct CompanyReport {
     std::string_view directors;  ///< each is a report on a person
     /// Whether files and counts are looked for in the enquiry report rather than in the company's.
     bool counts_whole_report = false;
-    std::vector<ResponseFieldRow> fields;  ///< under the company's report
+    std::vector<FieldRow<Response>> fields;  ///< under the company's report
     ReportPart part;
     /// Of the counts that may include the directors'; none where a report does not show them.
     std::vector<SummaryBlock> directors_quick_summary;

@@ -66,8 +66,8 @@ void Service::Dispose() {
 }
 
 Catalogue::Catalogue(const ServiceDefinition& definition) {
-    if (definition.build_catalogue != nullptr) {
-        definition.build_catalogue(*products, *code_tables);
+    if (definition.catalogue != nullptr) {
+        fill_catalogue(*definition.catalogue, *products, *code_tables);
     }
 }
 

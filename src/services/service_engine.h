@@ -10,6 +10,7 @@
 
 #include "records/component.h"
 #include "records/property_rows.h"
+#include "services/catalogue_rows.h"
 #include "services/service_context.h"
 #include "services/translator.h"
 #include "xml/xml_document.h"
@@ -23,7 +24,7 @@ struct ServiceDefinition {
     std::string_view name;
     std::string_view friendly_name;
     bool obsolete = false;
-    void (*build_catalogue)(Products&, CodeTableCollection&) = nullptr;
+    const CatalogueRows* catalogue = nullptr;
     const Translator& (*translator)() = nullptr;
     std::span<const Property<Service>> (*settings)() = nullptr;
     /// What hosts see of the service, with its engine behind it.

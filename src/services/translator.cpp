@@ -15,10 +15,6 @@
 namespace zr {
 namespace {
 
-XmlPath path_of(std::string_view expression, XmlNames& names) {
-    return expression.empty() ? XmlPath() : XmlPath(expression, names);
-}
-
 std::string text_at(XmlNode node, const XmlPath& path) {
     return ZRXMLUtilities::GetSubNodeString(node, path);
 }
@@ -268,10 +264,10 @@ Translator::Translator(ReportDefinition definition, ReportWatch* watch)
       checks_(names_),
       request_id_("/BCAmessage/@service-request-id", names_),
       response_("/BCAmessage/BCAservices/BCAservice/BCAservice-data/response", names_),
-      message_(path_of(definition_.message, names_)),
+      message_(path_or_none(definition_.message, names_)),
       report_(kEnquiryReport, names_),
       subject_(definition_.subject, names_),
-      possible_match_(path_of(definition_.possible_match, names_)),
+      possible_match_(path_or_none(definition_.possible_match, names_)),
       file_(definition_.file.node, names_),
       file_number_(definition_.file.number, names_),
       match_type_(definition_.file.match_type, names_),
@@ -282,7 +278,7 @@ Translator::Translator(ReportDefinition definition, ReportWatch* watch)
       address_fields_(definition_.person.address_fields, names_),
       street_type_("street-type/@code", names_),
       individual_(definition_.individual, definition_.missing_amounts, names_),
-      file_age_(path_of(definition_.file_age, names_)) {
+      file_age_(path_or_none(definition_.file_age, names_)) {
     for (const std::string_view source : definition_.sources) {
         sources_.emplace_back(source, names_);
     }

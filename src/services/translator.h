@@ -54,7 +54,7 @@ class Translator {
         XmlPath mark_with_directors;
         XmlPath with_directors;
         XmlPath directors;
-        ResponseFields fields;
+        RecordFields<Response> fields;
         Part part;
     };
 
@@ -74,10 +74,10 @@ class Translator {
     XmlPath file_number_;
     XmlPath match_type_;
     XmlPath person_;
-    ResponseFields person_fields_;
+    RecordFields<Response> person_fields_;
     XmlPath date_of_birth_;
     XmlPath current_address_;
-    ResponseFields address_fields_;
+    RecordFields<Response> address_fields_;
     XmlPath street_type_;
     Part individual_;
     std::vector<XmlPath> sources_;

@@ -105,6 +105,11 @@ class XmlPath {
     std::optional<xml_path::Plain> plain_;
 };
 
+/// The path of an expression; one that matches nothing where that is "".
+inline XmlPath path_or_none(std::string_view expression, XmlNames& names) {
+    return expression.empty() ? XmlPath() : XmlPath(expression, names);
+}
+
 /// What a path selects: an element's text or an attribute's value. A view into the document.
 struct XmlValue {
     std::string_view text;

@@ -145,7 +145,7 @@ TEST(JsonForm, WritesEveryPropertyOfAResponse) {
     Component::set(response.MOJFinesAmount, Currency::from_units(12345));
     Component::statistics(response, RecordFamily::kDefault).years[1] = 3;
     Component::lines(response).AddElement("Group", "Sub", "Name", "Value");
-    Component::set(Component::add(Component::selections(response), "ACME").CompanyNumber, "9");
+    Component::set(Component::add(Component::selections(response)).CompanyNumber, "9");
 
     JsonWriter json;
     write_response(json, response);

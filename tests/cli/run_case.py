@@ -98,7 +98,7 @@ def check(sections, done, folder):
     faults += differs("errors", sections.get("errors", ""), done.stderr.decode("utf-8"))
     if "output json" in sections:
         faults += json_faults(sections["output json"], output)
-    elif "output" in sections or done.returncode == 0:
+    else:
         faults += differs("output", sections.get("output", ""), output)
     for heading, content in sections.items():
         kind, _, name = heading.partition(" ")

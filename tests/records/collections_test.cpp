@@ -194,12 +194,12 @@ TEST(ReportLines, KeepTheirTextsAndCountPastFourDigits) {
 
 TEST(CompanySelections, LetHostsWriteTheBureauFile) {
     const auto selections = Component::make<CompanySelections>();
-    const CompanySelection& first = Component::add(*selections, "ACME");
-    Component::add(*selections, "");
+    const CompanySelection& first = Component::add(*selections);
+    Component::add(*selections);
     const CompanySelections& seen_by_host = *selections;
     seen_by_host.Item(1).BureauFileId("42");
     EXPECT_EQ(first.BureauFileId(), "42");
-    EXPECT_EQ(seen_by_host.Item(1).CompanyName(), "ACME");
+    EXPECT_EQ(seen_by_host.Item(1).CompanyName(), "");
     EXPECT_EQ(seen_by_host.Item(2).CompanyNumber(), "");
     expect_positions_only_inside(seen_by_host);
 }

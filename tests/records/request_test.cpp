@@ -273,7 +273,7 @@ TEST(Response, OfAnEnquiryIsANewOne) {
     Component::set(first.DateOfBirth, kDay);
     Component::statistics(first, RecordFamily::kDefault).loaded_value = Currency::from_whole(1);
     Component::lines(first).AddElement("g", "s", "n", "d");
-    Component::add(Component::selections(first), "ACME");
+    Component::set(Component::add(Component::selections(first)).CompanyName, "ACME");
     const auto held = made->Response();
     const Response& response = Component::new_response(*made);
     EXPECT_EQ(held->DateOfBirth(), DateOrNull(kDay));

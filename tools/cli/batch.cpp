@@ -11,23 +11,17 @@
 #include <thread>
 #include <utility>
 
-#include "cli/countries.h"
-#include "cli/database.h"
+#include "cli/answer.h"
+#include "cli/batch_text.h"
 #include "cli/failure.h"
-#include "cli/files.h"
-#include "cli/fingerprint.h"
+#include "cli/interruption.h"
 #include "cli/job_source.h"
-#include "cli/ndjson.h"
 #include "cli/ordered_results.h"
 #include "cli/output.h"
-#include "cli/part_file.h"
 #include "cli/progress.h"
-#include "cli/report_text.h"
+#include "cli/rescue.h"
 #include "cli/result_form.h"
-#include "values/convert.h"
-#include "values/text.h"
-#include "zrcreditbureau/error.h"
-#include "zrcreditbureau/zr_credit_bureau.h"
+#include "cli/run_target.h"
 
 namespace zr::cli {
 namespace {
@@ -40,42 +34,6 @@ constexpr std::size_t kMostItems = 8;
 
 /// What is told of single jobs on standard error: enough to see what is wrong.
 constexpr std::uint64_t kMostMessages = 20;
-
-/// Translates the reply in a file; whatever is wrong with it is its outcome.
-Outcome translate_file(Performer& performer, const Job& base, const std::string& path) {
-    Outcome outcome;
-    try {
-        Job job = base;
-        job.response_xml = read_text_file(path, job.encoding);
-        return performer.perform(job);
-    } catch (const MisuseError& error) {
-        outcome.error_message = error.what();
-        outcome.failure = misuse("file");
-    } catch (const automation::JsonError& error) {
-        outcome.error_message = error.what();
-        outcome.failure = misuse("job");
-    } catch (const std::exception& error) {
-        outcome.error_message = error_text(error);
-        outcome.failure = current_failure();
-    }
-    return outcome;
-}
-
-/// The message in one line.
-std::string one_line(std::string_view message) {
-    std::string line;
-    bool broken = false;
-    for (const char character : printable_error(message)) {
-        if (character == '\n') {
-            broken = !line.empty();
-            continue;
-        }
-        line += broken ? " " : "";
-        line += character;
-        broken = false;
-    }
-    return line;
-}
 
 std::size_t bytes_of(const std::vector<BatchItem>& items) {
     std::size_t bytes = 0;
@@ -157,8 +115,8 @@ BatchResult Run::perform(Performer& performer, const std::vector<BatchItem>& ite
             result.last = true;
             break;
         }
-        Outcome outcome = source_.files() ? translate_file(performer, base_, item.text)
-                                          : answer(performer, base_, item.text, item.too_long);
+        Outcome outcome = source_.files() ? answer_file(performer, base_, item.text)
+                                          : answer_line(performer, base_, item.text, item.too_long);
         const std::string number = std::to_string(item.number);
         const std::string name = source_.files() ? item.text : "line " + number;
         if (batch_.checks != nullptr && outcome.result) {
@@ -259,182 +217,39 @@ int Run::go(Interruption& interruption) {
     return signal;
 }
 
-bool is_secret(std::string_view name) {
-    static const std::vector<Property<Service>> kSettings = known_settings();
-    return std::ranges::any_of(kSettings, [name](const Property<Service>& setting) {
-        return setting.secret && text::equal_ignoring_case(setting.name, name);
-    });
-}
-
-void add_value(Fingerprint& fingerprint, const automation::JsonValue& value) {
-    fingerprint.add(value.text());
-    fingerprint.add(value.boolean() ? "1" : "0");
-    for (const auto& [name, member] : value.members()) {
-        if (!is_secret(name)) {
-            fingerprint.add(name);
-            add_value(fingerprint, member);
-        }
-    }
-}
-
-/// What the run's results depend on besides the input; not the day, which is kept beside it.
-std::string options_identity(const Job& job, const automation::ResponseFields& fields) {
-    Fingerprint fingerprint;
-    fingerprint.add(job.country);
-    fingerprint.add(job.date_format.value_or("-"));
-    fingerprint.add(job.currency_format.value_or("-"));
-    fingerprint.add(job.currency_format_symbol.value_or("-"));
-    for (const Property<Response>* const property : fields.properties) {
-        fingerprint.add(property->name);
-    }
-    fingerprint.add(fields.elements ? "lines" : "-");
-    fingerprint.add(fields.selections ? "companies" : "-");
-    fingerprint.add(job.strict ? "strict" : "-");
-    fingerprint.add(job.response_date ? job.response_date->to_iso() : "-");
-    for (const SettingsLayer& layer : job.services) {
-        add_value(fingerprint, layer.settings);
-    }
-    for (const automation::JsonValue& request : job.requests) {
-        add_value(fingerprint, request);
-    }
-    return fingerprint.text();
-}
-
-/// What a line says its job's result was; nothing where it is not the result of this job.
-std::optional<bool> read_result(std::string_view line, std::string_view file) {
-    try {
-        const automation::JsonValue result = automation::parse_json(line);
-        const automation::JsonValue* const name = result.find("File");
-        const automation::JsonValue* const outcome = result.find("Result");
-        if ((name == nullptr ? std::string_view() : name->text()) == file && outcome != nullptr &&
-            outcome->kind() == automation::JsonValue::Kind::kBoolean &&
-            result.find("Response") != nullptr) {
-            return outcome->boolean();
-        }
-    } catch (const automation::JsonError&) {
-        // no result at all
-    }
-    return std::nullopt;
-}
-
-/// Where the results go: a part file where the run could be gone on with, or its results could not
-/// be had again, else as every output.
-struct Target {
-    Target(const Batch& batch, Job& base, JobSource& source, const std::string& path) {
-        const bool file = place_of(path) == Place::kFile;
-        if (asks_bureau(batch.operation) && file) {
-            part.emplace(path);
-        } else if (batch.results_only || batch.csv || !batch.has_results || !file ||
-                   !source.identity()) {
-            plain.emplace(path);
-        }
-        if (batch.results_only) {
-            return;
-        }
-        if (!source.identity() && (batch.resume || batch.database)) {
-            throw MisuseError(
-                std::string(batch.resume ? "--resume" : "--format sqlite") +
-                " needs an input that can be read again: name files, folders or --input "
-                "FILE.");
-        }
-        const DateTime today = base.response_date.value_or(DateTime::now().date_only());
-        if (plain) {
-            base.response_date = today;
-        } else {
-            gather(batch, base, source, path, today);
-        }
-    }
-
-    void gather(const Batch& batch, Job& base, JobSource& source, const std::string& path,
-                const DateTime& today) {
-        RunIdentity identity{"zrcreditbureau " + ZRCreditBureau::Version() + " " +
-                                 *source.identity() + " " + options_identity(base, batch.fields),
-                             today.to_iso()};
-        part.emplace(path, batch.resume, identity,
-                     [&](std::string_view line, std::uint64_t number) {
-                         return read_result(line, source.file(number));
-                     });
-        base.response_date = convert::to_date_time(identity.day).value_or(today);
-        if (!source.skip(part->finished())) {
-            throw MisuseError(path + ".part has more results than the input has replies.");
-        }
-    }
-
-    Output& output() { return part ? part->output() : *plain; }
-    void finish(const Batch& batch, const std::string& path) {
-        if (batch.database) {
-            part->finish(
-                [&](const std::string& results) { write_database(results, path, batch.fields); });
-        } else {
-            part ? part->finish() : plain->finish();
-        }
-    }
-
-    std::optional<Output> plain;
-    std::optional<PartFile> part;
-};
-
-std::string answered(const Standing& standing) {
-    return std::to_string(standing.translated + standing.failed) + " answered";
-}
-
-/// Where results are that an interruption has left.
-std::string left_in(const Batch& batch, const Target& target) {
-    if (!target.part) {
-        return {};
-    }
-    return asks_bureau(batch.operation) ? "; the results are in " + target.part->path()
-                                        : "; --resume goes on";
-}
-
-std::string doubtful(const Standing& standing) {
-    return standing.doubtful == 0
-               ? ""
-               : ", " + std::to_string(standing.doubtful) + " without a matched file";
-}
-
-std::string summary(const Batch& batch, const Standing& standing, double seconds,
-                    const Target& target, int signal) {
-    std::string text = signal != 0 ? "interrupted: " : "";
-    if (batch.results_only) {
-        text += answered(standing);
-    } else {
-        char figures[64];
-        (void)std::snprintf(figures, sizeof figures, " in %.2f s (%.0f a second)", seconds,
-                            static_cast<double>(standing.translated + standing.failed) / seconds);
-        text += std::to_string(standing.translated) +
-                (batch.has_results ? " translated, " : " checked, ") +
-                std::to_string(standing.failed) + " failed" + doubtful(standing) + figures;
-    }
-    if (target.part && target.part->finished() > 0) {
-        text += ", after " + std::to_string(target.part->finished()) + " done before";
-    }
-    return "zrcreditbureau: " + text + (signal != 0 ? left_in(batch, target) : "") + ".";
-}
-
-/// Tells what people should know about the input; not more than they can read.
-void remark(Progress& progress, const std::vector<std::string>& remarks) {
-    constexpr std::size_t kMost = 20;
-    for (std::size_t at = 0; at < std::min(remarks.size(), kMost); ++at) {
-        progress.say("zrcreditbureau: " + one_line(remarks[at]));
-    }
-    if (remarks.size() > kMost) {
-        progress.say("zrcreditbureau: and " + std::to_string(remarks.size() - kMost) + " more.");
-    }
-}
-
 /// As Run::go; where the output fails, people learn where the results before it are.
-int go(Run& run, Interruption& interruption, const Batch& batch, const Target& target) {
+int go(Run& run, Interruption& interruption, const Batch& batch, const RunTarget& target) {
     try {
         return run.go(interruption);
     } catch (const OutputError&) {
         const Standing standing = run.standing();
-        if (asks_bureau(batch.operation) && target.part &&
+        if (asks_bureau(batch.operation) && target.part() != nullptr &&
             standing.translated + standing.failed > 0) {
             std::cerr << "zrcreditbureau: " + answered(standing) + left_in(batch, target) + ".\n";
         }
         throw;
     }
+}
+
+/// Completes the output, which takes long where it is a database; the number of a signal that ended
+/// that.
+int finish(const Batch& batch, RunTarget& target, const std::string& path,
+           Interruption& interruption, Event& stop) {
+    if (!batch.database) {
+        (void)target.finish(batch, path, {});
+        return 0;
+    }
+    Progress progress(batch.quiet);
+    std::atomic<std::uint64_t> results = 0;
+    std::atomic<double> share = 0;
+    const auto goes_on = [&](std::uint64_t done, double its_share) {
+        results = done;
+        share = its_share;
+        return !stop.is_set();
+    };
+    return hold_signals(
+        interruption, stop, [&] { (void)target.finish(batch, path, goes_on); },
+        [&] { progress.draw({.translated = results, .share = share, .done = "in the database"}); });
 }
 
 }  // namespace
@@ -443,26 +258,25 @@ int run_batch(const Batch& batch, Job base, const std::string& output_path) {
     Event stop;
     Interruption interruption;
     const std::unique_ptr<JobSource> source =
-        batch.names.empty() && !batch.may_be_none
-            ? make_line_source(batch.input == "-" ? "" : batch.input, batch.shard, stop)
-            : make_file_source(batch.names, batch.shard, output_path, batch.done,
-                               batch.may_be_none);
-    Target target(batch, base, *source, output_path);
+        !batch.input.empty() ? make_line_source(batch.input, batch.shard, stop)
+                             : make_file_source(batch.names, batch.shard, output_path, batch.done,
+                                                batch.may_be_none);
+    RunTarget target(batch, base, *source, output_path);
     Progress progress(batch.quiet || batch.results_only);
     remark(progress, source->remarks());
-    if (target.part && target.part->dropped()) {
+    if (target.part() != nullptr && target.part()->dropped()) {
         remark(progress,
-               {target.part->path() + " has other things behind its first " +
-                std::to_string(target.part->finished()) + " results: they are made again."});
+               {target.part()->path() + " has other things behind its first " +
+                std::to_string(target.part()->finished()) + " results: they are made again."});
     }
     Run run(batch, *source, base, target.output(), progress, stop);
-    const int signal = go(run, interruption, batch, target);
+    int signal = go(run, interruption, batch, target);
     const Standing standing = run.standing();
     if (signal == 0) {
-        target.finish(batch, output_path);
-        if (!batch.results_only) {
-            remark(progress, source->additions());
-        }
+        signal = finish(batch, target, output_path, interruption, stop);
+    }
+    if (signal == 0 && !batch.results_only) {
+        remark(progress, source->additions());
     }
     if (batch.results_only ? signal != 0 : !batch.quiet) {
         progress.say(summary(batch, standing, progress.seconds(), target, signal));
@@ -470,7 +284,8 @@ int run_batch(const Batch& batch, Job base, const std::string& output_path) {
     if (signal != 0) {
         return ended_by(signal);
     }
-    const std::uint64_t failed = standing.failed + (target.part ? target.part->failed() : 0);
+    const std::uint64_t failed =
+        standing.failed + (target.part() != nullptr ? target.part()->failed() : 0);
     return failed == 0 || batch.results_only ? kDone : kFailed;
 }
 

@@ -16,8 +16,8 @@ namespace zr::cli {
 
 struct Batch {
     Operation operation = Operation::kTranslate;
-    std::vector<std::string> names;  ///< files and folders of replies; none where jobs are lines
-    std::string input;               ///< file of jobs as lines; "" or "-" is standard input
+    std::vector<std::string> names;  ///< files and folders of replies
+    std::string input;               ///< file of jobs as lines instead; "-" is standard input
     std::uint32_t workers = 1;
     Shard shard;
     bool resume = false;

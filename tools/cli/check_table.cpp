@@ -23,10 +23,6 @@ constexpr struct {
     {FindingKind::kNotShown, "NotShown", "Shown by no line, field or count"},
 };
 
-std::string_view name_of(FindingKind kind) {
-    return std::ranges::find(kKinds, kind, &std::decay_t<decltype(kKinds[0])>::kind)->name;
-}
-
 std::string number(std::uint64_t value, std::string_view one, std::string_view many) {
     return std::to_string(value) + " " + std::string(value == 1 ? one : many);
 }
@@ -134,18 +130,10 @@ std::string CheckTable::text() const {
 }
 
 void CheckTable::write(automation::JsonWriter& json) const {
-    const auto write_number = [&json](std::string_view name, std::uint64_t value) {
-        json.name(name);
-        json.number(static_cast<std::int64_t>(value));
-    };
-    const auto write_text = [&json](std::string_view name, std::string_view value) {
-        json.name(name);
-        json.text(value);
-    };
     json.begin_object();
-    write_number("Replies", replies_);
-    write_number("Failed", failed_);
-    write_number("Known", passed_over_);
+    json.number("Replies", replies_);
+    json.number("Failed", failed_);
+    json.number("Known", passed_over_);
     json.name("Findings");
     json.begin_array();
     for (const auto& kind : kKinds) {
@@ -153,14 +141,14 @@ void CheckTable::write(automation::JsonWriter& json) const {
             const auto& [its_kind, path, what] = entry->first;
             const Row& row = entry->second;
             json.begin_object();
-            write_text("Kind", name_of(its_kind));
-            write_text("Path", path);
-            write_text("What", what);
-            write_number("Replies", row.replies);
-            write_number("Times", row.times);
-            write_text("FirstIn", row.source);
-            write_number("FirstLine", row.line);
-            write_text("Example", row.example);
+            json.text("Kind", kind.name);
+            json.text("Path", path);
+            json.text("What", what);
+            json.number("Replies", row.replies);
+            json.number("Times", row.times);
+            json.text("FirstIn", row.source);
+            json.number("FirstLine", row.line);
+            json.text("Example", row.example);
             json.end_object();
         }
     }

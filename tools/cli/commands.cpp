@@ -1,22 +1,17 @@
 #include "cli/commands.h"
 
-#include <exception>
 #include <iostream>
-#include <list>
 
 #include "automation/json_form.h"
 #include "cli/catalogue_text.h"
 #include "cli/completion.h"
+#include "cli/delivery.h"
 #include "cli/doctor.h"
-#include "cli/explanation_form.h"
 #include "cli/failure.h"
 #include "cli/interruption.h"
 #include "cli/layout_text.h"
 #include "cli/manual.h"
-#include "cli/output.h"
-#include "cli/report_text.h"
 #include "cli/result_diff.h"
-#include "cli/result_form.h"
 #include "cli/schema.h"
 #include "facade/reports.h"
 #include "values/text.h"
@@ -24,97 +19,14 @@
 namespace zr::cli {
 namespace {
 
-void write_document(Output& output, std::string_view document) {
-    output.write(document);
-    output.write(document.empty() || document.ends_with('\n') ? "" : "\n");
-}
-
-/// Writes a JSON document as it is made.
-template <class Write>
-void write_json(Output& output, Write write) {
-    automation::JsonWriter json([&output](std::string_view text) { output.write(text); });
-    write(json);
-    write_document(output, json.view());
-}
-
-std::string outcome_text(Operation operation, const Outcome& outcome) {
-    switch (operation) {
-        case Operation::kCompose:
-            // The document's line breaks are carriage returns, which XML reads as line feeds.
-            return text::replace_all(outcome.request_xml, "\r", "\n");
-        case Operation::kVerify:
-            return "The connection works.";
-        case Operation::kList:
-            return report_text(*outcome.response, "No companies were found.");
-        case Operation::kEnquire:
-        case Operation::kTranslate:
-            break;
-    }
-    return (outcome.warning.empty() ? "" : outcome.warning + "\n\n") +
-           report_text(*outcome.response, "The reply holds no report lines.") +
-           (outcome.explanation ? "\n" + explanation_text(*outcome.response, *outcome.explanation)
-                                : "");
-}
-
-/// Whether the outcome has this form; one that failed has no report.
-bool exists(Format format, const Outcome& outcome) {
-    switch (format) {
-        case Format::kReply:
-            return !outcome.response->ResponseXML().empty();
-        case Format::kJson:
-        case Format::kCsv:
-        case Format::kSqlite:
-            return true;
-        case Format::kHtml:
-            return outcome.response != nullptr && !outcome.response->ResponseHTML().empty();
-        case Format::kText:
-            break;
-    }
-    // What is refused for being doubtful is reported all the same.
-    return outcome.result || !outcome.warning.empty();
-}
-
-/// What a table calls the one reply.
-std::string source_of(const Invocation& invocation) {
-    const bool stored = invocation.command->operation == Operation::kTranslate;
-    return stored ? invocation.inputs.back() : "";
-}
-
-void write_form(Output& output, Format format, const Invocation& invocation,
-                const Outcome& outcome) {
-    const Operation operation = *invocation.command->operation;
-    const automation::ResponseFields& fields = invocation.fields;
-    switch (format) {
-        case Format::kCsv: {
-            const CsvForm form(fields, "File");
-            std::string rows = form.header();
-            form.append(rows, outcome, source_of(invocation));
-            output.write(rows);
-            return;
-        }
-        case Format::kReply:
-            output.write(outcome.response->ResponseXML());
-            return;
-        case Format::kJson:
-        case Format::kSqlite:  // is made of many
-            write_json(output, [&](automation::JsonWriter& json) {
-                write_result(json, operation, outcome, fields);
-            });
-            return;
-        case Format::kHtml:
-            write_document(output, outcome.response->ResponseHTML());
-            return;
-        case Format::kText:
-            break;
-    }
-    write_document(output, outcome_text(operation, outcome));
+[[noreturn]] void refuse_service(std::string_view name) {
+    throw MisuseError("Service '" + std::string(text::first(name, 64)) + "' does not exist.");
 }
 
 void require_country(const Invocation& invocation) {
     const std::string_view service = request_text(invocation.job, "ServiceName");
     if (invocation.job.country.empty() && !service.empty()) {
-        throw MisuseError("Service '" + std::string(text::first(service, 64)) +
-                          "' does not exist.");
+        refuse_service(service);
     }
     if (invocation.job.country.empty()) {
         throw MisuseError("Name the country with --country, for example --country AU.");
@@ -127,23 +39,29 @@ void require_service(const Invocation& invocation) {
     }
 }
 
+/// Writes to the output of a command that shows what is known, to whoever may read it.
+template <class AsText, class AsJson>
+int show(const Invocation& invocation, AsText as_text, AsJson as_json) {
+    constexpr mode_t kForAll = 0666;
+    Output output(invocation.output_path, kForAll);
+    if (invocation.format == Format::kText) {
+        write_document(output, as_text());
+    } else {
+        write_json(output, as_json);
+    }
+    output.finish();
+    return kDone;
+}
+
 int run_catalogue(const Invocation& invocation) {
     require_country(invocation);
     ZRCreditBureau bureau;
     if (!bureau.Initialise(invocation.job.country)) {
         throw MisuseError(bureau.ErrorMessage());
     }
-    constexpr mode_t kForAll = 0666;
-    Output output(invocation.output_path, kForAll);
-    if (invocation.format == Format::kText) {
-        write_document(output, catalogue_text(bureau));
-    } else {
-        write_json(output, [&](automation::JsonWriter& json) {
-            automation::write_catalogue(json, bureau);
-        });
-    }
-    output.finish();
-    return kDone;
+    return show(
+        invocation, [&] { return catalogue_text(bureau); },
+        [&](automation::JsonWriter& json) { automation::write_catalogue(json, bureau); });
 }
 
 int run_layout(const Invocation& invocation) {
@@ -151,85 +69,11 @@ int run_layout(const Invocation& invocation) {
     const std::string_view service = request_text(invocation.job, "ServiceName");
     const ReportDefinition* report = find_report(service);
     if (report == nullptr) {
-        throw MisuseError("Service '" + std::string(text::first(service, 64)) +
-                          "' does not exist.");
+        refuse_service(service);
     }
-    constexpr mode_t kForAll = 0666;
-    Output output(invocation.output_path, kForAll);
-    if (invocation.format == Format::kText) {
-        write_document(output, layout_text(*report));
-    } else {
-        write_json(output, [&](automation::JsonWriter& json) { write_layout(json, *report); });
-    }
-    output.finish();
-    return kDone;
-}
-
-/// A form of the outcome on its way to where it goes.
-struct Delivery {
-    Delivery(const Document& document, bool is_main)
-        : format(document.format), main(is_main), output(document.path) {}
-
-    Format format;
-    bool main;
-    Output output;
-};
-
-/// Opens what is to be written: what cannot be fails before anything is sent. The reply comes
-/// first, from which all else can be made again.
-std::list<Delivery> open_deliveries(const Invocation& invocation) {
-    std::list<Delivery> deliveries;
-    deliveries.emplace_back(Document{invocation.format, invocation.output_path}, true);
-    for (const Document& document : invocation.beside) {
-        deliveries.emplace(
-            document.format == Format::kReply ? deliveries.begin() : deliveries.end(), document,
-            false);
-    }
-    return deliveries;
-}
-
-/// Writes a form of the outcome to its output, which is then complete.
-void deliver(Delivery& delivery, const Invocation& invocation, const Outcome& outcome) {
-    Format format = delivery.format;
-    if (format == Format::kHtml && outcome.result && !exists(format, outcome)) {
-        std::cerr << "There is no HTML without a style sheet: name one with --xslt-file-name.\n";
-        // What was paid for is not thrown away.
-        format = delivery.main ? Format::kText : format;
-    }
-    if (!exists(format, outcome)) {
-        return;
-    }
-    const auto write = [&](Output& output) { write_form(output, format, invocation, outcome); };
-    if (asks_bureau(*invocation.command->operation)) {
-        write_or_rescue(delivery.output, write, &Output::finish);
-    } else {
-        write(delivery.output);
-        delivery.output.finish();
-    }
-}
-
-int report(const Invocation& invocation, const Outcome& outcome, std::list<Delivery>& deliveries) {
-    const Operation operation = *invocation.command->operation;
-    std::exception_ptr failure;
-    for (Delivery& delivery : deliveries) {
-        try {
-            deliver(delivery, invocation, outcome);
-        } catch (const RescuedError&) {
-            failure = std::current_exception();  // the others are tried all the same
-        }
-    }
-    if (!outcome.result) {
-        std::cerr << printable_error(outcome.error_message) << '\n';
-    } else if (!outcome.warning.empty()) {
-        std::cerr << "zrcreditbureau: " + outcome.warning + "\n";
-    }
-    if (failure) {
-        std::rethrow_exception(failure);
-    }
-    if (operation == Operation::kCompose && outcome.result && outcome.request_xml.empty()) {
-        std::cerr << "Nothing was composed: the request has not been filled in.\n";
-    }
-    return outcome.result ? kDone : kFailed;
+    return show(
+        invocation, [&] { return layout_text(*report); },
+        [&](automation::JsonWriter& json) { write_layout(json, *report); });
 }
 
 void set_known(CheckTable& checks, const Invocation& invocation) {
@@ -240,7 +84,7 @@ void set_known(CheckTable& checks, const Invocation& invocation) {
 
 int run_one(const Invocation& invocation, CheckTable& checks) {
     require_country(invocation);
-    std::list<Delivery> deliveries = open_deliveries(invocation);
+    Deliveries deliveries(invocation);
     Performer performer(*invocation.command->operation);
     if (!asks_bureau(performer.operation())) {
         set_known(checks, invocation);
@@ -250,18 +94,16 @@ int run_one(const Invocation& invocation, CheckTable& checks) {
         } else {
             checks.add_failed(1);
         }
-        return report(invocation, outcome, deliveries);
+        return deliveries.report(outcome);
     }
-    for (Delivery& delivery : deliveries) {
-        delivery.output.need_room();
-    }
+    deliveries.need_room();
     // A signal does not end what the bureau has been asked already.
     Event stop;
     Interruption interruption;
     int status = kDone;
     const int signal = hold_signals(
-        interruption, stop,
-        [&] { status = report(invocation, performer.perform(invocation.job), deliveries); }, [] {});
+        interruption, stop, [&] { status = deliveries.report(performer.perform(invocation.job)); },
+        [] {});
     return signal == 0 ? status : ended_by(signal);
 }
 
@@ -291,6 +133,7 @@ int run_many(const Invocation& invocation, CheckTable& checks, const std::string
         require_service(invocation);
     }
     Batch batch = invocation.batch;
+    batch.input = invocation.ndjson && batch.input.empty() ? "-" : batch.input;
     batch.results_only = !invocation.many;
     if (invocation.job.check) {
         set_known(checks, invocation);

@@ -8,13 +8,16 @@
 #include <cerrno>
 #include <charconv>
 #include <cstring>
+#include <filesystem>
 #include <map>
 #include <memory>
 #include <vector>
 
 #include "automation/fields.h"
+#include "cli/failure.h"
 #include "cli/files.h"
 #include "cli/output.h"
+#include "cli/sqlite.h"
 
 namespace zr::cli {
 namespace {
@@ -23,95 +26,6 @@ using automation::JsonValue;
 using Kind = JsonValue::Kind;
 
 constexpr std::string_view kMagic = "SQLite format 3";
-
-class Database {
-  public:
-    explicit Database(const std::string& path, int flags) : path_(path) {
-        sqlite3* database = nullptr;
-        const int code = sqlite3_open_v2(path.c_str(), &database, flags, nullptr);
-        database_.reset(database);
-        require(code == SQLITE_OK);
-    }
-
-    void run(const std::string& sql) {
-        require(sqlite3_exec(get(), sql.c_str(), nullptr, nullptr, nullptr) == SQLITE_OK);
-    }
-
-    void require(bool done) const {
-        if (!done) {
-            throw OutputError("Cannot use the database " + path_ + ": " + sqlite3_errmsg(get()) +
-                              ".");
-        }
-    }
-
-    sqlite3* get() const { return database_.get(); }
-
-  private:
-    struct Close {
-        void operator()(sqlite3* database) const { (void)sqlite3_close(database); }
-    };
-    std::string path_;
-    std::unique_ptr<sqlite3, Close> database_;
-};
-
-class Statement {
-  public:
-    Statement(const Database& database, const std::string& sql) : database_(database) {
-        sqlite3_stmt* statement = nullptr;
-        const int code = sqlite3_prepare_v2(database.get(), sql.c_str(), -1, &statement, nullptr);
-        statement_.reset(statement);
-        database.require(code == SQLITE_OK);
-    }
-
-    /// Binds a value to a column, counted from 1. Texts must live until the row is done.
-    void bind(int column, const JsonValue& value) {
-        sqlite3_stmt* const statement = statement_.get();
-        const std::string& text = value.text();
-        if (value.kind() == Kind::kBoolean) {
-            (void)sqlite3_bind_int(statement, column, value.boolean() ? 1 : 0);
-        } else if (value.kind() == Kind::kText) {
-            (void)sqlite3_bind_text64(statement, column, text.data(), text.size(), SQLITE_STATIC,
-                                      SQLITE_UTF8);
-        } else if (value.kind() == Kind::kNumber && text.find('.') != std::string::npos) {
-            double number = 0;
-            (void)std::from_chars(text.data(), text.data() + text.size(), number);
-            (void)sqlite3_bind_double(statement, column, number);
-        } else if (value.kind() == Kind::kNumber) {
-            std::int64_t number = 0;
-            (void)std::from_chars(text.data(), text.data() + text.size(), number);
-            bind(column, number);
-        }
-    }
-    void bind(int column, std::int64_t number) {
-        (void)sqlite3_bind_int64(statement_.get(), column, number);
-    }
-    void bind(int column, std::string_view text) {
-        (void)sqlite3_bind_text64(statement_.get(), column, text.data(), text.size(), SQLITE_STATIC,
-                                  SQLITE_UTF8);
-    }
-
-    /// Runs the statement as far as its next row; false at the end, when it can be bound anew.
-    bool step() {
-        const int code = sqlite3_step(statement_.get());
-        database_.require(code == SQLITE_ROW || code == SQLITE_DONE);
-        if (code == SQLITE_DONE) {
-            (void)sqlite3_reset(statement_.get());
-            (void)sqlite3_clear_bindings(statement_.get());
-        }
-        return code == SQLITE_ROW;
-    }
-    std::string text() const {
-        const unsigned char* const value = sqlite3_column_text(statement_.get(), 0);
-        return value == nullptr ? "" : reinterpret_cast<const char*>(value);
-    }
-
-  private:
-    struct Finalize {
-        void operator()(sqlite3_stmt* statement) const { (void)sqlite3_finalize(statement); }
-    };
-    const Database& database_;
-    std::unique_ptr<sqlite3_stmt, Finalize> statement_;
-};
 
 struct Column {
     std::string_view name;
@@ -265,36 +179,46 @@ class Tables {
     std::int64_t id_ = 0;
 };
 
-template <class Visit>
-void for_each_line(const std::string& path, Visit visit) {
-    const Descriptor file(open_file(path));
-    LineReader lines(file.get(), [] { return true; });
-    for (std::string_view line; lines.next(line);) {
-        visit(line);
-    }
-}
+/// A name that nothing has when this is gone.
+struct Removed {
+    const std::string& name;
+    ~Removed() { (void)::unlink(name.c_str()); }
+};
 
-void fill(const std::string& results_path, const std::string& path,
-          const automation::ResponseFields& fields) {
+/// False where `goes_on` ended it.
+bool fill(const std::string& results_path, const std::string& path,
+          const automation::ResponseFields& fields, const GoesOn& goes_on) {
     Database database(path, SQLITE_OPEN_READWRITE);
     database.run("PRAGMA journal_mode=OFF;PRAGMA synchronous=OFF;BEGIN");
     Tables tables(database, fields);
-    for_each_line(results_path,
-                  [&](std::string_view line) { tables.add(automation::parse_json(line)); });
+    const Descriptor file(open_file(results_path));
+    struct stat status {};
+    (void)::fstat(file.get(), &status);
+    LineReader lines(file.get());
+    std::uint64_t results = 0;
+    std::uint64_t bytes = 0;
+    for (std::string_view line; lines.next(line);) {
+        tables.add(automation::parse_json(line));
+        bytes += line.size() + 1;
+        if (!goes_on(++results, static_cast<double>(bytes) / static_cast<double>(status.st_size))) {
+            return false;
+        }
+    }
     tables.finish();
+    return true;
 }
 
-bool is_database(const std::string& path) {
-    const Descriptor file(open_file(path));
+/// A pipe is none, and nothing of it is read.
+bool is_database(int file) {
     char head[kMagic.size()];
-    return ::read(file.get(), head, sizeof head) == static_cast<ssize_t>(sizeof head) &&
+    return ::pread(file, head, sizeof head, 0) == static_cast<ssize_t>(sizeof head) &&
            std::string_view(head, sizeof head) == kMagic;
 }
 
 }  // namespace
 
-void write_database(const std::string& results_path, const std::string& path,
-                    const automation::ResponseFields& fields) {
+bool write_database(const std::string& results_path, const std::string& path,
+                    const automation::ResponseFields& fields, const GoesOn& goes_on) {
     const std::string temporary = results_path + ".db";
     (void)::unlink(temporary.c_str());  // of a run that was killed
     const int descriptor =
@@ -307,19 +231,41 @@ void write_database(const std::string& results_path, const std::string& path,
         (void)::fchmod(descriptor, before.st_mode & 07777U);
     }
     Output output(path, temporary, descriptor);
-    try {
-        fill(results_path, temporary, fields);
-    } catch (...) {
-        (void)::unlink(temporary.c_str());
-        throw;
+    const Removed removed{temporary};
+    if (!fill(results_path, temporary, fields, goes_on)) {
+        return false;
     }
     (void)::lseek(descriptor, 0, SEEK_END);  // what is before is the database
     output.finish();
+    return true;
+}
+
+std::vector<std::string> outputs_in(const std::vector<std::string>& names) {
+    std::vector<std::string> outputs;
+    for (const std::string& name : names) {
+        std::error_code error;
+        if (!std::filesystem::is_directory(name, error)) {
+            outputs.push_back(name);
+            continue;
+        }
+        for (const auto& entry : std::filesystem::directory_iterator(name, error)) {
+            const std::string file = entry.path().filename().string();
+            if (entry.is_regular_file() && !file.starts_with('.') &&
+                file.find(".part") == std::string::npos) {
+                outputs.push_back(entry.path().string());
+            }
+        }
+        if (error) {
+            throw MisuseError("Cannot read " + name + ": " + error.message() + ".");
+        }
+    }
+    return outputs;
 }
 
 std::set<std::string> earlier_files(const std::string& path, bool failed_only) {
     std::set<std::string> files;
-    if (is_database(path)) {
+    const Descriptor input(open_file(path));
+    if (is_database(input.get())) {
         const Database database(path, SQLITE_OPEN_READONLY);
         Statement rows(database, std::string("SELECT File FROM replies") +
                                      (failed_only ? " WHERE NOT Result" : ""));
@@ -328,10 +274,14 @@ std::set<std::string> earlier_files(const std::string& path, bool failed_only) {
         }
         return files;
     }
-    for_each_line(path, [&](std::string_view line) {
+    LineReader lines(input.get());
+    for (std::string_view line; lines.next(line);) {
+        if (files.empty() && line.starts_with("File,")) {
+            throw MisuseError(path + " is csv: name an output of json or sqlite.");
+        }
         if (!line.starts_with('{')) {
-            files.insert(std::string(line));
-            return;
+            files.emplace(line.substr(0, line.find('\r')));
+            continue;
         }
         const JsonValue result = automation::parse_json(line);
         const JsonValue* const file = result.find("File");
@@ -339,7 +289,7 @@ std::set<std::string> earlier_files(const std::string& path, bool failed_only) {
         if (file != nullptr && done != nullptr && !(failed_only && done->boolean())) {
             files.insert(file->text());
         }
-    });
+    }
     files.erase("");
     return files;
 }

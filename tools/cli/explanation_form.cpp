@@ -20,12 +20,9 @@ void write_origins(automation::JsonWriter& json, const std::vector<Origin>& orig
     json.begin_array();
     for (const Origin& origin : origins) {
         json.begin_object();
-        json.name("Path");
-        json.text(origin.path);
-        json.name("Line");
-        json.number(static_cast<std::int64_t>(origin.position.line));
-        json.name("Column");
-        json.number(static_cast<std::int64_t>(origin.position.column));
+        json.text("Path", origin.path);
+        json.number("Line", origin.position.line);
+        json.number("Column", origin.position.column);
         json.end_object();
     }
     json.end_array();

@@ -112,7 +112,8 @@ std::string read_text_file(const std::string& path) {
 Descriptor::~Descriptor() { ::close(descriptor_); }
 
 int open_file(const std::string& path) {
-    const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    const int descriptor = path == "-" ? ::fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, 0)
+                                       : ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
     if (descriptor < 0) {
         unreadable(path, errno);
     }

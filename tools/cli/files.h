@@ -38,7 +38,7 @@ class Descriptor {
     int descriptor_;
 };
 
-/// Opens a file to read it. Throws MisuseError.
+/// Opens a file, "-" for standard input, to read it. Throws MisuseError.
 int open_file(const std::string& path);
 
 /// Reads the lines of an input.
@@ -46,8 +46,9 @@ class LineReader {
   public:
     /// `before_waiting` is called before each read, which may wait for whoever writes the input;
     /// the input ends where it answers false, and after `limit` bytes.
-    LineReader(int descriptor, std::function<bool()> before_waiting,
-               std::uint64_t limit = std::numeric_limits<std::uint64_t>::max())
+    explicit LineReader(
+        int descriptor, std::function<bool()> before_waiting = [] { return true; },
+        std::uint64_t limit = std::numeric_limits<std::uint64_t>::max())
         : descriptor_(descriptor), before_waiting_(std::move(before_waiting)), left_(limit) {}
 
     /// The next line without its line feed, valid until the next call; false at the end. Throws

@@ -98,10 +98,9 @@ void complete_batch(Given& given) {
         const std::set<std::string> files = earlier_files(given.files_from, true);
         given.reply_files.insert(given.reply_files.end(), files.begin(), files.end());
     }
-    if (!given.only_new.empty()) {
-        batch.done = earlier_files(given.only_new, false);
+    for (const std::string& output : given.only_new) {
+        batch.done.merge(earlier_files(output, false));
     }
-    batch.may_be_none = !given.files_from.empty() || !given.only_new.empty();
     invocation.many = invocation.command->id == kCheck || batch.database || batch.may_be_none ||
                       given.jobs || given.shard || batch.resume || !batch.input.empty() ||
                       given.reply_files.size() > 1 ||
@@ -120,9 +119,11 @@ void complete_batch(Given& given) {
     if (batch.resume && place_of(invocation.output_path) != Place::kFile) {
         throw MisuseError("--resume goes on with a file: name it with --output.");
     }
-    if (!batch.input.empty()) {
-        invocation.ndjson = true;
-    } else if (given.reply_files.empty() && !invocation.ndjson && !batch.may_be_none) {
+    invocation.ndjson = invocation.ndjson || !batch.input.empty();
+    if (invocation.ndjson && batch.may_be_none) {
+        throw MisuseError("--files-from and --only-new are for replies in files, not for jobs.");
+    }
+    if (!invocation.ndjson && given.reply_files.empty() && given.files_from.empty()) {
         throw MisuseError("Name files or folders of replies, or --input FILE of jobs.");
     }
     if (!invocation.beside.empty() ||
@@ -231,8 +232,11 @@ Invocation complete(Given& given) {
             job.response_date = convert::to_host_date(date.text());
         }
     }
-    invocation.inputs = {given.settings_file,   given.request_file, invocation.batch.input,
-                         invocation.known_path, given.files_from,   given.only_new};
+    invocation.inputs = {given.settings_file, given.request_file, invocation.batch.input,
+                         invocation.known_path, given.files_from};
+    invocation.batch.may_be_none = !given.files_from.empty() || !given.only_new.empty();
+    given.only_new = outputs_in(given.only_new);
+    std::ranges::copy(given.only_new, std::back_inserter(invocation.inputs));
     for (const std::string& file : given.reply_files) {
         invocation.inputs.push_back(file);
     }

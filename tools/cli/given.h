@@ -30,7 +30,7 @@ struct Given : Invocation {
     std::string field_names;
     std::string input;
     std::string files_from;
-    std::string only_new;
+    std::vector<std::string> only_new;
     bool resume = false;
     bool quiet = false;
     std::optional<std::string> jobs;

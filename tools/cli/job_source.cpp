@@ -11,10 +11,10 @@
 #include <functional>
 #include <limits>
 
+#include "cli/answer.h"
 #include "cli/failure.h"
 #include "cli/files.h"
 #include "cli/fingerprint.h"
-#include "cli/ndjson.h"
 #include "cli/output.h"
 #include "cli/reply_files.h"
 
@@ -188,7 +188,7 @@ std::string range_identity(int descriptor, const Range& range) {
 class LineSource final : public JobSource {
   public:
     LineSource(const std::string& path, const Shard& shard, const Event& stop)
-        : file_(path.empty() ? ::dup(STDIN_FILENO) : open_file(path)),
+        : file_(open_file(path)),
           stop_(stop),
           range_(range(file_.get(), shard)),
           lines_(

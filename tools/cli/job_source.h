@@ -60,7 +60,7 @@ std::unique_ptr<JobSource> make_file_source(const std::vector<std::string>& name
                                             const Shard& shard, const std::string& output,
                                             const std::set<std::string>& done, bool may_be_none);
 
-/// Jobs as lines of a file; of standard input for an empty path. A part of the input is the lines
+/// Jobs as lines of a file; of standard input for "-". A part of the input is the lines
 /// that begin in its share of the bytes. Throws MisuseError for an input that cannot be read, and
 /// for a part of one that is not a file.
 std::unique_ptr<JobSource> make_line_source(const std::string& path, const Shard& shard,

@@ -53,8 +53,7 @@ void append_part(std::string& text, const ReportDefinition& report, const Report
 void write_members(automation::JsonWriter& json,
                    std::initializer_list<std::pair<std::string_view, std::string>> members) {
     for (const auto& [name, text] : members) {
-        json.name(name);
-        json.text(text);
+        json.text(name, text);
     }
 }
 

@@ -36,11 +36,11 @@ struct Outcome {
     bool result = false;
     std::string error_message;  ///< "" when the result is true
     Failure failure;            ///< the same for programs
-    std::string warning;        ///< what makes the response doubtful; "" when nothing does
-    std::string request_xml;    ///< of compose
+    std::string warning{};      ///< what makes the response doubtful; "" when nothing does
+    std::string request_xml{};  ///< of compose
     /// Of the others, with whatever was kept where the result is false; none where there was no
     /// job.
-    std::shared_ptr<const Response> response;
+    std::shared_ptr<const Response> response{};
     std::vector<Finding> findings{};           ///< where the job asks for a check
     std::optional<Explanation> explanation{};  ///< and for where everything comes from
 };

@@ -47,8 +47,8 @@ const std::vector<Option>& own_options() {
         {kGeneral, kStored, "--known", "FILE",
          "Pass over the findings in this result of check --format json", &Given::known_path},
         {kGeneral, kSending, "--no-guard", "",
-         "Send also what is probably a mistake: unknown options and descriptions, an enquiry about "
-         "nobody, an address that is not set",
+         "Send also what is probably a mistake: unknown options and descriptions, an enquiry "
+         "about nobody, an address that is not set",
          &Given::no_guard},
         {kGeneral, kSending | kVerify, "--verbose", "",
          "Tell of each exchange: address, proxy, TLS, certificate, times, status and sizes; no "
@@ -94,8 +94,8 @@ const std::vector<Option>& own_options() {
         {kOutput, kReporting, "--json", "FILE", "File for the JSON result, beside the report",
          Format::kJson},
         {kOutput, kReporting, "--html", "FILE",
-         "File for the HTML of the reply, beside the report; made by the service's installed sheet "
-         "unless --xslt-file-name names another",
+         "File for the HTML of the reply, beside the report; made by the service's installed "
+         "sheet unless --xslt-file-name names another",
          Format::kHtml},
         {kOutput, kDiff, "--totals", "", "Only how often each field and label changed",
          &Given::totals_only},
@@ -113,11 +113,12 @@ const std::vector<Option>& own_options() {
          "File of jobs, one JSON job a line; - for standard input", &Given::input},
         {kMany, kTranslate, "--files-from", "FILE",
          "File that names replies, one a line, or an earlier output, of which those that failed "
-         "are "
-         "translated again",
+         "are translated again",
          &Given::files_from},
         {kMany, kTranslate, "--only-new", "FILE",
-         "Pass over the replies that this earlier output has, of json or sqlite", &Given::only_new},
+         "Pass over the replies that this earlier output has, of json or sqlite, or all outputs "
+         "in this folder; any number",
+         &Given::only_new},
         {kMany, kStored, "--shard", "i/n",
          "Only the i-th of n parts of the input; the parts' results one behind the other are the "
          "results of the whole",
@@ -278,13 +279,13 @@ std::span<const Note> notes() {
          "or in the environment. An option wins over the environment, which wins over the file."},
         {kTranslate,
          "Many replies (several files, a folder, sqlite, or any option of that section) give one "
-         "JSON result a line in the order of the input, headed by \"File\" where replies "
-         "are files. A reply that fails is told on standard error and the run goes on. Exit "
-         "status: 0 when all were translated, 1 when any failed, 130 or 143 when interrupted."},
+         "JSON result a line in the order of the input, headed by \"File\" where replies are "
+         "files. A reply that fails is told on standard error and the run goes on. Exit status: 0 "
+         "when all were translated, 1 when any failed, 130 or 143 when interrupted."},
         {kDiff,
          "Results of files are matched by the file, others by their line; lines by group, "
-         "sub-group "
-         "and name. Exit status: 0 when nothing changed, 1 when anything did, 2 for trouble."},
+         "sub-group and name. Exit status: 0 when nothing changed, 1 when anything did, 2 for "
+         "trouble."},
         {kCheck,
          "Tells of all replies together which elements and attributes no line, field or count "
          "shows, what is read as an amount, date or code and is none, which figures disagree, and "

@@ -4,7 +4,6 @@
 #include <sys/types.h>
 
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <string_view>
 
@@ -71,11 +70,5 @@ class Output {
     std::uint64_t unsynced_ = 0;  ///< bytes
     std::string pending_;
 };
-
-/// Has `write` write to `output` a result that cannot be had again, and `settle` be done with it;
-/// where either fails the result goes to a file that only its owner can read, else to standard
-/// output, and RescuedError, which is thrown, tells where.
-void write_or_rescue(Output& output, const std::function<void(Output&)>& write,
-                     void (Output::*settle)());
 
 }  // namespace zr::cli

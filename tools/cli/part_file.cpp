@@ -112,7 +112,7 @@ void PartFile::go_on(RunIdentity& identity, const ReadResult& read_result) {
 void PartFile::count_results(const ReadResult& read_result) {
     const auto size = static_cast<std::uint64_t>(::lseek(descriptor_, 0, SEEK_END));
     ::lseek(descriptor_, 0, SEEK_SET);
-    LineReader lines(descriptor_, [] { return true; });
+    LineReader lines(descriptor_);
     std::uint64_t whole = 0;
     std::string_view line;
     while (lines.next(line) && whole + line.size() < size) {  // no torn line at the end
@@ -145,12 +145,15 @@ void PartFile::finish() {
     complete_ = true;
 }
 
-void PartFile::finish(const std::function<void(const std::string& part_path)>& convert) {
+bool PartFile::finish(const std::function<bool(const std::string& part_path)>& convert) {
     output_.sync();
-    convert(part_path_);
+    if (!convert(part_path_)) {
+        return false;
+    }
     (void)::unlink(run_path_.c_str());
     (void)::unlink(part_path_.c_str());
     complete_ = true;
+    return true;
 }
 
 }  // namespace zr::cli

@@ -53,8 +53,9 @@ class PartFile {
     Output& output() { return output_; }
     /// Everything is written: the part file takes the file's name.
     void finish();
-    /// Everything is written: `convert` makes the file of the part file, which then is gone.
-    void finish(const std::function<void(const std::string& part_path)>& convert);
+    /// Everything is written: `convert` makes the file of the part file, which then is gone. False,
+    /// and the part file stays, where it does not.
+    bool finish(const std::function<bool(const std::string& part_path)>& convert);
 
   private:
     void start_over(const RunIdentity& identity);

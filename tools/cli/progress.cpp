@@ -34,7 +34,7 @@ std::string clock_text(std::chrono::seconds duration) {
 std::string progress_line(const Standing& standing, double first_share, double seconds,
                           std::size_t width) {
     const std::uint64_t done = standing.translated + standing.failed;
-    std::string figures = std::to_string(done) + " done";
+    std::string figures = std::to_string(done) + " " + std::string(standing.done);
     if (seconds > 0) {
         figures += ", " + std::to_string(std::llround(static_cast<double>(done) / seconds)) + "/s";
     }

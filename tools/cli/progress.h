@@ -16,6 +16,7 @@ struct Standing {
     std::uint64_t failed = 0;
     std::uint64_t doubtful = 0;  ///< of those translated
     double share = 0;            ///< of the input, from 0 to 1; negative when its size is not known
+    std::string_view done = "done";  ///< what is said of those
 };
 
 /// "01:05", or "1:02:03" from an hour on.

@@ -1,150 +1,17 @@
 #include "cli/result_diff.h"
 
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <algorithm>
-#include <functional>
 #include <utility>
 
-#include "cli/failure.h"
 #include "cli/files.h"
 #include "cli/report_text.h"
+#include "cli/result_index.h"
 #include "values/text.h"
 
 namespace zr::cli {
 namespace {
 
 using automation::JsonValue;
-
-/// Throws MisuseError where the line is none.
-JsonValue parse_result(std::string_view line, const std::string& path, std::uint64_t number) {
-    try {
-        JsonValue result = automation::parse_json(line);
-        if (result.find("Result") != nullptr) {
-            return result;
-        }
-    } catch (const automation::JsonError&) {
-        // said below
-    }
-    throw MisuseError("Line " + std::to_string(number) + " of " + path + " is no result.");
-}
-
-/// What a result is matched by: the file that heads it, or its line.
-std::string name_of(std::string_view line, const std::string& path, std::uint64_t number) {
-    constexpr std::string_view kHead = "{\"File\":";
-    if (line.starts_with(kHead)) {
-        std::size_t end = kHead.size() + 1;
-        while (end < line.size() && line[end] != '"') {
-            end += line[end] == '\\' ? 2 : 1;
-        }
-        try {
-            return automation::parse_json(line.substr(kHead.size(), end + 1 - kHead.size())).text();
-        } catch (const automation::JsonError&) {
-            // as the whole line
-        }
-    }
-    const JsonValue result = parse_result(line, path, number);
-    const JsonValue* const file = result.find("File");
-    return file == nullptr ? "line " + std::to_string(number) : file->text();
-}
-
-/// Where the results of a file are, by their names.
-class ResultIndex {
-  public:
-    explicit ResultIndex(const std::string& path) : path_(path), file_(open_file(path)) {
-        struct stat status {};
-        if (::fstat(file_.get(), &status) != 0 || !S_ISREG(status.st_mode)) {
-            throw MisuseError(path + " is no file: the newer results are read at any place.");
-        }
-        const Descriptor whole(open_file(path));
-        LineReader lines(whole.get(), [] { return true; });
-        std::uint64_t offset = 0;
-        std::uint64_t number = 0;
-        for (std::string_view line; lines.next(line); offset += line.size() + 1) {
-            refuse_too_long(lines, path);
-            if (!line.empty()) {
-                places_.push_back({hash(name_of(line, path, ++number)), number, offset,
-                                   static_cast<std::uint32_t>(line.size())});
-            }
-        }
-        std::ranges::stable_sort(places_, {}, &Place::hash);
-        seen_.resize(places_.size());
-    }
-
-    static void refuse_too_long(const LineReader& lines, const std::string& path) {
-        if (lines.too_long()) {
-            throw MisuseError(path + " has a line of more than 256 MiB.");
-        }
-    }
-
-    /// The first result with this name that was not taken yet; false when there is none.
-    bool take(const std::string& name, std::string& line) {
-        auto place = std::ranges::lower_bound(places_, hash(name), {}, &Place::hash);
-        for (; place != places_.end() && place->hash == hash(name); ++place) {
-            const auto at = static_cast<std::size_t>(place - places_.begin());
-            if (seen_[at]) {
-                continue;
-            }
-            read(*place, line);
-            if (name_of(line, path_, place->number) == name) {
-                seen_[at] = true;
-                last_ = place->number;
-                return true;
-            }
-        }
-        return false;
-    }
-
-    /// The line of the result taken last.
-    std::uint64_t number_of_last() const { return last_; }
-
-    /// The names of those that nobody took, in the order of the file.
-    std::vector<std::string> left() const {
-        std::vector<Place> places;
-        for (std::size_t at = 0; at < places_.size(); ++at) {
-            if (!seen_[at]) {
-                places.push_back(places_[at]);
-            }
-        }
-        std::ranges::sort(places, {}, &Place::number);
-        std::vector<std::string> names;
-        std::string line;
-        for (const Place& place : places) {
-            read(place, line);
-            names.push_back(name_of(line, path_, place.number));
-        }
-        return names;
-    }
-
-  private:
-    struct Place {
-        std::size_t hash;
-        std::uint64_t number;  ///< 1-based
-        std::uint64_t offset;
-        std::uint32_t size;
-    };
-
-    static std::size_t hash(const std::string& name) { return std::hash<std::string>{}(name); }
-
-    void read(const Place& place, std::string& line) const {
-        line.resize(place.size);
-        for (std::size_t done = 0; done < line.size();) {
-            const ssize_t count = ::pread(file_.get(), line.data() + done, line.size() - done,
-                                          static_cast<off_t>(place.offset + done));
-            if (count <= 0) {
-                throw MisuseError("Cannot read " + path_ + " any more.");
-            }
-            done += static_cast<std::size_t>(count);
-        }
-    }
-
-    std::string path_;
-    Descriptor file_;
-    std::vector<Place> places_;
-    std::vector<bool> seen_;
-    std::uint64_t last_ = 0;
-};
 
 std::string joined(const std::vector<std::string>& label) {
     std::string text;
@@ -198,7 +65,7 @@ ResultDiff::ResultDiff(Output& output, bool as_json, bool totals_only)
 bool ResultDiff::compare(const std::string& before, const std::string& after) {
     ResultIndex index(after);
     const Descriptor file(open_file(before));
-    LineReader lines(file.get(), [] { return true; });
+    LineReader lines(file.get());
     if (as_json_) {
         json_.begin_object();
         json_.name("Replies");
@@ -207,7 +74,7 @@ bool ResultDiff::compare(const std::string& before, const std::string& after) {
     std::uint64_t number = 0;
     std::string other;
     for (std::string_view line; lines.next(line);) {
-        ResultIndex::refuse_too_long(lines, before);
+        refuse_too_long(lines, before);
         if (line.empty()) {
             continue;
         }
@@ -285,8 +152,7 @@ void ResultDiff::tell_as_json(const std::string& name, std::string_view state,
             json_.begin_object();
             constexpr std::string_view kLabels[] = {"Group", "SubGroup", "Name"};
             for (std::size_t at = 0; at < change.label.size(); ++at) {
-                json_.name(lines ? kLabels[at] : "Name");
-                json_.text(change.label[at]);
+                json_.text(lines ? kLabels[at] : "Name", change.label[at]);
             }
             write_value("Before", change.before);
             write_value("After", change.after);
@@ -295,10 +161,8 @@ void ResultDiff::tell_as_json(const std::string& name, std::string_view state,
         json_.end_array();
     };
     json_.begin_object();
-    json_.name("Reply");
-    json_.text(name);
-    json_.name("State");
-    json_.text(state);
+    json_.text("Reply", name);
+    json_.text("State", state);
     write_changes("Fields", false);
     write_changes("Lines", true);
     json_.end_object();
@@ -323,27 +187,22 @@ void ResultDiff::write_totals() {
 }
 
 void ResultDiff::write_json_totals() {
-    const auto write_number = [&](std::string_view name, std::uint64_t value) {
-        json_.name(name);
-        json_.number(static_cast<std::int64_t>(value));
-    };
     json_.end_array();
     json_.name("Totals");
     json_.begin_array();
     for (const auto& [label, total] : totals_) {
         json_.begin_object();
-        json_.name("Label");
-        json_.text(label);
-        write_number("Changed", total.changed);
-        write_number("Added", total.added);
-        write_number("Removed", total.removed);
+        json_.text("Label", label);
+        json_.number("Changed", total.changed);
+        json_.number("Added", total.added);
+        json_.number("Removed", total.removed);
         json_.end_object();
     }
     json_.end_array();
-    write_number("Same", same_);
-    write_number("Changed", different_);
-    write_number("OnlyBefore", only_before_);
-    write_number("OnlyAfter", only_after_);
+    json_.number("Same", same_);
+    json_.number("Changed", different_);
+    json_.number("OnlyBefore", only_before_);
+    json_.number("OnlyAfter", only_after_);
     json_.end_object();
     output_.write(json_.view());
     output_.write("\n");

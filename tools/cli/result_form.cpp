@@ -89,26 +89,19 @@ void write_result(automation::JsonWriter& json, Operation operation, const Outco
                   const ResponseFields& fields, std::string_view file) {
     json.begin_object();
     if (!file.empty()) {
-        json.name("File");
-        json.text(file);
+        json.text("File", file);
     }
-    json.name("Result");
-    json.boolean(outcome.result);
-    json.name("ErrorMessage");
-    json.text(outcome.error_message);
+    json.boolean("Result", outcome.result);
+    json.text("ErrorMessage", outcome.error_message);
     if (!outcome.result) {
-        json.name("ErrorKind");
-        json.text(failure_kind_name(outcome.failure.kind));
-        json.name("ErrorCode");
-        json.text(outcome.failure.code);
+        json.text("ErrorKind", failure_kind_name(outcome.failure.kind));
+        json.text("ErrorCode", outcome.failure.code);
     }
     if (!outcome.warning.empty()) {
-        json.name("Warning");
-        json.text(outcome.warning);
+        json.text("Warning", outcome.warning);
     }
     if (operation == Operation::kCompose) {
-        json.name("RequestXML");
-        json.text(outcome.request_xml);
+        json.text("RequestXML", outcome.request_xml);
     } else {
         json.name("Response");
         if (outcome.response != nullptr) {

@@ -14,22 +14,17 @@ namespace {
 
 using automation::JsonWriter;
 
-/// Writes `{"type":"object","properties":{...}}` around what `members` writes.
+/// Writes `{"type":"object","additionalProperties":false,"properties":{...}}` around what `members`
+/// writes: a name that this version does not have is a mistake.
 template <class Members>
-void write_object(JsonWriter& json, bool closed, Members members, std::string_view title = {}) {
+void write_object(JsonWriter& json, Members members, std::string_view title = {}) {
     json.begin_object();
     if (!title.empty()) {
-        json.name("$schema");
-        json.text("https://json-schema.org/draft/2020-12/schema");
-        json.name("title");
-        json.text(title);
+        json.text("$schema", "https://json-schema.org/draft/2020-12/schema");
+        json.text("title", title);
     }
-    json.name("type");
-    json.text("object");
-    if (closed) {
-        json.name("additionalProperties");
-        json.boolean(false);
-    }
+    json.text("type", "object");
+    json.boolean("additionalProperties", false);
     json.name("properties");
     json.begin_object();
     members();
@@ -41,10 +36,9 @@ template <class Members>
 void write_array(JsonWriter& json, std::string_view name, Members members) {
     json.name(name);
     json.begin_object();
-    json.name("type");
-    json.text("array");
+    json.text("type", "array");
     json.name("items");
-    write_object(json, false, members);
+    write_object(json, members);
     json.end_object();
 }
 
@@ -62,10 +56,8 @@ void write_types(JsonWriter& json, std::string_view type, std::string_view other
 
 void write_range(JsonWriter& json, std::int64_t least, std::int64_t most) {
     write_types(json, "integer");
-    json.name("minimum");
-    json.number(least);
-    json.name("maximum");
-    json.number(most);
+    json.number("minimum", least);
+    json.number("maximum", most);
 }
 
 /// A member of a type, as it is taken (`given`) or as it is written.
@@ -96,11 +88,9 @@ void write_member(JsonWriter& json, std::string_view name, ValueType type, std::
             break;
     }
     if (type == ValueType::kDate && !given) {
-        json.name("pattern");
-        json.text("^[0-9]{4}-[0-9]{2}-[0-9]{2}(T[0-9]{2}:[0-9]{2}:[0-9]{2})?$");
+        json.text("pattern", "^[0-9]{4}-[0-9]{2}-[0-9]{2}(T[0-9]{2}:[0-9]{2}:[0-9]{2})?$");
     }
-    json.name("description");
-    json.text(meaning);
+    json.text("description", meaning);
     json.end_object();
 }
 
@@ -125,10 +115,9 @@ void write_options(JsonWriter& json) {
     json.name("Options");
     json.begin_object();
     write_types(json, "object");
-    json.name("description");
-    json.text("product options by id");
+    json.text("description", "product options by id");
     json.name("additionalProperties");
-    write_object(json, true, [&] {
+    write_object(json, [&] {
         write_member(json, "Checked", ValueType::kBoolean, "whether it is selected", true);
         write_member(json, "Value", ValueType::kText, "its text", true);
         write_member(json, "Tag", ValueType::kText, "the host's own", true);
@@ -175,21 +164,21 @@ void write_kinds(JsonWriter& json) {
 
 void write_job_schema(JsonWriter& json) {
     write_object(
-        json, true,
+        json,
         [&] {
             for (const JobMember& member : job_members()) {
                 write_member(json, member.name, member.type, member.meaning, true);
             }
             json.name("Request");
-            write_object(json, true, [&] {
+            write_object(json, [&] {
                 write_given(json, request_properties());
                 write_options(json);
             });
             json.name("Services");
-            write_object(json, true, [&] {
+            write_object(json, [&] {
                 for_each_service([&](const Service& service) {
                     json.name(service.ServiceName());
-                    write_object(json, true, [&] { write_given(json, service.settings()); });
+                    write_object(json, [&] { write_given(json, service.settings()); });
                 });
             });
             write_member(json, "ResponseXML", ValueType::kText, "the stored reply, of translate",
@@ -200,7 +189,7 @@ void write_job_schema(JsonWriter& json) {
 
 void write_result_schema(JsonWriter& json) {
     write_object(
-        json, false,
+        json,
         [&] {
             const auto text = [&](std::string_view name, std::string_view meaning) {
                 write_member(json, name, ValueType::kText, meaning, false);
@@ -220,7 +209,7 @@ void write_result_schema(JsonWriter& json) {
             json.begin_object();
             write_types(json, "null");
             json.end_object();
-            write_object(json, false, [&] {
+            write_object(json, [&] {
                 for (const Property<Response>& property : response_properties()) {
                     write_member(json, property.name, property.type, property.meaning, false);
                 }
@@ -232,7 +221,7 @@ void write_result_schema(JsonWriter& json) {
             json.end_array();
             json.end_object();
             json.name("Explanation");
-            write_object(json, false, [&] { write_explanation_schema(json); });
+            write_object(json, [&] { write_explanation_schema(json); });
         },
         "The result of a job");
 }

@@ -1,10 +1,8 @@
-#include "services/b2bay/catalogue.h"
-
 #include <span>
 #include <string_view>
 
+#include "services/b2bay/services.h"
 #include "services/b2bay/street_types.h"
-#include "services/catalogue_rows.h"
 #include "services/vedaxml_nz/codes.h"
 
 namespace zr::b2bay {
@@ -101,9 +99,6 @@ constexpr ProductRow kProducts[] = {
 
 }  // namespace
 
-void build_catalogue(Products& products, CodeTableCollection& code_tables) {
-    add_products(products, kProducts);
-    add_code_tables(code_tables, kServiceTables);
-}
+constinit const CatalogueRows kCatalogue = {kProducts, kServiceTables};
 
 }  // namespace zr::b2bay

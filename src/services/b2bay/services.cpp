@@ -1,8 +1,7 @@
 #include "services/b2bay/services.h"
 
-#include "services/b2bay/catalogue.h"
 #include "services/b2bay/reports.h"
-#include "services/vedaxml_au/catalogue.h"
+#include "services/vedaxml_au/service.h"
 #include "zrcreditbureau/b2bay_services.h"
 
 namespace zr::b2bay {
@@ -38,16 +37,15 @@ const Translator& translator() {
     return translator;
 }
 
-using CatalogueBuilder = void (*)(Products&, CodeTableCollection&);
-
 template <class Face, ReportDefinition (*report)()>
 constexpr ServiceDefinition imports(std::string_view country, std::string_view name,
-                                    std::string_view friendly_name, CatalogueBuilder catalogue) {
+                                    std::string_view friendly_name,
+                                    const CatalogueRows& catalogue) {
     return {.country = country,
             .name = name,
             .friendly_name = friendly_name,
             .obsolete = true,
-            .build_catalogue = catalogue,
+            .catalogue = &catalogue,
             .translator = translator<report>,
             .settings = settings,
             .make = ServiceEngine::make<Face, B2BayEngine>};
@@ -56,11 +54,11 @@ constexpr ServiceDefinition imports(std::string_view country, std::string_view n
 }  // namespace
 
 constinit const ServiceDefinition kAustralia = imports<ServiceB2BayAU, australian_report>(
-    "AU", "B2BayAU", "Baycorp B2Bay (Australia)", build_australian_catalogue);
+    "AU", "B2BayAU", "Baycorp B2Bay (Australia)", australia::kCatalogue);
 constinit const ServiceDefinition kNewZealand = imports<ServiceB2BayNZ, new_zealand_report>(
-    "NZ", "B2BayNZ", "Baycorp B2Bay (New Zealand)", build_catalogue);
+    "NZ", "B2BayNZ", "Baycorp B2Bay (New Zealand)", kCatalogue);
 constinit const ServiceDefinition kNewZealandVersion2 =
     imports<ServiceB2BayNZ_V2, version_2::new_zealand_report>(
-        "NZ", "B2BayNZ_V2", "Baycorp B2Bay Version 2 (New Zealand)", version_2::build_catalogue);
+        "NZ", "B2BayNZ_V2", "Baycorp B2Bay Version 2 (New Zealand)", version_2::kCatalogue);
 
 }  // namespace zr::b2bay

@@ -5,6 +5,12 @@
 
 namespace zr::b2bay {
 
+// The catalogues of the New Zealand reports.
+extern const CatalogueRows kCatalogue;
+namespace version_2 {
+extern const CatalogueRows kCatalogue;
+}
+
 extern const ServiceDefinition kAustralia;
 extern const ServiceDefinition kNewZealand;
 extern const ServiceDefinition kNewZealandVersion2;

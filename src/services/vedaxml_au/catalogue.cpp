@@ -1,12 +1,10 @@
-#include "services/vedaxml_au/catalogue.h"
-
 #include <span>
 #include <string_view>
 
-#include "services/catalogue_rows.h"
+#include "services/vedaxml_au/service.h"
 #include "services/vedaxml_au/street_types.h"
 
-namespace zr {
+namespace zr::australia {
 namespace {
 
 // Account types by product: code, description.
@@ -105,33 +103,23 @@ constexpr std::string_view kCommercialFields =
     "[BureauFileId][Employer][Occupation][DriversLicenceNumber][UnitNumber]"
     "[StreetNumber][Property][StreetName][StreetType][Suburb][State][Postcode]";
 
-/// The products in their order: all available, chargeable enquiries about a person.
-constexpr struct {
-    std::string_view id;
-    std::string_view request_options;
-    std::span<const OptionRow> options;
-    std::span<const CodeRow> account_types;
-} kProducts[] = {
-    {"consumer-enquiry", kConsumerFields, kConsumerOptions, kConsumerAccountTypes},
-    {"consumer-plus-commercial-enquiry", kConsumerPlusCommercialFields,
-     kConsumerPlusCommercialOptions, kConsumerPlusCommercialAccountTypes},
-    {"commercial-enquiry", kCommercialFields, kCommercialOptions, kCommercialAccountTypes},
-    {"commercial-plus-consumer-enquiry", kCommercialFields, kCommercialOptions,
-     kCommercialAccountTypes},
+constexpr CodeTableRow kConsumerTables[] = {{"AccountTypes", kConsumerAccountTypes}};
+constexpr CodeTableRow kConsumerPlusCommercialTables[] = {
+    {"AccountTypes", kConsumerPlusCommercialAccountTypes}};
+constexpr CodeTableRow kCommercialTables[] = {{"AccountTypes", kCommercialAccountTypes}};
+
+/// The products in their order.
+constexpr ProductRow kProducts[] = {
+    {"consumer-enquiry", true, kConsumerFields, kConsumerOptions, kConsumerTables},
+    {"consumer-plus-commercial-enquiry", true, kConsumerPlusCommercialFields,
+     kConsumerPlusCommercialOptions, kConsumerPlusCommercialTables},
+    {"commercial-enquiry", true, kCommercialFields, kCommercialOptions, kCommercialTables},
+    {"commercial-plus-consumer-enquiry", true, kCommercialFields, kCommercialOptions,
+     kCommercialTables},
 };
 
 }  // namespace
 
-void build_australian_catalogue(Products& products, CodeTableCollection& code_tables) {
-    for (const auto& row : kProducts) {
-        Product& product =
-            Component::add(products, row.id, true, zreProductType::zreProductTypeEnquiry, true);
-        Component::set(product.RequestOptions, row.request_options);
-        Component::set(product.Chargeable, true);
-        add_options(product, row.options);
-        Component::add(Component::code_tables(product), "AccountTypes", row.account_types);
-    }
-    add_code_tables(code_tables, kServiceTables);
-}
+constinit const CatalogueRows kCatalogue = {kProducts, kServiceTables};
 
-}  // namespace zr
+}  // namespace zr::australia

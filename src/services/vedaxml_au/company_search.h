@@ -1,21 +1,17 @@
 // The candidates of an Australian company search.
 #pragma once
 
-#include "xml/xml_document.h"
+#include "reports/record_fields.h"
 #include "zrcreditbureau/company_selections.h"
 
 namespace zr::australia {
 
-/// The paths of a company search's candidates, and of what is under each.
+/// Where a reply has a search's candidates, and what is under each.
 struct SearchPaths {
     explicit SearchPaths(XmlNames& names);
 
     XmlPath candidate;
-    XmlPath name;
-    XmlPath organisation_type;
-    XmlPath entity_type;
-    XmlPath status;
-    XmlPath registration_area;
+    RecordFields<CompanySelection> fields;
     XmlPath reference;
     XmlPath number_heading;
     XmlPath organisation_number;

@@ -101,12 +101,8 @@ void write_individual(ZRXMLBuilder& builder, const Request& request,
     builder.WriteAttribute("role", "principal");
     write_name(builder, request);
     write_employment(builder, request);
-    write_address(builder, request, RequestAddress::kCurrent, "residential-current", kAddressFields,
-                  street_types);
-    if (!request.PrevStreetName().empty()) {
-        write_address(builder, request, RequestAddress::kPrevious, "residential-previous",
-                      kAddressFields, street_types);
-    }
+    write_addresses(builder, request, "residential-current", "residential-previous", kAddressFields,
+                    street_types);
     write_field(builder, field("drivers-licence-number"), request.DriverLicenceNumber(), true);
     write_attribute_element(builder, "gender", "type", text::lower(request.Gender()));
     builder.WriteTagWithDate("date-of-birth", request.DateOfBirth(), true);

@@ -1,6 +1,5 @@
 #include "services/vedaxml_au/service.h"
 
-#include "services/vedaxml_au/catalogue.h"
 #include "services/vedaxml_au/company_search.h"
 #include "services/vedaxml_au/report.h"
 #include "services/vedaxml_au/request_documents.h"
@@ -78,7 +77,7 @@ constinit const ServiceDefinition kVedaXml = {
     .country = "AU",
     .name = "VedaXMLAU",
     .friendly_name = "Veda Advantage VedaXML (Australia)",
-    .build_catalogue = build_australian_catalogue,
+    .catalogue = &kCatalogue,
     .translator = []() -> const Translator& { return Reading::only().translator; },
     .settings = settings,
     .make = ServiceEngine::make<ServiceVedaXMLAU, Engine>,

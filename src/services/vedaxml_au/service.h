@@ -5,6 +5,9 @@
 
 namespace zr::australia {
 
+/// What the Australian bureau offers, whichever interface brings it.
+extern const CatalogueRows kCatalogue;
+
 extern const ServiceDefinition kVedaXml;
 
 }  // namespace zr::australia

@@ -1,16 +1,14 @@
-#include "services/vedaxml_nz/catalogue.h"
-
 #include <span>
 #include <string_view>
 
-#include "services/catalogue_rows.h"
 #include "services/vedaxml_nz/codes.h"
+#include "services/vedaxml_nz/service.h"
 #include "services/vedaxml_nz/street_types.h"
 
-namespace zr {
+namespace zr::new_zealand {
 namespace {
 
-using namespace new_zealand::codes;
+using namespace codes;
 
 // Code tables: code, description.
 
@@ -122,9 +120,6 @@ constexpr ProductRow kProducts[] = {
 
 }  // namespace
 
-void build_new_zealand_catalogue(Products& products, CodeTableCollection& code_tables) {
-    add_products(products, kProducts);
-    add_code_tables(code_tables, kServiceTables);
-}
+constinit const CatalogueRows kCatalogue = {kProducts, kServiceTables};
 
-}  // namespace zr
+}  // namespace zr::new_zealand

@@ -1,21 +1,17 @@
 // The candidates of a New Zealand company search.
 #pragma once
 
-#include "xml/xml_document.h"
+#include "reports/record_fields.h"
 #include "zrcreditbureau/company_selections.h"
 
 namespace zr::new_zealand {
 
-/// The paths of a company search's candidates, and of what is under each.
+/// Where a reply has a search's candidates, and what is under each.
 struct SearchPaths {
     explicit SearchPaths(XmlNames& names);
 
     XmlPath candidate;
-    XmlPath company_name;
-    XmlPath registration_number;
-    XmlPath company_status;
-    XmlPath company_name_type;
-    XmlPath registration_area;
+    RecordFields<CompanySelection> fields;
 };
 
 /// Adds a selection for each candidate of the reply, in document order.

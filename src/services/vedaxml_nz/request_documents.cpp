@@ -139,12 +139,7 @@ void write_individual(ZRXMLBuilder& builder, const Request& request,
     write_name(builder, request);
     write_attribute_element(builder, "gender", "type", text::lower(request.Gender()));
     builder.WriteTagWithDate("date-of-birth", request.DateOfBirth(), true);
-    write_address(builder, request, RequestAddress::kCurrent, "current", kAddressFields,
-                  street_types);
-    if (!request.PrevStreetName().empty()) {
-        write_address(builder, request, RequestAddress::kPrevious, "previous", kAddressFields,
-                      street_types);
-    }
+    write_addresses(builder, request, "current", "previous", kAddressFields, street_types);
     write_employment(builder, request);
     write_phone(builder, request);
     write_licence(builder, request);

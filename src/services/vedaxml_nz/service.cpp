@@ -1,7 +1,6 @@
 #include "services/vedaxml_nz/service.h"
 
 #include "services/vedaxml_engine.h"
-#include "services/vedaxml_nz/catalogue.h"
 #include "services/vedaxml_nz/company_search.h"
 #include "services/vedaxml_nz/report.h"
 #include "services/vedaxml_nz/request_documents.h"
@@ -113,7 +112,7 @@ constinit const ServiceDefinition kVedaXml = {
     .country = "NZ",
     .name = "VedaXMLNZ",
     .friendly_name = "Veda Advantage VedaXML (New Zealand)",
-    .build_catalogue = build_new_zealand_catalogue,
+    .catalogue = &kCatalogue,
     .translator = []() -> const Translator& { return Reading::only().translator; },
     .settings = settings,
     .make = ServiceEngine::make<ServiceVedaXMLNZ, Engine>,

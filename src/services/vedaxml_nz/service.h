@@ -5,6 +5,7 @@
 
 namespace zr::new_zealand {
 
+extern const CatalogueRows kCatalogue;
 extern const ServiceDefinition kVedaXml;
 
 }  // namespace zr::new_zealand
