@@ -4,7 +4,6 @@
 #include <benchmark/benchmark.h>
 #include <sys/resource.h>
 
-#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <functional>
@@ -14,6 +13,7 @@
 #include <string_view>
 #include <vector>
 
+#include "least_times.h"
 #include "naive_reader.h"
 #include "platform/style_sheet.h"
 #include "reply_maker.h"
@@ -87,25 +87,6 @@ std::vector<Case> cases(const ReplyKind& kind) {
     return result;
 }
 
-/// Keeps the least time of every benchmark: what the work costs when the machine does nothing else.
-class LeastTimes : public benchmark::BenchmarkReporter {
-  public:
-    bool ReportContext(const Context& /*context*/) override { return true; }
-    void ReportRuns(const std::vector<Run>& runs) override {
-        for (const Run& run : runs) {
-            if (run.run_type == Run::RT_Iteration) {
-                const double time = run.GetAdjustedCPUTime();
-                auto [entry, created] = times_.try_emplace(run.run_name.function_name, time);
-                entry->second = std::min(entry->second, time);
-            }
-        }
-    }
-    double of(const std::string& name) const { return times_.at(name); }
-
-  private:
-    std::map<std::string, double> times_;
-};
-
 std::string key(const ReplyKind& kind, std::string_view name, std::size_t size) {
     return std::string(kind.name) + " " + std::string(name) + " " + std::to_string(size);
 }
@@ -144,17 +125,7 @@ void print_rendering(const ReplyKind& kind, const LeastTimes& times) {
 }
 
 void measure(int argc, char** argv) {
-    std::vector<std::string> options = {"bench_translation", "--benchmark_repetitions=9",
-                                        "--benchmark_min_time=0.05",
-                                        "--benchmark_enable_random_interleaving=true"};
-    options.insert(options.end(), argv + 1, argv + argc);
-    std::vector<char*> pointers;
-    for (std::string& option : options) {
-        pointers.push_back(option.data());
-    }
-    int count = static_cast<int>(pointers.size());
-    benchmark::Initialize(&count, pointers.data());
-
+    initialise(argc, argv);
     for (const ReplyKind& kind : reply_kinds()) {
         for (const std::size_t size : kSizes) {
             const auto reply = std::make_shared<const std::string>(kind.make(size));

@@ -21,9 +21,9 @@ constexpr std::string_view kCountry = kService.find("NZ") != std::string_view::n
 std::vector<std::string> lines_of(const zr::Response& response) {
     std::vector<std::string> lines;
     for (const zr::ResponseElement& line : response.ResponseElements()) {
-        lines.push_back(line.ResponseGroupSort() + "|" + std::string(line.ResponseSubGroup()) +
-                        "|" + std::string(line.ResponseName()) + "|" +
-                        std::string(line.ResponseDescription()));
+        lines.push_back(
+            std::string(line.ResponseGroupSort()) + "|" + std::string(line.ResponseSubGroup()) +
+            "|" + std::string(line.ResponseName()) + "|" + std::string(line.ResponseDescription()));
     }
     return lines;
 }

@@ -4,7 +4,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
-#include <string>
 #include <string_view>
 #include <vector>
 
@@ -17,10 +16,10 @@ namespace zr {
 class ResponseElement {
   public:
     /// The section of the report.
-    std::string_view ResponseGroup() const { return group_; }
+    std::string_view ResponseGroup() const { return group_sort_.substr(digits_); }
     /// The group's sequence number, at least four digits, followed by the group: "0003Defaults".
     /// Groups sort by it in the order in which the report met them.
-    std::string ResponseGroupSort() const;
+    std::string_view ResponseGroupSort() const { return group_sort_; }
     /// The part of the section, for example one record of several; may be empty.
     std::string_view ResponseSubGroup() const { return sub_group_; }
     /// The line's label.
@@ -31,11 +30,11 @@ class ResponseElement {
   private:
     friend class ReportLines;
     ResponseElement() = default;
-    std::string_view group_;
+    std::string_view group_sort_;
     std::string_view sub_group_;
     std::string_view name_;
     std::string_view description_;
-    std::int16_t group_number_ = 0;
+    std::uint8_t digits_ = 0;  // of the group's number
 };
 
 /// The lines of a report in their order. Lives as long as its Response.

@@ -20,7 +20,7 @@ namespace zr {
 /// ends it. One thread at a time; any number of facades run side by side. No operation throws at
 /// the host: what the host's own transport or clock throws, and memory that ends, are failures with
 /// a reason ("Not enough memory."). What a collection's Item is documented to raise is all.
-class ZRCreditBureau final {
+class ZRCreditBureau final : public std::enable_shared_from_this<ZRCreditBureau> {
   public:
     /// Makes the runtime object; throws, or gives none, when it cannot.
     using RuntimeMaker = std::function<std::unique_ptr<Runtime>()>;

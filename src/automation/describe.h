@@ -1,78 +1,46 @@
-// How the rows of the description are made. Types are taken from the C++ members themselves: a row
-// that names a member which does not exist, or arguments that it does not take, fails to compile.
+// How the rows of the description are made. Types and calls are taken from the C++ members
+// themselves: a row that names a member which does not exist, or arguments that it does not take,
+// fails to compile.
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <span>
 #include <string_view>
 #include <type_traits>
 #include <utility>
 #include <vector>
 
-#include "automation/interface.h"
+#include "automation/cpp_types.h"
 #include "zrcreditbureau/zr_credit_bureau.h"
-#include "zrcreditbureau/zr_xml_builder.h"
 
 namespace zr::automation {
 
-/// The public name of a C++ type that members take or give.
-template <class T>
-struct PublicName;
-
-#define ZR_PUBLIC_NAME(Cpp, Kind, Name)                      \
-    template <>                                              \
-    struct PublicName<Cpp> {                                 \
-        static constexpr Type type = {TypeKind::Kind, Name}; \
+/// Calls with the values, the first for the first of T.
+template <class Record, class Call, class... T>
+struct Run {
+    static Variant run(const Object& self, const void* /*property*/, std::span<Variant> values) {
+        return run(self, values, std::index_sequence_for<T...>());
     }
-ZR_PUBLIC_NAME(ZRCreditBureau, kObject, "ZRCreditBureau");
-ZR_PUBLIC_NAME(Services, kObject, "Services");
-ZR_PUBLIC_NAME(Service, kObject, "Object");
-ZR_PUBLIC_NAME(Request, kObject, "Request");
-ZR_PUBLIC_NAME(Response, kObject, "Response");
-ZR_PUBLIC_NAME(ResponseElements, kObject, "ResponseElements");
-ZR_PUBLIC_NAME(ResponseElement, kObject, "ResponseElement");
-ZR_PUBLIC_NAME(CompanySelections, kObject, "CompanySelections");
-ZR_PUBLIC_NAME(CompanySelection, kObject, "CompanySelection");
-ZR_PUBLIC_NAME(Products, kObject, "Products");
-ZR_PUBLIC_NAME(Product, kObject, "Product");
-ZR_PUBLIC_NAME(ProductOptions, kObject, "ProductOptions");
-ZR_PUBLIC_NAME(ProductOption, kObject, "ProductOption");
-ZR_PUBLIC_NAME(CodeTableCollection, kObject, "Collection");
-ZR_PUBLIC_NAME(CodeTableItems, kObject, "CodeTableItems");
-ZR_PUBLIC_NAME(CodeTableItem, kObject, "CodeTableItem");
-ZR_PUBLIC_NAME(zreProductType, kEnumeration, "zreProductType");
-ZR_PUBLIC_NAME(zreOptionType, kEnumeration, "zreOptionType");
-ZR_PUBLIC_NAME(zreXMLBuilderEncodeOptions, kEnumeration, "zreXMLBuilderEncodeOptions");
-#undef ZR_PUBLIC_NAME
 
-/// The automation type of a C++ type.
-template <class T>
-constexpr Type type_of() {
-    using Plain = std::remove_cvref_t<T>;
-    if constexpr (std::is_void_v<Plain>) {
-        return {TypeKind::kNothing};
-    } else if constexpr (std::is_same_v<Plain, bool>) {
-        return {TypeKind::kBoolean};
-    } else if constexpr (std::is_same_v<Plain, std::int16_t>) {
-        return {TypeKind::kCount};
-    } else if constexpr (std::is_same_v<Plain, std::int32_t>) {
-        return {TypeKind::kInteger};
-    } else if constexpr (std::is_same_v<Plain, Currency>) {
-        return {TypeKind::kCurrency};
-    } else if constexpr (std::is_same_v<Plain, DateTime>) {
-        return {TypeKind::kDate};
-    } else if constexpr (std::is_same_v<Plain, DateOrNull>) {
-        return {TypeKind::kDateOrNull};
-    } else if constexpr (std::is_convertible_v<Plain, std::string_view>) {
-        return {TypeKind::kText};
-    } else if constexpr (std::is_pointer_v<Plain>) {
-        return type_of<std::remove_pointer_t<Plain>>();
-    } else if constexpr (requires { typename Plain::element_type; }) {
-        return type_of<typename Plain::element_type>();  // an owning pointer
-    } else {
-        return PublicName<Plain>::type;
+  private:
+    template <std::size_t... i>
+    static Variant run(const Object& self, [[maybe_unused]] std::span<Variant> values,
+                       std::index_sequence<i...>) {
+        auto& object = self.as<Record>();
+        if constexpr (std::is_void_v<std::invoke_result_t<Call, Record&, T...>>) {
+            Call()(object, taken<T>(values[i])...);
+            return Empty();
+        } else {
+            return given<std::invoke_result_t<Call, Record&, T...>>(
+                Call()(object, taken<T>(values[i])...), self);
+        }
     }
-}
+};
+
+/// Between the values of listed properties and those that pass to and from hosts.
+Variant from_property(const Value& value, ValueType type);
+Value to_property(const Variant& value);
 
 /// A listed property as a member.
 template <class Record>
@@ -81,55 +49,81 @@ Member member_of(const Property<Record>& property, std::int32_t id) {
                                           TypeKind::kCount,     TypeKind::kInteger,
                                           TypeKind::kCurrency,  TypeKind::kDate,
                                           TypeKind::kDateOrNull};  // in the order of ValueType
+    using Row = Property<Record>;
     const TypeKind kind = property.enumeration.empty()
                               ? kKinds[static_cast<std::size_t>(property.type)]
                               : TypeKind::kEnumeration;
-    return {property.name,
-            property.write != nullptr ? MemberKind::kReadWrite : MemberKind::kReadOnly,
-            id,
-            {kind, property.enumeration},
-            {},
-            property.meaning};
+    Member member{
+        .name = property.name,
+        .kind = property.write != nullptr ? MemberKind::kReadWrite : MemberKind::kReadOnly,
+        .dispatch_id = id,
+        .type = {kind, property.enumeration},
+        .arguments = {},
+        .meaning = property.meaning,
+        .read =
+            [](const Object& self, const void* row, std::span<Variant>) {
+                const Row& listed = *static_cast<const Row*>(row);
+                return from_property(listed.read(self.as<Record>()), listed.type);
+            },
+        .write = nullptr,
+        .property = &property,
+        .peek =
+            [](const void* record, const void* row) {
+                return static_cast<const Row*>(row)->read(*static_cast<const Record*>(record));
+            }};
+    if (property.write != nullptr) {
+        member.write = [](const Object& self, const void* row, std::span<Variant> values) {
+            static_cast<const Row*>(row)->write(self.as<Record>(), to_property(values[0]));
+            return Variant();
+        };
+    }
+    return member;
 }
 
 /// An argument of C++ type T.
 template <class T>
 struct In {
     std::string_view name;
+    std::string_view meaning;
     bool optional = false;
     std::string_view default_value = {};
 };
 
-/// A row whose type is the result of `call` with the arguments; its dispatch id is given later.
+/// A row whose type is the result of `Call` with the arguments; its dispatch id is given later.
 template <class Record, class Call, class... T>
 Member describe(MemberKind kind, std::string_view name, Call /*call*/, std::string_view meaning,
                 In<T>... arguments) {
-    using Result = std::invoke_result_t<Call, Record&, T...>;
-    return {
-        name,
-        kind,
-        0,
-        type_of<Result>(),
-        {Argument{arguments.name, type_of<T>(), arguments.optional, arguments.default_value}...},
-        meaning};
+    static_assert(sizeof...(T) < kMostArguments);
+    return {.name = name,
+            .kind = kind,
+            .type = type_of<std::invoke_result_t<Call, Record&, T...>>(),
+            .arguments = {Argument{arguments.name, type_of<T>(), arguments.meaning,
+                                   arguments.optional, arguments.default_value}...},
+            .meaning = meaning,
+            .read = Run<Record, Call, T...>::run};
 }
 
 /// The same of a property that hosts read and write: it takes its value behind the arguments.
 template <class Record, class Call, class... T>
 Member describe_read_write(std::string_view name, Call call, std::string_view meaning,
                            In<T>... arguments) {
-    using Result = std::invoke_result_t<Call, Record&, T...>;
+    using Result = std::remove_cvref_t<std::invoke_result_t<Call, Record&, T...>>;
     static_assert(std::is_invocable_v<Call, Record&, T..., Result>, "hosts cannot write it");
-    return describe<Record>(MemberKind::kReadWrite, name, call, meaning, arguments...);
+    Member member = describe<Record>(MemberKind::kReadWrite, name, call, meaning, arguments...);
+    member.write = Run<Record, Call, T..., Result>::run;
+    return member;
 }
 
 /// A property that hosts only assign: T is its type.
 template <class Record, class T, class Call>
 Member describe_write_only(std::string_view name, Call /*call*/, std::string_view meaning) {
-    static_assert(std::is_invocable_v<Call, Record&, T>);
-    return {name, MemberKind::kWriteOnly, 0, type_of<T>(), {}, meaning};
+    return {.name = name,
+            .kind = MemberKind::kWriteOnly,
+            .type = type_of<T>(),
+            .arguments = {},
+            .meaning = meaning,
+            .write = Run<Record, Call, T>::run};
 }
-
 #define ZR_CALL(Record, Name)                                                       \
     [](Record& object, auto&&... arguments)                                         \
         -> decltype(object.Name(std::forward<decltype(arguments)>(arguments)...)) { \
@@ -146,31 +140,61 @@ Member describe_write_only(std::string_view name, Call /*call*/, std::string_vie
 #define ZR_WRITE_ONLY(Record, Name, T, meaning) \
     describe_write_only<Record, T>(#Name, ZR_CALL(Record, Name), meaning)
 
+/// A row that may raise the error of this number.
+inline Member raising(std::int32_t number, Member row) {
+    row.raises = number;
+    return row;
+}
+
+/// The short way to items that live and die with their collection; services do not.
+template <class Collection>
+constexpr ItemAt item_at() {
+    if constexpr (std::is_same_v<Collection, Services>) {
+        return nullptr;
+    } else {
+        return [](const Object& self, std::int32_t position) -> const void* {
+            return &self.as<const Collection>().Item(position);
+        };
+    }
+}
+
 /// The default member of a collection: its item at a position or, where items have keys, under one.
 template <class Collection>
 Member item_row() {
-    using Item = decltype(std::declval<const Collection&>().Item(std::int32_t{1}));
     constexpr bool keyed = requires(const Collection& items) { items.Item(std::string_view()); };
-    return {"Item",
-            MemberKind::kReadOnly,
-            kDefaultMemberId,
-            type_of<Item>(),
-            {{"Index", {keyed ? TypeKind::kIndex : TypeKind::kInteger}}},
-            keyed ? "the item at a 1-based position or with a key; an unknown one is an error"
-                  : "the item at a 1-based position; one outside 1 to Count is an error"};
+    return {.name = "Item",
+            .kind = MemberKind::kReadOnly,
+            .dispatch_id = kDefaultMemberId,
+            .type = type_of<decltype(std::declval<const Collection&>().Item(1))>(),
+            .arguments = {{"Index",
+                           {keyed ? TypeKind::kIndex : TypeKind::kInteger},
+                           keyed ? "a position from 1, or a key in any letter case"
+                                 : "a position from 1"}},
+            .meaning = keyed ? "the item at a position or with a key" : "the item at a position",
+            .read = [](const Object& self, const void*, std::span<Variant> values) -> Variant {
+                const auto& items = self.as<const Collection>();
+                if constexpr (keyed) {
+                    if (is_text(values[0])) {
+                        return object_of(items.Item(text_in(values[0])), self);
+                    }
+                }
+                return object_of(items.Item(std::get<std::int32_t>(values[0])), self);
+            },
+            .item_at = item_at<Collection>(),
+            .raises = error_number::kItemNotFound};
 }
 
 /// The enumerator of a collection.
-template <class Collection>
-Member new_enum_row() {
-    static_assert(requires(const Collection& items) { items.begin() == items.end(); });
-    return {"NewEnum", MemberKind::kReadOnly,          kNewEnumId, {TypeKind::kEnumerator},
-            {},        "walks over the items in order"};
-}
+Member new_enum_row();
 
 /// A class of these rows, numbered from 1 in their order but for those with a fixed id.
 Class make_class(std::string_view name, std::string_view meaning, std::vector<Member> rows);
 
+/// Lets hosts create objects of a class.
+template <class T>
+void let_create(Class& described) {
+    described.create = [] { return object_of(std::make_shared<T>()); };
+}
 /// Appends the listed properties that the class has no row for, numbered from kFirstPropertyId.
 template <class Record>
 void add_listed_properties(Class& described, std::span<const Property<Record>> properties) {
@@ -185,8 +209,8 @@ void add_listed_properties(Class& described, std::span<const Property<Record>> p
 
 /// The class that has just these properties.
 template <class Record>
-Class class_of(std::string_view name, std::string_view meaning,
-               std::span<const Property<Record>> properties) {
+Class class_with(std::string_view name, std::string_view meaning,
+                 std::span<const Property<Record>> properties) {
     std::vector<Member> rows;
     for (const Property<Record>& property : properties) {
         rows.push_back(member_of(property, 0));

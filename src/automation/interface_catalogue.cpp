@@ -12,12 +12,13 @@ Class keyed_class(std::string_view name, std::string_view meaning) {
     using C = const Collection;
     return make_class(name, meaning,
                       {ZR_READ_ONLY(C, Count, "number of items"),
-                       ZR_OPERATION(C, Exists, "whether an item has this key", In<Text>{"Index"}),
-                       item_row<Collection>(), new_enum_row<Collection>()});
+                       ZR_OPERATION(C, Exists, "whether an item has this key",
+                                    In<Text>{"Index", "a key in any letter case"}),
+                       item_row<Collection>(), new_enum_row()});
 }
 
 Class product_class() {
-    Class described = class_of("Product", "a product of a service", product_properties());
+    Class described = class_with("Product", "a product of a service", product_properties());
     const auto id = static_cast<std::int32_t>(described.members.size()) + 1;
     described.members.push_back(
         ZR_READ_ONLY(const Product, ProductOptions, "the product's options"));
@@ -33,24 +34,23 @@ Class code_table_class() {
     return make_class(
         "CodeTableItems", "codes and their descriptions",
         {ZR_READ_ONLY(T, AllowDuplicateCodes, "whether a code may stand twice; then without keys"),
-         ZR_OPERATION(T, Count, "number of items"), item_row<CodeTableItems>(),
-         new_enum_row<CodeTableItems>(),
+         ZR_OPERATION(T, Count, "number of items"), item_row<CodeTableItems>(), new_enum_row(),
          ZR_READ_ONLY(T, GetCodeFromDescription, "the code of a description in any letter case",
-                      In<Text>{"Description"}, In<Text>{"Default", true, ""}),
+                      In<Text>{"Description", "what is looked for"},
+                      In<Text>{"Default", "the result when it is not in the table", true, ""}),
          ZR_READ_ONLY(T, GetDescriptionFromCode, "the description of a code in any letter case",
-                      In<Text>{"Code"}),
+                      In<Text>{"Code", "what is looked for"}),
          ZR_READ_ONLY(T, ValidateDescription, "a description as the table spells it",
-                      In<Text>{"Description"}),
+                      In<Text>{"Description", "what is looked for"}),
          ZR_READ_ONLY(T, ListCodes, "the codes joined by commas"),
          ZR_READ_ONLY(T, ListDescriptions, "the descriptions joined by commas")});
 }
 
-/// The generic keyed collection: what a product and a service keep their code tables in.
-Class generic_collection_class() {
+Class code_tables_class() {
     using C = const CodeTableCollection;
-    return make_class("Collection", "code tables by name",
+    return make_class("CodeTables", "code tables by name",
                       {ZR_READ_ONLY(C, Count, "number of items"), item_row<CodeTableCollection>(),
-                       new_enum_row<CodeTableCollection>()});
+                       new_enum_row()});
 }
 
 }  // namespace
@@ -61,11 +61,11 @@ void describe_catalogue(std::vector<Class>& classes) {
     classes.push_back(
         keyed_class<ProductOptions>("ProductOptions", "the options of a product by id"));
     classes.push_back(
-        class_of("ProductOption", "an option of a product", product_option_properties()));
+        class_with("ProductOption", "an option of a product", product_option_properties()));
     classes.push_back(code_table_class());
     classes.push_back(
-        class_of("CodeTableItem", "one row of a code table", code_table_item_properties()));
-    classes.push_back(generic_collection_class());
+        class_with("CodeTableItem", "one row of a code table", code_table_item_properties()));
+    classes.push_back(code_tables_class());
 }
 
 }  // namespace zr::automation

@@ -28,7 +28,6 @@ std::string_view expected(Form form, std::string_view text) {
             return convert::is_number(text) ? "" : "not a number";
         case Form::kText:
         case Form::kPersonName:
-        case Form::kId:
             break;
     }
     return "";

@@ -26,9 +26,14 @@ class ReportLines final : public ResponseElements {
     std::string_view keep(std::string_view value) { return arena_.keep(value); }
 
   private:
+    std::string_view last_group() const { return group_sort_.substr(digits_); }
+    void begin_group(std::string_view group);
+
     TextArena arena_;
     std::int16_t group_number_ = 0;
-    std::string_view last_group_;
+    static constexpr std::string_view kNoGroup = "0000";  // and four digits at least
+    std::uint8_t digits_ = kNoGroup.size();               ///< of the group's number
+    std::string_view group_sort_ = kNoGroup;              ///< the group with its number
 };
 
 }  // namespace zr

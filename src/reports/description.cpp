@@ -18,9 +18,9 @@ void add(std::string& target, std::string_view separator, std::string_view part)
 
 std::string_view name_of(Form form) {
     constexpr std::string_view kNames[] = {
-        "text",          "date",      "general date",   "money", "money with symbol",
-        "money or text", "number",    "number or text", "count", "percentage",
-        "person's name", "identifier"};
+        "text",          "date",   "general date",   "money", "money with symbol",
+        "money or text", "number", "number or text", "count", "percentage",
+        "person's name"};
     return kNames[static_cast<std::size_t>(form)];
 }
 

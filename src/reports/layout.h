@@ -30,7 +30,6 @@ enum class Form : std::uint8_t {
     kCount,        ///< an amount (0 when missing) as a grouped whole number
     kPercent,      ///< a fraction (0 when missing) as a percentage with two decimals
     kPersonName,   ///< the names of the person at the path, joined by blanks
-    kId,           ///< an identifier without its leading zeros
 };
 
 struct Piece;
@@ -184,7 +183,6 @@ inline Of<Value> text_at(std::string_view path) { return Of<Value>(Value{Form::k
 inline Of<Value> name_at(std::string_view path) {
     return Of<Value>(Value{Form::kPersonName, path});
 }
-inline Of<Value> id_at(std::string_view path) { return Of<Value>(Value{Form::kId, path}); }
 inline Of<Date> date_at(std::string_view path) { return Of<Date>(Value{Form::kDate, path}); }
 inline Of<Date> general_date_at(std::string_view path) {
     return Of<Date>(Value{Form::kGeneralDate, path});

@@ -99,8 +99,6 @@ CompiledLayout::Append CompiledLayout::writer_of(const Piece& piece) {
                     return &ReportWriter::append_date;
                 case Form::kPersonName:
                     return &ReportWriter::append_name;
-                case Form::kId:
-                    return &ReportWriter::append_id;
                 default:
                     return &ReportWriter::append_amount;
             }
@@ -369,10 +367,6 @@ void ReportWriter::append_name(std::string& target, const CompiledPiece& compile
             target.resize(end);  // no such name
         }
     }
-}
-
-void ReportWriter::append_id(std::string& target, const CompiledPiece& compiled, XmlNode record) {
-    target += unique_id(record, compiled.path);
 }
 
 void ReportWriter::append_position(std::string& target, const CompiledPiece& /*compiled*/,

@@ -151,7 +151,6 @@ class ReportWriter {
     void append_date(std::string& target, const CompiledPiece& piece, XmlNode record);
     void append_amount(std::string& target, const CompiledPiece& piece, XmlNode record);
     void append_name(std::string& target, const CompiledPiece& piece, XmlNode record);
-    void append_id(std::string& target, const CompiledPiece& piece, XmlNode record);
     void append_position(std::string& target, const CompiledPiece& piece, XmlNode record);
     void append_description(std::string& target, const CompiledPiece& piece, XmlNode record);
     void append_all(std::string& target, const CompiledPiece& piece, XmlNode record);

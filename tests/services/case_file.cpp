@@ -8,9 +8,6 @@
 namespace zr::test {
 namespace {
 
-constexpr std::pair<char, char> kEscapes[] = {
-    {'\r', 'r'}, {'\n', 'n'}, {'\t', 't'}, {'\\', '\\'}, {' ', 's'}};
-
 CaseFile parse(const std::filesystem::path& path) {
     CaseFile result;
     result.name = path.stem().string();
@@ -67,44 +64,6 @@ std::string escaped(std::string_view text) {
         }
     }
     return result;
-}
-
-std::string unescaped(std::string_view text) {
-    std::string result;
-    for (std::size_t at = 0; at < text.size(); ++at) {
-        const auto* escape = std::end(kEscapes);
-        if (text[at] == '\\' && at + 1 < text.size()) {
-            escape = std::find_if(std::begin(kEscapes), std::end(kEscapes),
-                                  [&](auto row) { return row.second == text[at + 1]; });
-        }
-        if (escape == std::end(kEscapes)) {
-            result += text[at];
-        } else {
-            result += escape->first;
-            ++at;
-        }
-    }
-    return result;
-}
-
-std::vector<std::string_view> split(std::string_view text, std::string_view separator) {
-    std::vector<std::string_view> parts;
-    for (;;) {
-        const std::size_t end = text.find(separator);
-        parts.push_back(text.substr(0, end));
-        if (end == std::string_view::npos) {
-            return parts;
-        }
-        text.remove_prefix(end + separator.size());
-    }
-}
-
-std::string read_file(const std::filesystem::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    if (!file) {
-        throw std::runtime_error("cannot read " + path.string());
-    }
-    return {std::istreambuf_iterator<char>(file), {}};
 }
 
 const std::vector<CaseFile>& all_cases() {

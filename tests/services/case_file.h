@@ -15,12 +15,13 @@
 // \s.
 #pragma once
 
-#include <filesystem>
 #include <map>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
+
+#include "support/text_tables.h"
 
 namespace zr::test {
 
@@ -39,10 +40,4 @@ struct CaseFile {
 const std::vector<CaseFile>& all_cases();
 
 std::string escaped(std::string_view text);
-std::string unescaped(std::string_view text);
-
-std::vector<std::string_view> split(std::string_view text, std::string_view separator);
-
-std::string read_file(const std::filesystem::path& path);
-
 }  // namespace zr::test

@@ -1,107 +1,60 @@
-// Runs the rules: tables of what a fragment of a reply, or a field of a request, becomes. A file
-// under rules/ has, behind a few words, tables:
-//   [Title]
-//   name = value      as in a case's [given]
+// Runs the rules: text tables of what a fragment of a reply, or a field of a request, becomes.
+// Their settings are those of a case's [given], and:
 //   services = A, B   every row for each of them
-//   varies = X, Y     what the first fields of a row are given to
+//   varies = X, Y     what the first fields of a row, parted by " | ", are given to
 //   in = response     what is around the rows: a report (the default; in Australia the match in it)
 //                     or a whole response
 //   around = <a>%</a> and around the rest of the row
-//   shows = ...       what the fields behind the arrow are: properties of the response, the lines
-//   of
-//                     a {Group}, all (lines of records), <elements> of the document, message, sent
-//   input => output   a row, its fields parted by " | "; "-" is an empty output
+//   shows = ...       what the output's fields are, "-" an empty one: properties of the response,
+//   the
+//                     lines of a {Group}, all (lines of records), <elements> of the document,
+//                     message, sent
 //   dates = D:0111    a row for each date, which stands for DATE in it; its output is a family,
 //   whose
 //                     records of one to four years are as the digits say
 #include <gtest/gtest.h>
-
-#include <algorithm>
-#include <iterator>
-#include <map>
-#include <stdexcept>
 
 #include "case_run.h"
 
 namespace zr::test {
 namespace {
 
+/// One row as it is run: a row of the table, or that row on one of the table's dates.
 struct Row {
     std::string input;
     std::string shows;
     std::string output;
 };
 
-struct Rules {
-    std::string title;
-    std::map<std::string, std::string, std::less<>> settings;
+std::vector<Row> rows_of(const TextTable& rules) {
     std::vector<Row> rows;
-
-    void add_row(std::string input, std::string output);
-    std::string_view setting(std::string_view name) const {
-        const auto found = settings.find(name);
-        return found == settings.end() ? std::string_view() : found->second;
-    }
-};
-
-void Rules::add_row(std::string input, std::string output) {
-    if (setting("dates").empty()) {
-        rows.push_back({std::move(input), std::string(setting("shows")), std::move(output)});
-        return;
-    }
-    for (const std::string_view dated : split(setting("dates"), ", ")) {
-        const std::size_t colon = dated.find(':');
-        Row row{input, output + "Count", "1"};
-        row.input.replace(row.input.find("DATE"), 4, dated.substr(0, colon));
-        for (std::size_t year = 1; year <= 4; ++year) {
-            row.shows += ", " + output + "Count" + std::to_string(year) + "Y";
-            (row.output += " | ") += dated[colon + year];
+    for (const auto& [input, output] : rules.rows) {
+        const std::string_view dates = rules.setting("dates");
+        if (dates.empty()) {
+            rows.push_back({input, std::string(rules.setting("shows")), output});
+            continue;
         }
-        rows.push_back(row);
-    }
-}
-
-void read_line(std::string_view line, std::vector<Rules>& tables) {
-    constexpr std::string_view kArrow = "=> ";
-    const std::size_t arrow = line.find(kArrow);
-    if (line.starts_with('[')) {
-        tables.push_back({std::string(line.substr(1, line.size() - 2)), {}, {}});
-    } else if (tables.empty() || line.empty()) {
-        return;
-    } else if (arrow != std::string_view::npos) {
-        std::string input(line.substr(0, arrow));
-        if (!input.ends_with("| ")) {
-            input.pop_back();
-        }
-        tables.back().add_row(input, std::string(line.substr(arrow + kArrow.size())));
-    } else {
-        const std::size_t equals = line.find(" = ");
-        tables.back().settings.emplace(line.substr(0, equals), line.substr(equals + 3));
-    }
-}
-
-const std::vector<Rules>& all_rules() {
-    static const std::vector<Rules> rules = [] {
-        std::vector<Rules> tables;
-        const std::filesystem::path folder = std::filesystem::path(ZR_TEST_DATA) / "services/rules";
-        for (const auto& entry : std::filesystem::directory_iterator(folder)) {
-            const std::string text = read_file(entry.path());
-            std::vector<Rules> own;
-            for (const std::string_view line : split(text, "\n")) {
-                read_line(line, own);
+        for (const std::string_view dated : split(dates, ", ")) {
+            const std::size_t colon = dated.find(':');
+            Row row{input, output + "Count", "1"};
+            row.input.replace(row.input.find("DATE"), 4, dated.substr(0, colon));
+            for (std::size_t year = 1; year <= 4; ++year) {
+                row.shows += ", " + output + "Count" + std::to_string(year) + "Y";
+                (row.output += " | ") += dated[colon + year];
             }
-            std::ranges::move(own, std::back_inserter(tables));
+            rows.push_back(row);
         }
-        return tables;
-    }();
+    }
+    return rows;
+}
+
+const std::vector<TextTable>& all_rules() {
+    static const std::vector<TextTable> rules = text_tables("services/rules");
     return rules;
 }
 
-std::string reply_around(const Rules& rules, std::string_view service, std::string fragment) {
-    if (std::string around(rules.setting("around")); !around.empty()) {
-        const std::size_t at = around.find('%');
-        fragment = at == std::string::npos ? around : around.replace(at, 1, fragment);
-    }
+std::string reply_around(const TextTable& rules, std::string_view service, std::string fragment) {
+    fragment = rules.around(fragment);
     const std::string_view in = rules.setting("in");
     if (in.empty() && service.ends_with("AU")) {
         fragment = "<primary-match>" + fragment + "</primary-match>";
@@ -114,7 +67,7 @@ std::string reply_around(const Rules& rules, std::string_view service, std::stri
 }
 
 /// The case that a row of a table is.
-CaseFile case_of(const Rules& rules, std::string_view service, std::string_view input) {
+CaseFile case_of(const TextTable& rules, std::string_view service, std::string_view input) {
     CaseFile file;
     file.given.emplace_back("service", service);
     for (const auto& [name, value] : rules.settings) {
@@ -185,12 +138,12 @@ std::string shown_field(CaseRun& run, std::string_view what) {
 class Rule : public testing::TestWithParam<std::size_t> {};
 
 TEST_P(Rule, HoldsInEveryRow) {
-    const Rules& rules = all_rules().at(GetParam());
+    const TextTable& rules = all_rules().at(GetParam());
     const std::string_view services =
         rules.setting(rules.setting("services").empty() ? "service" : "services");
     ASSERT_FALSE(rules.rows.empty());
     for (const std::string_view service : split(services.empty() ? "VedaXMLAU" : services, ", ")) {
-        for (const Row& row : rules.rows) {
+        for (const Row& row : rows_of(rules)) {
             const CaseFile file = case_of(rules, service, row.input);
             CaseRun run(file);
             run.run();
@@ -206,10 +159,7 @@ TEST_P(Rule, HoldsInEveryRow) {
 
 INSTANTIATE_TEST_SUITE_P(Rules, Rule, testing::Range(std::size_t{0}, all_rules().size()),
                          [](const auto& parameter) {
-                             std::string name = all_rules().at(parameter.param).title;
-                             std::erase_if(name, [](char c) { return c == '\'' || c == ','; });
-                             std::ranges::replace(name, ' ', '_');
-                             return name;
+                             return all_rules().at(parameter.param).name();
                          });
 
 }  // namespace

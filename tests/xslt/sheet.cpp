@@ -220,49 +220,42 @@ void expect_figures(const std::string& service, const std::string& name, const s
 }
 
 void expect_codes(const std::string& service, const std::string& product_id,
-                  std::initializer_list<CodePlace> places) {
+                  const std::string& table_name, const std::string& record) {
     ZRCreditBureau bureau;
     ASSERT_TRUE(bureau.Initialise(find(service).country));
     const auto& own = bureau.Services().Item(find(service).name);
     const auto& product = own.Products().Item(product_id);
-    const auto shown = [&service](const CodePlace& place, const std::string& code) {
-        std::string record = place.record;
-        page::replace_all(record, "CODE", code);
-        const std::string report =
-            "<response><enquiry-report>" + record + "</enquiry-report></response>";
+    const auto shown = [&](const std::string& code) {
+        std::string report = "<response><enquiry-report>" + record + "</enquiry-report></response>";
+        page::replace_all(report, "CODE", code);
         return page::plain_text(render(service, reply_with(report)));
     };
-    for (const CodePlace& place : places) {
-        const bool of_product = product.CodeTables().Exists(place.table);
-        const auto& table =
-            (of_product ? product.CodeTables() : own.CodeTables()).Item(place.table);
-        EXPECT_GT(table.Count(), 1) << place.table;
-        for (const auto& row : table) {
-            const std::string code(row.Code());
-            // Of rows with one code the first is the one that a look-up finds.
-            const std::string description(table.GetDescriptionFromCode(code));
-            EXPECT_NE(shown(place, code).find(' ' + description + ' '), std::string::npos)
-                << place.table << ' ' << code << ' ' << description;
-        }
-        EXPECT_NE(shown(place, "?!").find("?!"), std::string::npos) << place.table;
+    const bool of_product = product.CodeTables().Exists(table_name);
+    const auto& table = (of_product ? product.CodeTables() : own.CodeTables()).Item(table_name);
+    EXPECT_GT(table.Count(), 1) << table_name;
+    for (const auto& row : table) {
+        const std::string code(row.Code());
+        // Of rows with one code the first is the one that a look-up finds.
+        const std::string description(table.GetDescriptionFromCode(code));
+        EXPECT_NE(shown(code).find(' ' + description + ' '), std::string::npos)
+            << table_name << ' ' << code << ' ' << description;
     }
+    EXPECT_NE(shown("?!").find("?!"), std::string::npos) << table_name;
 }
 
-void expect_no_markup(const std::string& service, std::initializer_list<const char*> names) {
+void expect_no_markup(const std::string& service, const std::string& name) {
     const std::string hostile = "&lt;img src=x onerror=1&gt;&amp;&quot;";
-    for (const char* name : names) {
-        std::string reply = example(service, name);
-        reply = std::regex_replace(reply, std::regex(">[^<>\n]+</"), ">" + hostile + "</");
-        EXPECT_NE(render(service, reply).find("&lt;img src=x"), std::string::npos) << name;
-        EXPECT_EQ(render(service, reply).find("<img"), std::string::npos) << name;
+    std::string reply = example(service, name);
+    reply = std::regex_replace(reply, std::regex(">[^<>\n]+</"), ">" + hostile + "</");
+    EXPECT_NE(render(service, reply).find("&lt;img src=x"), std::string::npos) << name;
+    EXPECT_EQ(render(service, reply).find("<img"), std::string::npos) << name;
 
-        reply = std::regex_replace(reply, std::regex(" ([a-z-]+)=\"[^\"]+\""),
-                                   " $1=\"" + hostile + "\"");
-        reply.erase(0, reply.find("<BCAmessage"));
-        const std::string html = render(service, reply);
-        EXPECT_EQ(html.find("<img"), std::string::npos) << name;
-        EXPECT_EQ(page::unbalanced(html), "") << name;
-    }
+    reply =
+        std::regex_replace(reply, std::regex(" ([a-z-]+)=\"[^\"]+\""), " $1=\"" + hostile + "\"");
+    reply.erase(0, reply.find("<BCAmessage"));
+    const std::string html = render(service, reply);
+    EXPECT_EQ(html.find("<img"), std::string::npos) << name;
+    EXPECT_EQ(page::unbalanced(html), "") << name;
 }
 
 }  // namespace zr::sheet

@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <initializer_list>
 #include <string>
 
 namespace zr::sheet {
@@ -37,18 +36,12 @@ void expect_every_line(const std::string& service, const std::string& name,
 void expect_figures(const std::string& service, const std::string& name, const std::string& product,
                     bool directors_counted = false);
 
-/// Where a reply has a code of a table, CODE here.
-struct CodePlace {
-    const char* table;
-    const char* record;
-};
+/// The sheet has every code of a table of the service, with its description, and shows a code that
+/// it does not know as it stands. The record is in a report, with CODE where the code stands.
+void expect_codes(const std::string& service, const std::string& product, const std::string& table,
+                  const std::string& record);
 
-/// The sheet has every code of the service's tables, with its description, and shows a code that it
-/// does not know as it stands.
-void expect_codes(const std::string& service, const std::string& product,
-                  std::initializer_list<CodePlace> places);
-
-/// Nothing in the text or the attributes of the examples becomes markup of their pages.
-void expect_no_markup(const std::string& service, std::initializer_list<const char*> names);
+/// Nothing in the text or the attributes of an example becomes markup of its page.
+void expect_no_markup(const std::string& service, const std::string& name);
 
 }  // namespace zr::sheet

@@ -402,22 +402,28 @@ int Exchange::on_connected(void* self, char*, char*, int, int) {
 
 class CurlTransport : public HttpTransport {
   public:
-    explicit CurlTransport(HttpRecord* record) : record_(record) {
-        initialise_library();
-        multi_.reset(curl_multi_init());
-        sessions_.reset(curl_share_init());
-        if (!multi_ || !sessions_ ||
-            curl_share_setopt(sessions_.get(), CURLSHOPT_SHARE, CURL_LOCK_DATA_SSL_SESSION) !=
-                CURLSHE_OK)
-            throw std::bad_alloc();
-    }
+    explicit CurlTransport(HttpRecord* record) : record_(record) { initialise_library(); }
 
     HttpReply exchange(const HttpRequest& request) override {
         check_no_control_characters(request);
+        make_ready();
         return Exchange(multi_.get(), sessions_.get(), request, record_).run();
     }
 
   private:
+    /// Makes what the exchanges share, once there is one: it opens sockets, and many a facade only
+    /// translates.
+    void make_ready() {
+        if (sessions_) return;
+        multi_.reset(curl_multi_init());
+        Share sessions(curl_share_init());
+        if (!multi_ || !sessions ||
+            curl_share_setopt(sessions.get(), CURLSHOPT_SHARE, CURL_LOCK_DATA_SSL_SESSION) !=
+                CURLSHE_OK)
+            throw std::bad_alloc();
+        sessions_ = std::move(sessions);
+    }
+
     HttpRecord* record_;
     Multi multi_;     // keeps the authorities that were read
     Share sessions_;  // keeps the TLS sessions, which a new connection may resume
