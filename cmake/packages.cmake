@@ -27,5 +27,14 @@ set(CPACK_DEBIAN_TOOLS_PACKAGE_NAME zrcreditbureau)
 set(CPACK_DEBIAN_TOOLS_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_TOOLS_DESCRIPTION "the command line, its manual and the report style sheets")
 
+set(CPACK_DEBIAN_PYTHON_PACKAGE_NAME python3-zrcreditbureau)
+set(CPACK_DEBIAN_PYTHON_PACKAGE_SECTION python)
+set(CPACK_DEBIAN_PYTHON_DESCRIPTION "the Python package")
+set(CPACK_DEBIAN_PYTHON_PACKAGE_DEPENDS
+    "${runtime_package} (= ${PROJECT_VERSION}), python3 (>= 3.11)")
+
 set(CPACK_COMPONENTS_ALL runtime development tools)
+if(ZR_BUILD_PYTHON)
+  list(APPEND CPACK_COMPONENTS_ALL python)
+endif()
 include(CPack)

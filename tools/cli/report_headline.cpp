@@ -210,7 +210,9 @@ std::string report_headline(const Response& response) {
     if (listed > adverse) {
         text += counted(listed - adverse) + " outside the statistics\n";
     }
-    if (adverse == 0 && listed == 0) {
+    // Where no file was matched, nothing was looked at.
+    const bool matched = !response.MatchType().empty() || !response.BureauFileId().empty();
+    if (adverse == 0 && listed == 0 && matched) {
         text += "No adverse records\n";
     }
     return text;
