@@ -104,7 +104,7 @@ zr_status guarded(Work work) noexcept {
 
 template <class... T>
 void need(const T*... pointers) {
-    if (((pointers == nullptr) || ...)) {
+    if ((... || (pointers == nullptr))) {
         throw kBadPointer;
     }
 }
