@@ -2,7 +2,9 @@
 
 packages_build="g++ cmake ninja-build pkg-config git libxml2-dev libxslt1-dev libcurl4-openssl-dev
   libutf8proc-dev rapidjson-dev libcli11-dev libboost-dev libssl-dev libsqlite3-dev ca-certificates"
-packages_test="libgtest-dev python3"
+packages_python="python3-dev python3-venv python3-pip python3-setuptools python3-wheel mypy"
+packages_distributed="python3-distributed parallel"
+packages_test="python3-dev libgtest-dev python3"
 packages_bench="libbenchmark-dev python3 python3-lxml valgrind xsltproc"
 packages_torture="valgrind strace openssl time tinyproxy squid"
 packages_windows="g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools wine wine64

@@ -104,7 +104,8 @@ zr_status guarded(Work work) noexcept {
 
 template <class... T>
 void need(const T*... pointers) {
-    if (((pointers == nullptr) || ...)) {
+    const bool missing = (... || (pointers == nullptr));
+    if (missing) {
         throw kBadPointer;
     }
 }

@@ -16,8 +16,9 @@ constexpr std::size_t kLongestExample = 40;
 // More of a reply nobody reads; a reply made to be costly has millions.
 constexpr std::size_t kMostFindings = 10'000;
 constexpr std::size_t kMostTotals = 256;
-/// The type by which the bureau marks its own totals.
+/// The types by which the bureau marks its own totals.
 constexpr std::string_view kTotal = "count";
+constexpr std::string_view kTotalAmount = "amount";
 
 /// Whether a label is these words in any letter case, perhaps behind another one: "Credit
 /// enquiries" is "Enquiries", "Insolvencies and bankruptcies" is not "Bankruptcies".
@@ -170,13 +171,18 @@ void ReplyCheck::Watch::find_uncounted(const SourceMap& source) {
         const std::size_t shown = records_with_lines(
             [&](const layout::Section& other) { return other.records == section.records; });
         if (shown > 0 && total == 0) {
+            const bool elsewhere =
+                response_->Company() && definition_->company->counts_whole_report;
             const auto first = std::ranges::find_if(lines_, [&](const Line& line) {
                 return line.section->records == section.records && is_of_subject(line);
             });
             const std::uint32_t index = first->record.index();
             add_finding({Finding::Kind::kDisagreeing, source.path(index),
-                         "in lines, but not counted (" + names + ")", records_text(shown), 1,
-                         source.position(index).line});
+                         "in lines, but not counted (" + names +
+                             (elsewhere ? "; a company's counts are of what is directly below "
+                                          "enquiry-report)"
+                                        : ")"),
+                         records_text(shown), 1, source.position(index).line});
         }
     }
 }
@@ -197,15 +203,37 @@ std::optional<std::size_t> ReplyCheck::Watch::own_total(std::string_view label) 
     return std::nullopt;
 }
 
+std::string ReplyCheck::Watch::other_amounts(std::string_view label, Currency total) const {
+    const std::size_t of = label.rfind(" of ");
+    const std::string_view family = of == std::string_view::npos ? label : label.substr(of + 4);
+    for (const SummaryBlock& block : blocks()) {
+        const auto has_amounts = [&](const StatisticsCategory& category) {
+            return category.family == block.family && !category.loaded.empty();
+        };
+        if (text::equal_ignoring_case(family, block.sub_group) &&
+            std::ranges::any_of(part().counted, has_amounts)) {
+            const FamilyStatistics& own = response_->statistics(block.family);
+            return total == own.loaded_value || total == own.loaded_balance
+                       ? ""
+                       : own.loaded_value.to_plain() + " lodged and " +
+                             own.loaded_balance.to_plain() + " owed in the report";
+        }
+    }
+    return {};
+}
+
 void ReplyCheck::Watch::find_other_totals(const SourceMap& source) {
     std::size_t totals = 0;
     for (const Line& line : lines_) {
-        const auto marked = [&](const ReadValue& value) {
-            return value.attribute != 0 && text_of(value) == kTotal;
-        };
         const auto begin = reads_.begin() + static_cast<std::ptrdiff_t>(line.reads_begin);
         const auto end = reads_.begin() + static_cast<std::ptrdiff_t>(line.reads_end);
-        if (std::none_of(begin, end, marked) || !is_of_subject(line)) {
+        const auto marked = [&](std::string_view type) {
+            return std::any_of(begin, end, [&](const ReadValue& value) {
+                return value.attribute != 0 && text_of(value) == type;
+            });
+        };
+        const bool amount = marked(kTotalAmount);
+        if ((!amount && !marked(kTotal)) || !is_of_subject(line)) {
             continue;
         }
         if (totals++ == kMostTotals) {
@@ -214,15 +242,21 @@ void ReplyCheck::Watch::find_other_totals(const SourceMap& source) {
         const ResponseElement& element =
             response_->ResponseElements().Item(static_cast<std::int32_t>(line.number) + 1);
         const std::string_view label = element.ResponseName();
-        const std::string_view total = element.ResponseDescription();
-        const std::optional<std::size_t> own = own_total(label);
-        if (own && convert::is_number(total) &&
-            convert::to_number(total, 0) != static_cast<double>(*own)) {
-            add_finding(
-                {Finding::Kind::kDisagreeing, source.path(line.record.index()),
-                 "the bureau's total of " + std::string(label),
-                 std::string(total) + " in the reply, " + std::to_string(*own) + " in the report",
-                 1, source.position(line.record.index()).line});
+        const std::string_view total =
+            amount ? text_of({line.record}) : element.ResponseDescription();
+        std::string other;
+        if (amount && convert::is_currency(total)) {
+            other = other_amounts(label, convert::to_currency(total));
+        } else if (const auto own = own_total(label);
+                   !amount && own && convert::is_number(total) &&
+                   convert::to_number(total, 0) != static_cast<double>(*own)) {
+            other = std::to_string(*own) + " in the report";
+        }
+        if (!other.empty()) {
+            add_finding({Finding::Kind::kDisagreeing, source.path(line.record.index()),
+                         "the bureau's total of " + std::string(label),
+                         std::string(total) + " in the reply, " + other, 1,
+                         source.position(line.record.index()).line});
         }
     }
 }

@@ -106,6 +106,9 @@ class ReplyCheck::Watch final : public ReportWatch {
     void find_uncounted(const SourceMap& source);
     /// What the report has of what the bureau totals under this label.
     std::optional<std::size_t> own_total(std::string_view label) const;
+    /// The report's amounts of what the bureau totals so under this label; "" where one of them is
+    /// that, and where the report has none.
+    std::string other_amounts(std::string_view label, Currency total) const;
     void find_other_totals(const SourceMap& source);
 
     // explanation.cpp

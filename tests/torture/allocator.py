@@ -13,7 +13,7 @@ LINE = re.compile(r"^(\S+)\s+tried\s+(\d+)\s+right\s+(\d+)\s+clean\s+(\d+)(.*)",
 
 
 # Each task's points and, of those of a page, one in so many: there are two hundred thousand.
-TASKS = ["translate", "compose", "initialise-au", "initialise-nz", "json"]
+TASKS = ["translate", "compose", "exchange", "initialise-au", "initialise-nz", "json"]
 PAGES = ["html-au", "html-nz"]
 
 

@@ -5,12 +5,15 @@
 #include "automation/json_form.h"
 #include "cli/catalogue_text.h"
 #include "cli/completion.h"
+#include "cli/countries.h"
 #include "cli/delivery.h"
 #include "cli/doctor.h"
 #include "cli/failure.h"
 #include "cli/interruption.h"
 #include "cli/layout_text.h"
 #include "cli/manual.h"
+#include "cli/nearest.h"
+#include "cli/option_table.h"
 #include "cli/result_diff.h"
 #include "cli/schema.h"
 #include "facade/reports.h"
@@ -20,7 +23,8 @@ namespace zr::cli {
 namespace {
 
 [[noreturn]] void refuse_service(std::string_view name) {
-    throw MisuseError("Service '" + std::string(text::first(name, 64)) + "' does not exist.");
+    throw MisuseError("Service '" + std::string(text::first(name, 64)) + "' does not exist." +
+                      did_you_mean(name, words_of(known_values("ServiceName"), '|')));
 }
 
 void require_country(const Invocation& invocation) {

@@ -231,6 +231,13 @@ Invocation complete(Given& given) {
         if (!job.response_date) {
             job.response_date = convert::to_host_date(date.text());
         }
+        // A day more: it may be tomorrow elsewhere.
+        const std::chrono::sys_days tomorrow =
+            std::chrono::sys_days(DateTime::now().date) + std::chrono::days{1};
+        if (job.response_date && std::chrono::sys_days(job.response_date->date) > tomorrow) {
+            throw MisuseError(
+                "--date is in the future: periods that count back from it are empty.");
+        }
     }
     invocation.inputs = {given.settings_file, given.request_file, invocation.batch.input,
                          invocation.known_path, given.files_from};

@@ -15,4 +15,11 @@ inline constexpr std::string_view kExitStatuses =
     "0 for success, 1 when the operation fails, 2 for misuse, 3 when an answer that was charged "
     "for could not be written and is kept elsewhere.";
 
+/// What is said below the options of these commands.
+struct Note {
+    CommandSet commands;
+    std::string_view text;
+};
+std::span<const Note> notes();
+
 }  // namespace zr::cli

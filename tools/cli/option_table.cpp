@@ -272,29 +272,4 @@ std::vector<const Option*> options_of(const Command& command) {
     return found;
 }
 
-std::span<const Note> notes() {
-    static constexpr Note kNotes[] = {
-        {kConnecting,
-         "Other users of this machine can see a command line: give passwords in a --settings file "
-         "or in the environment. An option wins over the environment, which wins over the file."},
-        {kTranslate,
-         "Many replies (several files, a folder, sqlite, or any option of that section) give one "
-         "JSON result a line in the order of the input, headed by \"File\" where replies are "
-         "files. A reply that fails is told on standard error and the run goes on. Exit status: 0 "
-         "when all were translated, 1 when any failed, 130 or 143 when interrupted."},
-        {kDiff,
-         "Results of files are matched by the file, others by their line; lines by group, "
-         "sub-group and name. Exit status: 0 when nothing changed, 1 when anything did, 2 for "
-         "trouble."},
-        {kCheck,
-         "Tells of all replies together which elements and attributes no line, field or count "
-         "shows, what is read as an amount, date or code and is none, which figures disagree, and "
-         "which replies are not in the encoding that they declare: how many replies have it, how "
-         "often, and where first. Keep the JSON of a check and give it to the next with --known: "
-         "what is then told is new. Exit status: 0 when all were checked, 1 when any could not be "
-         "translated, or, with --strict, when there is anything to tell."},
-    };
-    return kNotes;
-}
-
 }  // namespace zr::cli

@@ -57,13 +57,6 @@ const std::vector<Option>& options();
 /// Those of a command.
 std::vector<const Option*> options_of(const Command& command);
 
-/// What is said below the options of these commands.
-struct Note {
-    CommandSet commands;
-    std::string_view text;
-};
-std::span<const Note> notes();
-
 /// The words of a text that a character separates.
 std::vector<std::string> words_of(std::string_view text, char separator);
 

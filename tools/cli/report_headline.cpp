@@ -119,8 +119,10 @@ std::vector<Record> adverse_records(const Response& response) {
         if (find_section(own_group(line.ResponseGroup())) == nullptr) {
             continue;
         }
+        // Records without an identifier share their headings; the first label tells them apart.
         if (records.empty() || records.back().group != line.ResponseGroup() ||
-            records.back().sub_group != line.ResponseSubGroup()) {
+            records.back().sub_group != line.ResponseSubGroup() ||
+            records.back().lines.front()->ResponseName() == line.ResponseName()) {
             records.push_back({line.ResponseGroup(), line.ResponseSubGroup(), {}});
         }
         records.back().lines.push_back(&line);
@@ -210,7 +212,9 @@ std::string report_headline(const Response& response) {
     if (listed > adverse) {
         text += counted(listed - adverse) + " outside the statistics\n";
     }
-    if (adverse == 0 && listed == 0) {
+    // Where no file was matched, nothing was looked at.
+    const bool matched = !response.MatchType().empty() || !response.BureauFileId().empty();
+    if (adverse == 0 && listed == 0 && matched) {
         text += "No adverse records\n";
     }
     return text;
