@@ -14,7 +14,11 @@
 #include <stddef.h>
 #include <stdint.h>
 
-#if defined(__GNUC__)
+#if defined(_WIN32) && defined(ZR_BUILDS_LIBRARY)
+#define ZR_EXPORT __declspec(dllexport)
+#elif defined(_WIN32)
+#define ZR_EXPORT __declspec(dllimport)
+#elif defined(__GNUC__)
 #define ZR_EXPORT __attribute__((visibility("default")))
 #else
 #define ZR_EXPORT
