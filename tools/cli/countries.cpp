@@ -4,6 +4,7 @@
 #include <memory>
 #include <set>
 
+#include "values/text.h"
 #include "zrcreditbureau/zr_credit_bureau.h"
 
 namespace zr::cli {
@@ -83,11 +84,13 @@ std::string_view country_of_service(std::string_view name) {
     return found;
 }
 
-std::string first_product(std::string_view service) {
-    std::string found;
-    for_each_country([&](std::string_view /*country*/, const Services& services) {
-        if (services.Exists(service) && services.Item(service).Products().Count() > 0) {
-            found = services.Item(service).Products().Item(1).ProductId();
+std::vector<std::string> products_of(std::string_view service) {
+    std::vector<std::string> found;
+    for_each_service([&](const Service& each) {
+        if (text::equal_ignoring_case(each.ServiceName(), service)) {
+            for (const Product& product : each.Products()) {
+                found.push_back(product.ProductId());
+            }
         }
     });
     return found;

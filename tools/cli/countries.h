@@ -28,7 +28,7 @@ std::string known_values(std::string_view property);
 /// The country whose service this is; "" when no country has it.
 std::string_view country_of_service(std::string_view name);
 
-/// The first product that a service offers; "" for a service that no country has.
-std::string first_product(std::string_view service);
+/// The products that a service offers; none for a service that no country has.
+std::vector<std::string> products_of(std::string_view service);
 
 }  // namespace zr::cli

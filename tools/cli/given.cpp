@@ -11,6 +11,7 @@
 #include "cli/database.h"
 #include "cli/failure.h"
 #include "cli/files.h"
+#include "cli/nearest.h"
 #include "cli/option_table.h"
 #include "cli/option_values.h"
 #include "cli/output.h"
@@ -141,16 +142,24 @@ void complete_batch(Given& given) {
 }
 
 /// What the command line leaves out and the named service tells: its country, and the product under
-/// which a stored reply is translated.
+/// which a stored reply is translated. A product that it does not have is refused.
 void complete_from_service(Job& job, bool translates) {
     const std::string service(request_text(job, "ServiceName"));
     if (job.country.empty()) {
         job.country = country_of_service(service);
     }
-    if (translates && request_text(job, "ProductId").empty()) {
+    const std::vector<std::string> products = products_of(service);
+    const std::string_view given = request_text(job, "ProductId");
+    if (translates && given.empty()) {
         JsonValue product = JsonValue::object();
-        add_member(product, "ProductId", JsonValue::text(first_product(service)));
+        add_member(product, "ProductId", JsonValue::text(products.empty() ? "" : products.front()));
         job.requests.push_back(std::move(product));
+    } else if (!given.empty() && !products.empty() &&
+               std::ranges::none_of(products, [given](const std::string& product) {
+                   return text::equal_ignoring_case(product, given);
+               })) {
+        throw MisuseError("Product '" + std::string(text::first(given, 64)) + "' does not exist." +
+                          valid_names(given, products));
     }
 }
 

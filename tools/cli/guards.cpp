@@ -23,12 +23,7 @@ using Names = std::vector<std::string>;
 /// "WHAT is not known. Did you mean NAME? Known are A, B and so on." The value itself may be an
 /// applicant's and is not repeated.
 [[noreturn]] void unknown(const std::string& what, std::string_view value, const Names& names) {
-    constexpr std::size_t kMost = 40;
-    std::string message = what + " is not known." + did_you_mean(value, names) + " Known are ";
-    for (std::size_t at = 0; at < std::min(names.size(), kMost); ++at) {
-        message.append(at == 0 ? "" : ", ").append(names[at]);
-    }
-    throw JsonError(message + (names.size() > kMost ? " and others: see catalogue." : "."));
+    throw JsonError(what + " is not known." + valid_names(value, names));
 }
 
 bool contains(const Names& names, std::string_view value) {

@@ -40,4 +40,13 @@ std::string did_you_mean(std::string_view given, const std::vector<std::string>&
     return nearest == nullptr ? "" : " Did you mean " + *nearest + "?";
 }
 
+std::string valid_names(std::string_view given, const std::vector<std::string>& names) {
+    constexpr std::size_t kMost = 40;
+    std::string told = did_you_mean(given, names) + " Known are ";
+    for (std::size_t at = 0; at < std::min(names.size(), kMost); ++at) {
+        told.append(at == 0 ? "" : ", ").append(names[at]);
+    }
+    return told + (names.size() > kMost ? " and others: see catalogue." : ".");
+}
+
 }  // namespace zr::cli

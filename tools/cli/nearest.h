@@ -11,4 +11,7 @@ namespace zr::cli {
 /// case; "" where none is near.
 std::string did_you_mean(std::string_view given, const std::vector<std::string>& names);
 
+/// The same, and then the names themselves: " Known are A, B."
+std::string valid_names(std::string_view given, const std::vector<std::string>& names);
+
 }  // namespace zr::cli
