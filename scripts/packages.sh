@@ -7,8 +7,7 @@ packages_distributed="python3-distributed parallel"
 packages_test="python3-dev libgtest-dev python3"
 packages_bench="libbenchmark-dev python3 python3-lxml valgrind xsltproc"
 packages_torture="valgrind strace openssl time tinyproxy squid"
-packages_windows="g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools wine wine64
-  dpkg-dev xz-utils patch cmake ninja-build rapidjson-dev"
+packages_windows="g++-mingw-w64-x86-64-posix wine wine64 openssl dpkg-dev xz-utils patch cmake ninja-build rapidjson-dev"
 packages_pages="chromium poppler-utils fonts-dejavu-core python3"
 packages_check="ccache clang-14 clang-tidy-14 clang-format-14 libclang-rt-14-dev
   mandoc zsh fish python3-jsonschema"
