@@ -56,7 +56,7 @@ class ZRCreditBureau final : public std::enable_shared_from_this<ZRCreditBureau>
 
     /// Translates a stored reply into a new response of the request. `response_date` is the day
     /// from which the statistics count back; both may come from the response that the request has.
-    bool BuildResponse(Request& request, DateTime response_date, const std::string& response_xml);
+    bool BuildResponse(Request& request, DateTime response_date, TextArg response_xml);
 
     /// The reason of the most recent failure, "" when there was none. Success does not clear it.
     const std::string& ErrorMessage() const { return *error_message_; }

@@ -29,7 +29,7 @@ Class facade_class() {
          ZR_OPERATION(B, ExecuteVerifyConnection, "tests a service's connection", kService),
          ZR_OPERATION(B, BuildResponse, "translates a stored reply", kRequest,
                       In<DateTime>{"ResponseDate", "from which the statistics count back"},
-                      In<std::string>{"ResponseXML", "the reply as text"}),
+                      In<Text>{"ResponseXML", "the reply as text"}),
          ZR_OPERATION(B, ErrorMessage, "the reason of the most recent failure"),
          ZR_READ_ONLY(B, Services, "the country's services"),
          describe<B>(MemberKind::kReadOnly, "ServiceProducts", products_of,

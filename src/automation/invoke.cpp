@@ -238,10 +238,12 @@ Object walk_over(const Object& collection) {
 bool is_walk(const Object& object) { return &object.type() == &walk_class(); }
 
 Walk::Walk(Object collection)
-    : collection_(std::move(collection)), item_(member_of(collection_, kDefaultMemberId)) {}
+    : collection_(std::move(collection)),
+      count_(member_of(collection_, "Count")),
+      item_(member_of(collection_, kDefaultMemberId)) {}
 
 bool Walk::next(Variant& item) {
-    const Variant count = read(collection_, member_of(collection_, "Count"), {});
+    const Variant count = read(collection_, count_, {});
     if (position_ >= std::get<std::int32_t>(count)) {
         return false;
     }

@@ -68,6 +68,7 @@ class Walk {
 
   private:
     Object collection_;
+    const Member& count_;
     const Member& item_;
     std::int32_t position_ = 0;
 };

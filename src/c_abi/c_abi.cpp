@@ -131,6 +131,12 @@ void give(Variant value, zr_value* result) {
     }
 }
 
+void need_items(const Object& object) {
+    if (object.type().find(automation::kDefaultMemberId) == nullptr) {
+        throw kNoCollection;
+    }
+}
+
 void check_values(const zr_value* values, std::size_t count) {
     if (count > 0) {
         need(values);
@@ -297,9 +303,7 @@ zr_status zr_call_by_name(zr_handle object, const char* name, const zr_value* ar
 zr_status zr_enumerate(zr_handle collection, zr_handle* walk) {
     return with_object(collection, [&](const Object& items) {
         need(walk);
-        if (items.type().find(zr::automation::kDefaultMemberId) == nullptr) {
-            throw kNoCollection;
-        }
+        need_items(items);
         *walk = Handles::all().add(zr::automation::walk_over(items));
         return ZR_OK;
     });
@@ -324,9 +328,7 @@ zr_status zr_read_table(zr_handle collection, const int32_t* ids, size_t count, 
                         zr_table* table) {
     return with_object(collection, [&](const Object& items) {
         need(ids, owner, table);
-        if (items.type().find(zr::automation::kDefaultMemberId) == nullptr) {
-            throw kNoCollection;
-        }
+        need_items(items);
         *owner = Handles::all().add(read_table(items, {ids, count}, *table));
         return ZR_OK;
     });

@@ -195,8 +195,7 @@ bool ZRCreditBureau::ExecuteVerifyConnection(TextArg service_name) {
     return run(operation, [](ServiceEngine& service) { return service.VerifyConnection(); });
 }
 
-bool ZRCreditBureau::BuildResponse(Request& request, DateTime response_date,
-                                   const std::string& response_xml) {
+bool ZRCreditBureau::BuildResponse(Request& request, DateTime response_date, TextArg response_xml) {
     const Operation operation{.service_name = request.ServiceName(),
                               .product_id = &request.ProductId(),
                               .refuse_obsolete = false};

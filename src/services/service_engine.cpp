@@ -117,8 +117,8 @@ std::string ServiceEngine::render(const Request& request, const DateTime& respon
 }
 
 bool ServiceEngine::BuildResponse(Request& request, DateTime response_date,
-                                  const std::string& response_xml) {
-    return build_response(request, response_date, response_xml, std::nullopt);
+                                  std::string_view response_xml) {
+    return build_response(request, response_date, std::string(response_xml), std::nullopt);
 }
 
 bool ServiceEngine::build_response(Request& request, DateTime response_date,

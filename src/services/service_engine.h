@@ -72,7 +72,7 @@ class ServiceEngine {
     virtual bool CreditEnquiry(Request& /*request*/) { return true; }
     virtual bool GetList(Request& /*request*/) { return true; }
     virtual bool VerifyConnection() { return true; }
-    bool BuildResponse(Request& request, DateTime response_date, const std::string& response_xml);
+    bool BuildResponse(Request& request, DateTime response_date, std::string_view response_xml);
 
   protected:
     /// Whether a company's figures include those of its directors.

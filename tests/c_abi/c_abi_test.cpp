@@ -9,16 +9,14 @@
 #include <thread>
 #include <vector>
 
-#include "zrcreditbureau5.h"
+#include "support/c_host.h"
 
 namespace {
 
-zr_value text(std::string_view value) {
-    zr_value made{};
-    made.type = ZR_TEXT;
-    made.as.text = {value.data(), value.size()};
-    return made;
-}
+using zr::test::date;
+using zr::test::object;
+using zr::test::text;
+
 zr_value number(std::int32_t value) {
     zr_value made{};
     made.type = ZR_INT32;
@@ -29,18 +27,6 @@ zr_value boolean(bool value) {
     zr_value made{};
     made.type = ZR_BOOLEAN;
     made.as.boolean = value ? 1 : 0;
-    return made;
-}
-zr_value object(zr_handle value) {
-    zr_value made{};
-    made.type = ZR_OBJECT;
-    made.as.object = value;
-    return made;
-}
-zr_value date(std::int16_t year, std::uint8_t month, std::uint8_t day) {
-    zr_value made{};
-    made.type = ZR_DATE;
-    made.as.date = {year, month, day, 0, 0, 0};
     return made;
 }
 zr_value empty() { return {}; }

@@ -10,7 +10,7 @@
 #include <string_view>
 #include <vector>
 
-#include "zrcreditbureau5.h"
+#include "support/c_host.h"
 
 #ifdef _WIN32
 #include <fcntl.h>
@@ -18,6 +18,9 @@
 #endif
 
 namespace {
+
+using zr::test::object;
+using zr::test::text;
 
 void must(zr_status status, const char* what) {
     if (status != ZR_OK) {
@@ -27,20 +30,6 @@ void must(zr_status status, const char* what) {
                     error.description.data);
         std::exit(3);
     }
-}
-
-zr_value text(std::string_view value) {
-    zr_value made{};
-    made.type = ZR_TEXT;
-    made.as.text = {value.data(), value.size()};
-    return made;
-}
-
-zr_value object(zr_handle handle) {
-    zr_value made{};
-    made.type = ZR_OBJECT;
-    made.as.object = handle;
-    return made;
 }
 
 zr_value get(zr_handle self, const char* name, const std::vector<zr_value>& given = {}) {
@@ -105,12 +94,8 @@ std::string contents(const char* path) {
 }
 
 zr_value day(const std::string& iso) {
-    zr_value made{};
-    made.type = ZR_DATE;
-    made.as.date.year = static_cast<std::int16_t>(std::stoi(iso.substr(0, 4)));
-    made.as.date.month = static_cast<std::uint8_t>(std::stoi(iso.substr(5, 2)));
-    made.as.date.day = static_cast<std::uint8_t>(std::stoi(iso.substr(8, 2)));
-    return made;
+    return zr::test::date(std::stoi(iso.substr(0, 4)), std::stoi(iso.substr(5, 2)),
+                          std::stoi(iso.substr(8, 2)));
 }
 
 void read_replies(zr_handle bureau, zr_handle request, char** arguments, int count) {
